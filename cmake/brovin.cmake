@@ -1,0 +1,57 @@
+# Warnings, sanitizers and hardening for everything that is built here, and the two ways to declare a target.
+
+add_library(brovin_flags INTERFACE)
+target_compile_features(brovin_flags INTERFACE cxx_std_20)
+target_compile_options(brovin_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wsuggest-override)
+if(BROVIN_WERROR)
+    target_compile_options(brovin_flags INTERFACE -Werror)
+endif()
+if(BROVIN_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(brovin_flags INTERFACE ${sanitizers})
+    target_link_options(brovin_flags INTERFACE ${sanitizers})
+endif()
+if(BROVIN_HARDENED)
+    target_compile_options(brovin_flags INTERFACE
+        -fstack-protector-strong -fstack-clash-protection -fcf-protection -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+        -D_GLIBCXX_ASSERTIONS)
+    target_link_options(brovin_flags INTERFACE -Wl,-z,relro,-z,now)
+endif()
+
+# brovin_library(NAME FOLDER folder HEADERS ... [SOURCES ...] [DEPENDS ...])
+#
+# One room of the house. Its headers are reachable as "folder/header.h" for those, and only those, who name
+# the room under DEPENDS: a link to each listed header goes into a folder of the room's own, and that folder is
+# all that others get to see. An include against the line of rooms does not compile.
+function(brovin_library name)
+    cmake_parse_arguments(room "" "FOLDER" "HEADERS;SOURCES;DEPENDS" ${ARGN})
+    set(shown ${PROJECT_BINARY_DIR}/rooms/${name}/src)
+    file(MAKE_DIRECTORY ${shown}/${room_FOLDER})
+    foreach(header IN LISTS room_HEADERS)
+        file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR}/${header} ${shown}/${room_FOLDER}/${header} SYMBOLIC)
+    endforeach()
+    list(TRANSFORM room_DEPENDS PREPEND brovin_)
+    if(room_SOURCES)
+        add_library(brovin_${name} STATIC ${room_SOURCES})
+        set(reach PUBLIC)
+        target_link_libraries(brovin_${name} PRIVATE brovin_flags)
+    else()
+        add_library(brovin_${name} INTERFACE)
+        set(reach INTERFACE)
+        target_compile_features(brovin_${name} INTERFACE cxx_std_20)
+    endif()
+    target_include_directories(brovin_${name} ${reach} ${shown})
+    target_link_libraries(brovin_${name} ${reach} ${room_DEPENDS})
+endfunction()
+
+# brovin_test(NAME SOURCES ... DEPENDS ...): a GoogleTest program that ctest runs as one test.
+function(brovin_test name)
+    cmake_parse_arguments(test "" "" "SOURCES;DEPENDS" ${ARGN})
+    list(TRANSFORM test_DEPENDS PREPEND brovin_)
+    add_executable(${name}_test ${test_SOURCES})
+    target_link_libraries(${name}_test PRIVATE brovin_flags ${test_DEPENDS} GTest::gtest GTest::gtest_main)
+    target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    add_test(NAME ${name} COMMAND ${name}_test)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace brovin::platform {
+
+/// A loaded animated character. Show, hide, play, speak, moveTo and gestureAt are requests: they queue and run
+/// one after another. False: the service refused the request (no such animation, for instance).
+/// Places are pixels from the upper left corner of the screen.
+class Character {
+public:
+    virtual ~Character() = default;
+
+    [[nodiscard]] virtual bool visible() const = 0;
+    [[nodiscard]] virtual int left() const = 0;
+    [[nodiscard]] virtual int top() const = 0;
+    [[nodiscard]] virtual int width() const = 0;
+    [[nodiscard]] virtual int height() const = 0;
+    virtual void setLeft(int pixels) = 0;
+    virtual void setTop(int pixels) = 0;
+
+    virtual bool show() = 0;
+    virtual bool hide() = 0;
+    virtual bool play(const std::string& animation) = 0;
+    virtual bool speak(const std::string& text) = 0;
+    virtual bool moveTo(int x, int y) = 0;
+    virtual bool gestureAt(int x, int y) = 0;
+    /// Stops what the character is doing and empties its queue; a Show or Hide in progress runs to its end.
+    virtual void stop() = 0;
+    /// Stops everything and empties the queue.
+    virtual void stopAll() = 0;
+
+    virtual void setLanguageId(long id) = 0;
+    virtual void setTtsModeId(const std::string& id) = 0;
+    /// All animations, in the order of the character's file.
+    [[nodiscard]] virtual std::vector<std::string> animationNames() const = 0;
+};
+
+/// Loads characters by name. May be absent on a machine: then it has no character to give.
+class CharacterService {
+public:
+    virtual ~CharacterService() = default;
+
+    /// Whether this machine can show characters at all.
+    [[nodiscard]] virtual bool available() const = 0;
+
+    /// Loads a character file from the characters folder under an id. False: missing or broken.
+    virtual bool load(const std::string& id, const std::string& fileName) = 0;
+    virtual void unload(const std::string& id) = 0;
+    /// The loaded character; null when there is none under this id. Lives until it is unloaded.
+    [[nodiscard]] virtual Character* character(const std::string& id) = 0;
+};
+
+} // namespace brovin::platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <chrono>
+
+namespace brovin::platform {
+
+/// A moment on the user's wall clock, to the second; without a time zone, as the user reads it.
+using DateTime = std::chrono::local_seconds;
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+
+    /// The present moment in the user's time zone.
+    [[nodiscard]] virtual DateTime now() const = 0;
+};
+
+} // namespace brovin::platform

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace brovin::platform {
+
+/// What separates the names in a path.
+inline constexpr char kPathSeparator = '/';
+
+/// A symbolic link counts as a file, whatever it points to.
+enum class EntryKind : std::uint8_t { File, Folder };
+
+/// One entry of a listed folder.
+struct Entry {
+    /// The name in lower case (Unicode), with a carriage return or U+F00D as "?". Bytes that are not UTF-8 stay.
+    std::string_view name;
+    /// The bytes by which the entry is known to the disk; every operation wants these.
+    std::string_view trueName;
+    EntryKind kind = EntryKind::File;
+};
+
+/// Whether read-only entries are deleted too. Read-only: the owner's write bit is clear.
+enum class Force : bool { No, Yes };
+
+/// A place in a folder tree. The folder is held open, so that what is listed is what is deleted, whoever moves
+/// things about meanwhile. Nothing below the folder that was opened first is ever reached through a link.
+class FolderWalk {
+public:
+    virtual ~FolderWalk() = default;
+
+    /// All entries of this folder but "." and "..", hidden and system ones included, in the disk's order. Valid
+    /// until the next list, enter or leave. A failure midway keeps nothing of the list.
+    virtual Result<std::span<const Entry>> list() = 0;
+
+    /// Goes down into a folder of this one. On failure the place stays the same.
+    virtual Status enter(std::string_view trueName) = 0;
+
+    /// Goes back up. Failure: the folder above is not where it was; the walk is over and stays unusable.
+    virtual Status leave() = 0;
+
+    /// Bytes in a file (of a link: in the link itself).
+    virtual Result<std::uint64_t> fileLength(std::string_view trueName) = 0;
+
+    /// Bytes in all files below a folder.
+    virtual Result<std::uint64_t> folderSize(std::string_view trueName) = 0;
+
+    /// Deletes a file or a link; a folder is refused.
+    virtual Status deleteFile(std::string_view trueName, Force force) = 0;
+
+    /// Deletes a folder with all that is in it. A failure midway leaves the rest.
+    virtual Status deleteFolder(std::string_view trueName, Force force) = 0;
+};
+
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    /// Opens a folder by its full path; links on the way to it are followed. Failure: missing, not a folder, or
+    /// not readable.
+    virtual Result<std::unique_ptr<FolderWalk>> open(const std::string& path) = 0;
+
+    /// The true spelling of a full path that is known in lower case only. Each name in it is looked for exactly,
+    /// then without case; nullopt when one is missing, or fits several entries.
+    [[nodiscard]] virtual std::optional<std::string> findWithoutCase(const std::string& loweredPath) = 0;
+};
+
+} // namespace brovin::platform

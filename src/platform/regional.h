@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/clock.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brovin::platform {
+
+/// The user's regional formats and the rules of letters. All texts are UTF-8; bytes that are not stay as they are.
+class Regional {
+public:
+    virtual ~Regional() = default;
+
+    [[nodiscard]] virtual std::string longDate(DateTime when) const = 0;
+    [[nodiscard]] virtual std::string shortDate(DateTime when) const = 0;
+    [[nodiscard]] virtual std::string longTime(DateTime when) const = 0;
+    /// Hours and minutes.
+    [[nodiscard]] virtual std::string shortTime(DateTime when) const = 0;
+    /// The whole name of a month, 1 to 12.
+    [[nodiscard]] virtual std::string monthName(unsigned month) const = 0;
+    /// The short name of a weekday, 0 for Sunday to 6.
+    [[nodiscard]] virtual std::string shortDayName(unsigned weekday) const = 0;
+    /// The designator of the half of the day in which `hour`, 0 to 23, lies.
+    [[nodiscard]] virtual std::string amPm(unsigned hour) const = 0;
+    /// A whole number with its digits grouped.
+    [[nodiscard]] virtual std::string grouped(std::int64_t number) const = 0;
+
+    [[nodiscard]] virtual std::string lowerCase(std::string_view text) const = 0;
+    /// The first letter of each word in upper case, the rest in lower case.
+    [[nodiscard]] virtual std::string properCase(std::string_view text) const = 0;
+};
+
+} // namespace brovin::platform

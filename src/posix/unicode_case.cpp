@@ -1,0 +1,48 @@
+#include "posix/unicode_case.h"
+
+#include "text/utf8.h"
+
+#include <clocale>
+#include <cwctype>
+
+namespace brovin::posix {
+namespace {
+
+/// The C library's Unicode tables, without regard to the locale of the process.
+locale_t unicode() {
+    static const locale_t tables = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return tables;
+}
+
+char32_t lower(char32_t c) { return static_cast<char32_t>(towlower_l(static_cast<wint_t>(c), unicode())); }
+char32_t upper(char32_t c) { return static_cast<char32_t>(towupper_l(static_cast<wint_t>(c), unicode())); }
+
+template <class Map>
+std::string mapped(std::string_view bytes, Map map) {
+    std::string result;
+    result.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const text::Decoded next = text::decodeUtf8(bytes);
+        if (next.valid)
+            text::appendUtf8(result, map(next.codePoint));
+        else
+            result.push_back(bytes.front());
+        bytes.remove_prefix(next.bytes);
+    }
+    return result;
+}
+
+} // namespace
+
+std::string lowerCase(std::string_view text) { return mapped(text, lower); }
+
+std::string properCase(std::string_view text) {
+    bool wordBegins = true;
+    return mapped(text, [&wordBegins](char32_t c) {
+        const char32_t shown = wordBegins ? upper(c) : lower(c);
+        wordBegins = c == U' ' || c == U'\t';
+        return shown;
+    });
+}
+
+} // namespace brovin::posix

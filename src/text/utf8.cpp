@@ -1,0 +1,112 @@
+#include "text/utf8.h"
+
+#include <array>
+#include <cstdint>
+
+namespace brovin::text {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+std::uint8_t byteAt(std::string_view text, std::size_t index) {
+    return static_cast<std::uint8_t>(text[index]);
+}
+
+struct Lead {
+    std::size_t bytes;
+    char32_t bits;
+    char32_t smallest; ///< anything below was written longer than need be
+};
+
+Lead lead(std::uint8_t first) {
+    if (first >= 0xC2 && first <= 0xDF)
+        return {2, first & 0x1FU, 0x80};
+    if (first >= 0xE0 && first <= 0xEF)
+        return {3, first & 0x0FU, 0x800};
+    if (first >= 0xF0 && first <= 0xF4)
+        return {4, first & 0x07U, 0x10000};
+    return {0, 0, 0};
+}
+
+} // namespace
+
+Decoded decodeUtf8(std::string_view text) {
+    if (text.empty())
+        return {};
+    const std::uint8_t first = byteAt(text, 0);
+    if (first < 0x80)
+        return {first, 1, true};
+    const Decoded stray{first, 1, false};
+    const Lead form = lead(first);
+    if (form.bytes == 0 || form.bytes > text.size())
+        return stray;
+    char32_t codePoint = form.bits;
+    for (std::size_t i = 1; i < form.bytes; ++i) {
+        const std::uint8_t next = byteAt(text, i);
+        if ((next & 0xC0U) != 0x80U)
+            return stray;
+        codePoint = (codePoint << 6U) | (next & 0x3FU);
+    }
+    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    if (codePoint < form.smallest || surrogate || codePoint > 0x10FFFF)
+        return stray;
+    return {codePoint, form.bytes, true};
+}
+
+void appendUtf8(std::string& text, char32_t codePoint) {
+    const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
+    const auto tail = [&put, codePoint](unsigned shift) { put(0x80U | ((codePoint >> shift) & 0x3FU)); };
+    if (codePoint < 0x80) {
+        put(codePoint);
+    } else if (codePoint < 0x800) {
+        put(0xC0U | (codePoint >> 6U));
+        tail(0);
+    } else if (codePoint < 0x10000) {
+        put(0xE0U | (codePoint >> 12U));
+        tail(6);
+        tail(0);
+    } else {
+        put(0xF0U | (codePoint >> 18U));
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const Decoded next = decodeUtf8(text);
+        if (!next.valid)
+            return false;
+        text.remove_prefix(next.bytes);
+    }
+    return true;
+}
+
+std::string displayText(std::string_view text) {
+    std::string shown;
+    shown.reserve(text.size());
+    while (!text.empty()) {
+        const Decoded next = decodeUtf8(text);
+        const bool control = next.codePoint < 0x20 || (next.codePoint >= 0x7F && next.codePoint < 0xA0);
+        appendUtf8(shown, next.valid && !control ? next.codePoint : kReplacement);
+        text.remove_prefix(next.bytes);
+    }
+    return shown;
+}
+
+std::string fromWindows1252(std::string_view bytes) {
+    constexpr std::array<char32_t, 32> k80To9F = {
+        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+    std::string text;
+    text.reserve(bytes.size());
+    for (const char c : bytes) {
+        const auto byte = static_cast<std::uint8_t>(c);
+        appendUtf8(text, byte >= 0x80 && byte < 0xA0 ? k80To9F[byte - 0x80U] : byte);
+    }
+    return text;
+}
+
+} // namespace brovin::text

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace brovin::text {
+
+/// One code point at the start of a text, or one byte that belongs to none.
+struct Decoded {
+    char32_t codePoint = 0; ///< of a stray byte: the byte
+    std::size_t bytes = 0;  ///< how many bytes it takes, 1 to 4; 0 for an empty text
+    bool valid = false;
+};
+
+/// Decodes by the table of well-formed sequences of the Unicode standard: overlong forms, surrogates and values
+/// above U+10FFFF are invalid and count byte by byte.
+[[nodiscard]] Decoded decodeUtf8(std::string_view text);
+
+/// Appends a code point that UTF-8 can carry.
+void appendUtf8(std::string& text, char32_t codePoint);
+
+[[nodiscard]] bool isUtf8(std::string_view text);
+
+/// The text with U+FFFD for each stray byte and each control character, for messages, logs and lists: a file's
+/// name cannot break a line or an encoding there.
+[[nodiscard]] std::string displayText(std::string_view text);
+
+/// Windows-1252 as UTF-8. Its five unused bytes become the control characters of the same number.
+[[nodiscard]] std::string fromWindows1252(std::string_view bytes);
+
+} // namespace brovin::text
