@@ -21,6 +21,9 @@ public:
     /// The stored text; nullopt when the key is missing. Sees what other programs of this user have written.
     [[nodiscard]] virtual std::optional<std::string> read(std::string_view section, std::string_view key) = 0;
 
+    /// Where the settings are, for messages to the user.
+    [[nodiscard]] virtual std::string location() const = 0;
+
     /// Stores all entries by one write to the disk, which is complete when this returns. False: nothing was
     /// stored, and the file is as it was.
     [[nodiscard]] virtual bool write(std::string_view section, std::span<const SettingsEntry> entries) = 0;

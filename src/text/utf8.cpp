@@ -95,6 +95,20 @@ std::string displayText(std::string_view text) {
     return shown;
 }
 
+std::size_t characterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (; !text.empty(); ++count)
+        text.remove_prefix(decodeUtf8(text).bytes);
+    return count;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    std::size_t bytes = 0;
+    for (; count > 0 && bytes < text.size(); --count)
+        bytes += decodeUtf8(text.substr(bytes)).bytes;
+    return text.substr(0, bytes);
+}
+
 std::string fromWindows1252(std::string_view bytes) {
     constexpr std::array<char32_t, 32> k80To9F = {
         0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,

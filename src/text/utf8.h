@@ -13,8 +13,8 @@ struct Decoded {
     bool valid = false;
 };
 
-/// Decodes by the table of well-formed sequences of the Unicode standard: overlong forms, surrogates and values
-/// above U+10FFFF are invalid and count byte by byte.
+/// Decodes by the table of well-formed sequences of the Unicode standard: overlong forms, surrogates and
+/// values above U+10FFFF are invalid and count byte by byte.
 [[nodiscard]] Decoded decodeUtf8(std::string_view text);
 
 /// Appends a code point that UTF-8 can carry.
@@ -22,9 +22,15 @@ void appendUtf8(std::string& text, char32_t codePoint);
 
 [[nodiscard]] bool isUtf8(std::string_view text);
 
-/// The text with U+FFFD for each stray byte and each control character, for messages, logs and lists: a file's
-/// name cannot break a line or an encoding there.
+/// The text with U+FFFD for each stray byte and each control character, for messages, logs and lists: a
+/// file's name cannot break a line or an encoding there.
 [[nodiscard]] std::string displayText(std::string_view text);
+
+/// How many characters, that is code points and stray bytes, a text has.
+[[nodiscard]] std::size_t characterCount(std::string_view text);
+
+/// The first `count` characters of a text, or all of it.
+[[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
 /// Windows-1252 as UTF-8. Its five unused bytes become the control characters of the same number.
 [[nodiscard]] std::string fromWindows1252(std::string_view bytes);

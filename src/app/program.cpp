@@ -1,0 +1,222 @@
+#include "app/program.h"
+
+#include "app/run_key.h"
+#include "app/schedule_options.h"
+#include "app/settings.h"
+#include "app/shut_down.h"
+#include "app/start_up.h"
+#include "cleaner/folder_sweep.h"
+#include "cleaner/log_commands.h"
+#include "cleaner/nasty_file_list.h"
+#include "cleaner/scan_run.h"
+#include "cleaner/statistics.h"
+#include "cleaner/watched_folder_list.h"
+#include "companion/announcer.h"
+#include "companion/phrase_engine.h"
+#include "language/language_catalogue.h"
+#include "language/language_loader.h"
+
+#include <utility>
+
+namespace brovin::app {
+namespace {
+
+using ui::FrmOptions;
+
+/// Boxes and lists that do nothing but store their value at each click.
+struct StoredBox {
+    ui::CheckBox FrmOptions::*box;
+    const Setting* setting;
+};
+constexpr StoredBox kStoredBoxes[] = {
+    {&FrmOptions::chkCheck, &setting::kCheck},
+    {&FrmOptions::chkConfirm, &setting::kConfirm},
+    {&FrmOptions::chkDotDash, &setting::kDotDash},
+    {&FrmOptions::chkForce, &setting::kForce},
+    {&FrmOptions::chkIcon, &setting::kIconFiles},
+    {&FrmOptions::chkIgnoreErrors, &setting::kIgnoreErrors},
+    {&FrmOptions::chkLog, &setting::kLog},
+    {&FrmOptions::chkMsgBox, &setting::kReminderMsgBox},
+    {&FrmOptions::chkUpdate, &setting::kUpdateOnStart},
+    {&FrmOptions::chkWordMsgBox, &setting::kWordMsgBox},
+};
+
+} // namespace
+
+/// Everything, in the order in which it is built on what stands before it.
+struct Program::Rooms {
+    Rooms(const Machine& beneath, ProgramInfo about, std::string command)
+        : machine(beneath), info(std::move(about)), runKey(form, machine.registry, std::move(command)) {}
+
+    Machine machine;
+    ProgramInfo info;
+    FrmOptions form;
+    Settings settings{machine.settings};
+    language::LanguageTables tables;
+    language::LanguageCatalogue catalogue{form, machine.folder};
+    language::LanguageLoader loader{
+        {form, settings, catalogue, tables, machine.folder, machine.dialogs, machine.regional}};
+    companion::Actor actor;
+    companion::PhraseEngine phrases{{form, settings, tables, actor, machine.regional, machine.random}};
+    companion::Announcer announcer{{form, actor, phrases, machine.dialogs}};
+    cleaner::Speech speech{tables.messageTable, phrases, announcer};
+    cleaner::NastyFileList nastyFiles{{form, settings, speech, machine.dialogs, machine.regional}};
+    cleaner::WatchedFolderList watchedFolders{
+        {form, settings, speech, machine.dialogs, machine.files, machine.regional}};
+    cleaner::FolderSweep sweep{
+        {form, speech, machine.files, machine.dialogs, machine.regional, machine.pump}};
+    cleaner::Statistics statistics{
+        {form, settings, speech, actor, machine.clipboard, machine.clock, machine.regional, info}};
+    cleaner::ScanRun scanRun{{.form = form,
+                              .settings = settings,
+                              .speech = speech,
+                              .actor = actor,
+                              .sweep = sweep,
+                              .folders = watchedFolders,
+                              .statistics = statistics,
+                              .programFolder = machine.folder,
+                              .lock = machine.scanLock,
+                              .tray = machine.tray,
+                              .shell = machine.shell,
+                              .clock = machine.clock,
+                              .regional = machine.regional}};
+    cleaner::LogCommands logCommands{
+        {speech, machine.folder, machine.shell, machine.clock, machine.regional}};
+    ui::MainWindow window{{form, settings, machine.folder, machine.shell}};
+    ScheduleOptions schedule{{form, settings, machine.regional}};
+    RunKey runKey;
+    ShutDown shutDown{{form, settings, speech, actor, machine.characters, machine.tray, machine.shell}};
+    StartUp startUp{{.form = form,
+                     .settings = settings,
+                     .speech = speech,
+                     .actor = actor,
+                     .catalogue = catalogue,
+                     .nastyFiles = nastyFiles,
+                     .watchedFolders = watchedFolders,
+                     .statistics = statistics,
+                     .schedule = schedule,
+                     .runKey = runKey,
+                     .window = window,
+                     .dialogs = machine.dialogs,
+                     .instance = machine.instance,
+                     .tray = machine.tray,
+                     .random = machine.random,
+                     .clock = machine.clock,
+                     .characters = machine.characters.available()}};
+
+    void tieSettings();
+    void tieCleaner();
+    void tieSchedule();
+    void tieProgram();
+    void tieWindow();
+};
+
+Program::Program(const Machine& machine, ProgramInfo info, std::string command)
+    : rooms_(std::make_unique<Rooms>(machine, std::move(info), std::move(command))) {
+    rooms_->tieSettings();
+    rooms_->tieCleaner();
+    rooms_->tieSchedule();
+    rooms_->tieProgram();
+    rooms_->tieWindow();
+}
+
+Program::~Program() = default;
+
+ui::FrmOptions& Program::frmOptions() {
+    return rooms_->form;
+}
+ui::MainWindow& Program::mainWindow() {
+    return rooms_->window;
+}
+bool Program::Form_Load() {
+    return rooms_->startUp.run();
+}
+
+void Program::Rooms::tieSettings() {
+    for (const StoredBox& row : kStoredBoxes) {
+        ui::CheckBox& box = form.*row.box;
+        box.click = [this, &box, setting = row.setting] {
+            settings.write(*setting, std::to_string(box.value()));
+        };
+    }
+    form.cmbCheck.click = [this] {
+        settings.write(setting::kCheckFreq, std::to_string(form.cmbCheck.selected()));
+    };
+    form.chkDude.click = [this] {
+        if (!form.loading)
+            settings.write(setting::kDude, std::to_string(form.chkDude.value()));
+    };
+    form.cmbDudeSex.click = [this] {
+        if (!form.loading)
+            settings.write(setting::kDudeSex, std::to_string(form.cmbDudeSex.selected()));
+    };
+    settings.refused = [this](const std::string& location) {
+        machine.dialogs.messageBox("Your settings could not be saved in " + location +
+                                       ".\r\n\r\nWhat you change holds until the program ends. Please check "
+                                       "that the file can be written and that its disk is not full.",
+                                   platform::box::kExclamation, info.title);
+    };
+}
+
+void Program::Rooms::tieCleaner() {
+    form.cmdNuke.click = [this] { scanRun.cmdNuke_Click(); };
+    form.cmdAddFile.click = [this] { nastyFiles.cmdAddFile_Click(); };
+    form.cmdRemoveFile.click = [this] { nastyFiles.cmdRemoveFile_Click(); };
+    form.lstFiles.click = [this] { nastyFiles.lstFiles_Click(); };
+    form.cmdAddFolder.click = [this] { watchedFolders.cmdAddFolder_Click(); };
+    form.cmdRemoveFolder.click = [this] { watchedFolders.cmdRemoveFolder_Click(); };
+    form.lstFolders.click = [this] { watchedFolders.lstFolders_Click(); };
+    form.cmdInspect.click = [this] { logCommands.cmdInspect_Click(); };
+    form.cmdEmpty.click = [this] { logCommands.cmdEmpty_Click(); };
+    form.cmdResetCounter.click = [this] { statistics.cmdResetCounter_Click(); };
+    form.cmdCopyNumbers.click = [this] { statistics.cmdCopyNumbers_Click(); };
+}
+
+void Program::Rooms::tieSchedule() {
+    form.optDaily.click = [this] { schedule.optDaily_Click(); };
+    form.optWeekly.click = [this] { schedule.optWeekly_Click(); };
+    form.dtpBackup.change = [this] { schedule.dtpBackup_Change(); };
+    form.chkBackup.click = [this] { schedule.chkBackup_Click(); };
+    form.txtReminder.change = [this] { schedule.txtReminder_Change(); };
+    form.dtpWord.change = [this] { schedule.dtpWord_Change(); };
+    form.chkWord.click = [this] { schedule.chkWord_Click(); };
+    form.txtInterval.change = [this] {
+        schedule.txtInterval_Change();
+        statistics.showLastScanned();
+    };
+}
+
+void Program::Rooms::tieProgram() {
+    form.lstLang.click = [this] { loader.lstLang_Click(); };
+    loader.quit = [this] {
+        startUp.end();
+        machine.shell.endProgram();
+    };
+    form.chkStartWindows.click = [this] { runKey.chkStartWindows_Click(); };
+    form.cmdExit.click = [this] { shutDown.cmdExit_Click(); };
+    form.mPopExit.click = [this] { shutDown.cmdExit_Click(); };
+}
+
+void Program::Rooms::tieWindow() {
+    for (std::size_t i = 0; i < FrmOptions::kTabs; ++i) {
+        const auto choose = [this, i] { window.imgTabs_Click(static_cast<int>(i)); };
+        form.imgTabs[i].click = choose;
+        form.lblTabs[i].click = choose;
+        form.imgTabs[i].mouseMove = [this, i] { window.imgTabs_MouseMove(i); };
+        form.picTab[i].mouseMove = [this] { window.resetPictures(); };
+        form.picTab[i].setVisible(i == 0);
+    }
+    form.Picture1.mouseMove = [this] { window.resetPictures(); };
+    form.window.mouseMove = [this] { window.resetPictures(); };
+    form.cmdHelp.mouseMove = [this] { window.cmdHelp_MouseMove(); };
+    form.cmdExit.mouseMove = [this] { window.cmdExit_MouseMove(); };
+    form.window.resize = [this] { window.Form_Resize(); };
+    form.window.close = [this] { window.Form_Close(); };
+    form.cmdHelp.click = [this] { window.cmdHelp_Click(); };
+    form.mHelp.click = [this] { window.cmdHelp_Click(); };
+    form.mPopRestore.click = [this] { window.mPopRestore_Click(); };
+    form.imgLogo.click = [this] { window.imgLogo_Click(); };
+    form.lblFeedback.click = [this] { window.lblFeedback_Click(); };
+}
+
+} // namespace brovin::app

@@ -1,0 +1,68 @@
+#include "app/schedule_options.h"
+
+#include "text/date_text.h"
+#include "text/numbers.h"
+#include "text/strings.h"
+
+namespace brovin::app {
+
+void ScheduleOptions::optDaily_Click() {
+    needs_.form.optWeekly.setValue(false);
+    needs_.settings.write(setting::kWeekly, "0");
+    needs_.form.dtpBackup.setCustomFormat("h:mm tt");
+}
+
+void ScheduleOptions::optWeekly_Click() {
+    needs_.form.optDaily.setValue(false);
+    needs_.settings.write(setting::kWeekly, "1");
+    needs_.form.dtpBackup.setCustomFormat("h:mm tt ddd");
+}
+
+void ScheduleOptions::dtpBackup_Change() {
+    needs_.settings.write(setting::kBackupDate, text::isoText(needs_.form.dtpBackup.value()));
+}
+
+void ScheduleOptions::chkBackup_Click() {
+    needs_.settings.write(setting::kBackup, std::to_string(needs_.form.chkBackup.value()));
+    refreshReminderControls();
+}
+
+void ScheduleOptions::refreshReminderControls() {
+    ui::FrmOptions& form = needs_.form;
+    const bool on = form.chkBackup.checked();
+    for (ui::Control* control :
+         {static_cast<ui::Control*>(&form.optWeekly), static_cast<ui::Control*>(&form.optDaily),
+          static_cast<ui::Control*>(&form.cmdSpeak), static_cast<ui::Control*>(&form.dtpBackup),
+          static_cast<ui::Control*>(&form.txtReminder), static_cast<ui::Control*>(&form.chkMsgBox)})
+        control->setEnabled(on);
+}
+
+void ScheduleOptions::txtReminder_Change() {
+    if (!needs_.form.txtReminder.text().empty())
+        needs_.settings.write(setting::kReminder, needs_.form.txtReminder.text());
+}
+
+void ScheduleOptions::dtpWord_Change() {
+    ui::FrmOptions& form = needs_.form;
+    needs_.settings.write(setting::kWordTime, text::isoText(form.dtpWord.value()));
+    const std::string tip = needs_.regional.longTime(form.dtpWord.value()) + " " +
+                            text::replaceAll(form.chkWord.caption(), "&", "");
+    form.dtpWord.setToolTip(tip);
+    form.chkWord.setToolTip(tip);
+}
+
+void ScheduleOptions::chkWord_Click() {
+    ui::FrmOptions& form = needs_.form;
+    needs_.settings.write(setting::kWord, std::to_string(form.chkWord.value()));
+    form.dtpWord.setEnabled(form.chkWord.checked());
+    form.chkWordMsgBox.setEnabled(form.chkWord.checked());
+}
+
+void ScheduleOptions::txtInterval_Change() {
+    ui::TextBox& interval = needs_.form.txtInterval;
+    const double hours = text::leadingNumber(interval.text());
+    interval.setText(hours <= 0 ? "1" : text::numberText(hours));
+    needs_.settings.write(setting::kInterval, interval.text());
+}
+
+} // namespace brovin::app

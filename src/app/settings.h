@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/setting_table.h"
+#include "platform/settings_store.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace brovin::app {
+
+/// The settings store as the program uses it: keys come from the table of settings, and a write that the
+/// machine refuses is reported once and does not stop anything.
+class Settings {
+public:
+    explicit Settings(platform::SettingsStore& store) : store_(store) {}
+
+    /// Called at the first write that is refused, with the place where the settings are.
+    std::function<void(const std::string& location)> refused;
+
+    /// The stored text, or the setting's fallback.
+    [[nodiscard]] std::string read(const Setting& setting) const;
+    /// The stored text; nullopt when the key is missing.
+    [[nodiscard]] std::optional<std::string> stored(const Setting& setting) const;
+    void write(const Setting& setting, std::string value);
+
+    /// A key of another section.
+    [[nodiscard]] std::optional<std::string> readFrom(std::string_view section, std::string_view key) const;
+    /// Stores several keys of another section by one write to the disk.
+    void writeTo(std::string_view section, std::span<const platform::SettingsEntry> entries);
+
+private:
+    platform::SettingsStore& store_;
+    bool refusedBefore_ = false;
+};
+
+} // namespace brovin::app

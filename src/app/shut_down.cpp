@@ -1,0 +1,46 @@
+#include "app/shut_down.h"
+
+#include <string>
+
+namespace brovin::app {
+
+namespace box = platform::box;
+
+void ShutDown::cmdExit_Click() {
+    ui::FrmOptions& form = needs_.form;
+    form.cmdExit.setPicture("close");
+    if (form.chkAgent.checked())
+        needs_.settings.write(setting::kAgentShow, needs_.actor.visible() ? "True" : "False");
+    const auto& messages = needs_.speech.messages;
+    const auto answer = needs_.speech.announcer.agentMsgBox(
+        messages.getMessage(11, {needs_.speech.phrases.getDude()}), box::kYesNo | box::kExclamation,
+        messages.getMessage(12), companion::ForceBox::Yes);
+    if (answer != platform::Button::Yes)
+        return;
+    form.exitConfirmed = true;
+    if (form.chkAgent.checked() && needs_.actor.character != nullptr) {
+        needs_.actor.character->stopAll();
+        needs_.actor.hide();
+    }
+    Form_Unload();
+}
+
+void ShutDown::Form_Unload() {
+    if (needs_.form.scanBusy)
+        return;
+    needs_.form.window.setVisible(false);
+    needs_.tray.remove();
+    leaveCharacter();
+    needs_.shell.endProgram();
+}
+
+void ShutDown::leaveCharacter() {
+    if (needs_.actor.character == nullptr)
+        return;
+    needs_.settings.write(setting::kAgentX, std::to_string(needs_.actor.character->left()));
+    needs_.settings.write(setting::kAgentY, std::to_string(needs_.actor.character->top()));
+    needs_.actor.character = nullptr;
+    needs_.characters.unload(needs_.actor.name);
+}
+
+} // namespace brovin::app

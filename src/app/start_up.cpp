@@ -1,0 +1,254 @@
+#include "app/start_up.h"
+
+#include "text/date_text.h"
+#include "text/numbers.h"
+#include "ui/tray_tip.h"
+
+#include <chrono>
+
+namespace brovin::app {
+namespace {
+
+namespace box = platform::box;
+using platform::Done;
+using platform::Failure;
+using platform::Status;
+
+constexpr std::chrono::milliseconds kTickInterval{30500};
+
+const Failure kOverflow{6, "Overflow"};
+const Failure kInvalidValue{380, "Invalid property value"};
+
+} // namespace
+
+bool StartUp::run() {
+    using Step = Status (StartUp::*)();
+    static constexpr Step kSteps[] = {
+        &StartUp::fillLanguageList,    &StartUp::dressButtons,
+        &StartUp::chooseLanguage,      &StartUp::refuseSecondInstance,
+        &StartUp::beginLoading,        &StartUp::readCharacterName,
+        &StartUp::rememberYesterday,   &StartUp::showStatistics,
+        &StartUp::stopTimer,           &StartUp::loadLists,
+        &StartUp::restoreReminderDays, &StartUp::readRunKey,
+        &StartUp::readSpeechFrequency, &StartUp::restoreControls,
+        &StartUp::startTimer,          &StartUp::restoreRules,
+        &StartUp::showFolderHint,      &StartUp::enterTray,
+        &StartUp::restoreReminder,     &StartUp::enableRemoveFolder,
+        &StartUp::endLoading,          &StartUp::startTabFrame,
+    };
+    for (const Step step : kSteps) {
+        statement((this->*step)());
+        if (ended_)
+            return false;
+    }
+    return true;
+}
+
+/// A failing statement is passed over when the user wants to go on, and ends the program when not.
+void StartUp::statement(const Status& outcome) {
+    if (outcome || ended_)
+        return;
+    const Failure& failure = outcome.failure();
+    const auto answer =
+        needs_.dialogs.messageBox("An error occurred during startup.\r\n\r\n" + failure.reason +
+                                      "\r\n\r\nWould you like to try and continue?",
+                                  box::kYesNo | box::kCritical, "Error " + std::to_string(failure.number));
+    if (answer != platform::Button::Yes)
+        end();
+}
+
+Status StartUp::fillLanguageList() {
+    needs_.catalogue.buildLanguageCatalogue();
+    return Done{};
+}
+
+Status StartUp::dressButtons() {
+    needs_.form.picAnim.setVisible(false);
+    needs_.form.cmdHelp.setPicture("help");
+    needs_.form.cmdExit.setPicture("close");
+    return Done{};
+}
+
+Status StartUp::chooseLanguage() {
+    if (needs_.form.lstLang.count() > 0) {
+        const auto stored = needs_.catalogue.entryOf(needs_.settings.read(setting::kLanguage));
+        needs_.form.lstLang.select(stored.value_or(0));
+        return Done{};
+    }
+    // Without a language file the messages are empty, so this is said in the program's own words.
+    std::string text = needs_.speech.messages.getMessage(38);
+    if (text.empty())
+        text = "There is no language file in the program's folder, so I have nothing to say. "
+               "Please install the program again.";
+    needs_.dialogs.messageBox(text, box::kCritical, needs_.speech.messages.getMessage(39));
+    end();
+    return Done{};
+}
+
+Status StartUp::refuseSecondInstance() {
+    if (needs_.instance.isFirst())
+        return Done{};
+    const std::string text = needs_.speech.messages.getMessage(40, {needs_.speech.phrases.getDude()});
+    const std::string title = needs_.speech.messages.getMessage(41, {needs_.speech.phrases.getDude()});
+    needs_.dialogs.messageBox(text, box::kCritical, title);
+    end();
+    return Done{};
+}
+
+Status StartUp::beginLoading() {
+    needs_.form.loading = true;
+    needs_.random.seed(static_cast<std::uint64_t>(needs_.clock.now().time_since_epoch().count()));
+    return Done{};
+}
+
+Status StartUp::readCharacterName() {
+    needs_.actor.name = needs_.settings.read(setting::kAgentName);
+    return Done{};
+}
+
+Status StartUp::rememberYesterday() {
+    const std::chrono::year_month_day today(std::chrono::floor<std::chrono::days>(needs_.clock.now()));
+    needs_.form.lastReminderDay = static_cast<std::int16_t>(static_cast<unsigned>(today.day()) - 1);
+    return Done{};
+}
+
+Status StartUp::showStatistics() {
+    if (needs_.settings.read(setting::kTotalDate).empty())
+        needs_.settings.write(setting::kTotalDate, needs_.statistics.today());
+    needs_.statistics.updateStatistics();
+    return Done{};
+}
+
+Status StartUp::stopTimer() {
+    needs_.form.Timer1.setEnabled(false);
+    needs_.form.scanBusy = false;
+    return Done{};
+}
+
+Status StartUp::loadLists() {
+    needs_.nastyFiles.load();
+    needs_.watchedFolders.load();
+    needs_.form.cmdRemoveFile.setEnabled(false);
+    return Done{};
+}
+
+Status StartUp::restoreReminderDays() {
+    const bool weekly = needs_.settings.read(setting::kWeekly) == "1";
+    needs_.form.optWeekly.setValue(weekly);
+    needs_.form.optDaily.setValue(!weekly);
+    return Done{};
+}
+
+Status StartUp::readRunKey() {
+    needs_.form.chkStartWindows.setValue(needs_.runKey.present() ? ui::CheckBox::kOn : ui::CheckBox::kOff);
+    return Done{};
+}
+
+Status StartUp::readSpeechFrequency() {
+    const auto frequency = text::leadingInt16(needs_.settings.read(setting::kSpeechFreq));
+    if (!frequency)
+        return kOverflow;
+    needs_.form.speechFreq = *frequency;
+    return Done{};
+}
+
+Status StartUp::restoreControls() {
+    ui::FrmOptions& form = needs_.form;
+    restore(form.cmbDudeSex, setting::kDudeSex);
+    restore(form.chkUpdate, setting::kUpdateOnStart);
+    restore(form.cmbCheck, setting::kCheckFreq);
+    restore(form.chkWord, setting::kWord);
+    restore(form.dtpWord, setting::kWordTime);
+    needs_.schedule.dtpWord_Change();
+    if (needs_.characters)
+        restore(form.chkAgent, setting::kAgent);
+    else
+        form.chkAgent.setEnabled(false);
+    restore(form.chkBackup, setting::kBackup);
+    restore(form.chkConfirm, setting::kConfirm);
+    form.txtInterval.setText(needs_.settings.read(setting::kInterval));
+    restore(form.dtpBackup, setting::kBackupDate);
+    restore(form.chkIgnoreErrors, setting::kIgnoreErrors);
+    restore(form.chkForce, setting::kForce);
+    restore(form.chkLog, setting::kLog);
+    const auto kb = text::leadingInt32(needs_.settings.read(setting::kKb));
+    form.kbTotal = kb.value_or(form.kbTotal);
+    statement(kb ? Status(Done{}) : Status(kOverflow));
+    restore(form.chkDude, setting::kDude);
+    restore(form.chkCheck, setting::kCheck);
+    restore(form.chkMsgBox, setting::kReminderMsgBox);
+    restore(form.chkWordMsgBox, setting::kWordMsgBox);
+    const auto tab = text::leadingInt16(needs_.settings.read(setting::kTab));
+    return tab && needs_.window.imgTabs_Click(*tab) ? Status(Done{}) : Status(kInvalidValue);
+}
+
+void StartUp::restore(ui::CheckBox& box, const Setting& setting) {
+    const auto value = text::leadingInt16(needs_.settings.read(setting));
+    statement(value && box.setValue(*value) ? Status(Done{}) : Status(kInvalidValue));
+}
+
+void StartUp::restore(ui::ComboBox& list, const Setting& setting) {
+    const auto index = text::leadingInt16(needs_.settings.read(setting));
+    statement(index && list.select(*index) ? Status(Done{}) : Status(kInvalidValue));
+}
+
+void StartUp::restore(ui::Picker& picker, const Setting& setting) {
+    const auto stored = text::dateOf(needs_.settings.read(setting));
+    if (const auto value = stored ? stored : text::dateOf(setting.fallback))
+        picker.setValue(*value);
+}
+
+Status StartUp::startTimer() {
+    needs_.form.Timer1.setInterval(kTickInterval);
+    needs_.form.lastScanTime = needs_.clock.now();
+    needs_.form.Timer1.setEnabled(true);
+    needs_.statistics.showLastScanned();
+    return Done{};
+}
+
+Status StartUp::restoreRules() {
+    restore(needs_.form.chkDotDash, setting::kDotDash);
+    restore(needs_.form.chkIcon, setting::kIconFiles);
+    return Done{};
+}
+
+Status StartUp::showFolderHint() {
+    needs_.form.picAdd.setVisible(needs_.form.lstFolders.count() == 0);
+    return Done{};
+}
+
+Status StartUp::enterTray() {
+    const bool shown = needs_.tray.add(ui::trayTip(needs_.form.sbStatus.panel()));
+    // Without a notification area a hidden window could never be reached.
+    needs_.form.window.setVisible(!shown);
+    return Done{};
+}
+
+Status StartUp::restoreReminder() {
+    needs_.form.txtReminder.setText(
+        needs_.settings.stored(setting::kReminder).value_or(needs_.speech.messages.getMessage(42)));
+    return Done{};
+}
+
+Status StartUp::enableRemoveFolder() {
+    needs_.form.cmdRemoveFolder.setEnabled(needs_.form.lstFolders.selected() != ui::ListControl::kNone);
+    return Done{};
+}
+
+Status StartUp::endLoading() {
+    needs_.schedule.refreshReminderControls();
+    needs_.form.loading = false;
+    return Done{};
+}
+
+Status StartUp::startTabFrame() {
+    ui::FrmOptions& form = needs_.form;
+    form.lineTimer.setEnabled(true);
+    form.imgBrovin.setHand(true);
+    form.imgLogo.setHand(true);
+    form.cmdExit.setHand(true);
+    form.cmdHelp.setHand(true);
+    return Done{};
+}
+
+} // namespace brovin::app

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "app/program_info.h"
+#include "app/run_key.h"
+#include "app/schedule_options.h"
+#include "app/settings.h"
+#include "cleaner/nasty_file_list.h"
+#include "cleaner/statistics.h"
+#include "cleaner/watched_folder_list.h"
+#include "language/language_catalogue.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/notification_area.h"
+#include "platform/random.h"
+#include "platform/result.h"
+#include "platform/single_instance.h"
+#include "ui/frm_options.h"
+#include "ui/main_window.h"
+
+#include <string>
+
+namespace brovin::app {
+
+/// The program's start, as a list of steps in a fixed order.
+class StartUp {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        Settings& settings;
+        cleaner::Speech speech;
+        companion::Actor& actor;
+        language::LanguageCatalogue& catalogue;
+        cleaner::NastyFileList& nastyFiles;
+        cleaner::WatchedFolderList& watchedFolders;
+        cleaner::Statistics& statistics;
+        ScheduleOptions& schedule;
+        RunKey& runKey;
+        ui::MainWindow& window;
+        platform::Dialogs& dialogs;
+        platform::SingleInstance& instance;
+        platform::NotificationArea& tray;
+        platform::Random& random;
+        const platform::Clock& clock;
+        bool characters; ///< whether this machine can show characters
+    };
+    explicit StartUp(const Needs& needs) : needs_(needs) {}
+
+    /// True: the program runs. False: it is to end, and the user has been told why.
+    bool run();
+    /// The steps that follow are left out, and the program ends.
+    void end() { ended_ = true; }
+
+private:
+    platform::Status fillLanguageList();
+    platform::Status dressButtons();
+    platform::Status chooseLanguage();
+    platform::Status refuseSecondInstance();
+    platform::Status beginLoading();
+    platform::Status readCharacterName();
+    platform::Status rememberYesterday();
+    platform::Status showStatistics();
+    platform::Status stopTimer();
+    platform::Status loadLists();
+    platform::Status restoreReminderDays();
+    platform::Status readRunKey();
+    platform::Status readSpeechFrequency();
+    platform::Status restoreControls();
+    platform::Status startTimer();
+    platform::Status restoreRules();
+    platform::Status showFolderHint();
+    platform::Status enterTray();
+    platform::Status restoreReminder();
+    platform::Status enableRemoveFolder();
+    platform::Status endLoading();
+    platform::Status startTabFrame();
+
+    void statement(const platform::Status& outcome);
+    void restore(ui::CheckBox& box, const Setting& setting);
+    void restore(ui::ComboBox& list, const Setting& setting);
+    void restore(ui::Picker& picker, const Setting& setting);
+
+    Needs needs_;
+    bool ended_ = false;
+};
+
+} // namespace brovin::app

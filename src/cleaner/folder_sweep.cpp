@@ -1,0 +1,231 @@
+#include "cleaner/folder_sweep.h"
+
+#include "text/utf8.h"
+
+#include <limits>
+#include <optional>
+
+namespace brovin::cleaner {
+namespace {
+
+namespace box = platform::box;
+using platform::Done;
+using platform::EntryKind;
+using platform::Failure;
+using platform::Force;
+using platform::Result;
+using platform::Status;
+
+constexpr std::int32_t kLeastKilobytes = 4; ///< what the smallest deletion counts
+constexpr int kOverflow = 6;
+constexpr int kOutOfRange = 9;
+
+template <class Int>
+Status assign(Int& variable, std::int64_t value) {
+    if (value < std::numeric_limits<Int>::min() || value > std::numeric_limits<Int>::max())
+        return Failure{kOverflow, "Overflow"};
+    variable = static_cast<Int>(value);
+    return Done{};
+}
+
+/// Whole kilobytes in a 16-bit variable, which keeps what it held when there are too many, or none to be had.
+Status assignKilobytes(std::int16_t& kb, const Result<std::uint64_t>& bytes) {
+    if (!bytes)
+        return bytes.failure();
+    return assign(kb, static_cast<std::int64_t>(*bytes / 1024));
+}
+
+std::string withSeparator(std::string path) {
+    if (!path.ends_with(platform::kPathSeparator))
+        path.push_back(platform::kPathSeparator);
+    return path;
+}
+
+} // namespace
+
+void FolderSweep::beginRun(platform::LineWriter* log) {
+    scanItemCount = 0;
+    scanKB = 0;
+    notVisited = 0;
+    foldersOpened = 0;
+    names_ = NameSet(needs_.form.lstFiles.items());
+    log_ = log;
+}
+
+void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& truePath) {
+    shownPath_ = withSeparator(shownPath);
+    truePath_ = withSeparator(truePath);
+    entryName_.clear();
+    auto walk = needs_.files.open(truePath);
+    if (!walk) {
+        if (folderFailed)
+            folderFailed(truePath, walk.failure().reason);
+        goOn(walk.failure()); // either answer: there is nothing else to do here
+        return;
+    }
+    walk_ = std::move(*walk);
+    levels_.clear();
+    levels_.push_back({{}, 0, shownPath_.size(), truePath_.size()});
+    visit(levels_.back());
+    // A loop and not a recursion: whoever can write to a shared disk can nest folders as deep as he likes.
+    while (!levels_.empty()) {
+        if (levels_.back().next < levels_.back().subfolders.size())
+            descend(levels_.back());
+        else
+            ascend();
+    }
+    walk_.reset();
+}
+
+void FolderSweep::descend(Level& level) {
+    const Subfolder folder = std::move(level.subfolders[level.next++]);
+    const Status entered = walk_->enter(folder.trueName);
+    if (!entered) {
+        entryName_ = folder.name;
+        if (folderFailed)
+            folderFailed(truePath_ + folder.trueName, entered.failure().reason);
+        goOn(entered);
+        return;
+    }
+    shownPath_ += withSeparator(folder.name);
+    truePath_ += withSeparator(folder.trueName);
+    levels_.push_back({{}, 0, shownPath_.size(), truePath_.size()});
+    visit(levels_.back());
+}
+
+void FolderSweep::ascend() {
+    levels_.pop_back();
+    if (levels_.empty())
+        return;
+    shownPath_.resize(levels_.back().shownLength);
+    truePath_.resize(levels_.back().trueLength);
+    const Status left = walk_->leave();
+    if (left)
+        return;
+    // The folder above has been moved away: nothing further of this tree can be reached safely.
+    if (folderFailed)
+        folderFailed(truePath_, left.failure().reason);
+    levels_.clear();
+}
+
+void FolderSweep::visit(Level& level) {
+    entryName_.clear();
+    needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {text::displayText(shownPath_)}));
+    const auto entries = walk_->list();
+    if (!entries) {
+        if (folderFailed)
+            folderFailed(truePath_, entries.failure().reason);
+        goOn(entries.failure());
+        return;
+    }
+    ++foldersOpened;
+    std::int16_t kb = 0; // belongs to the folder: where a size is too large, the one before counts again
+    for (const platform::Entry& entry : *entries) {
+        needs_.pump.pump();
+        if (!handleEntry(entry, level, kb)) {
+            level.subfolders.clear();
+            return;
+        }
+    }
+}
+
+bool FolderSweep::handleEntry(const platform::Entry& entry, Level& level, std::int16_t& kb) {
+    // The boxes count as they stand at this moment; the user may change them while the scan runs.
+    const DeleteRules rules{needs_.form.chkIcon.checked(), needs_.form.chkDotDash.checked()};
+    const Match match = rules.match(entry.name, names_);
+    if (match == Match::None)
+        return entry.kind != EntryKind::Folder || queue(entry, level);
+    entryName_ = entry.name;
+    if (needs_.form.chkConfirm.checked() && !confirmed(entry))
+        return true;
+    if (match == Match::Icon)
+        return deleteIcon(entry);
+    return entry.kind == EntryKind::Folder ? deleteListedFolder(entry, kb) : deleteListed(entry, kb);
+}
+
+// In the deletions each line is one statement. A failed one may be passed over, and the next then runs as if
+// nothing had happened: that is why a deletion that failed is logged and counted like any other.
+
+bool FolderSweep::deleteIcon(const platform::Entry& entry) {
+    return goOn(addKilobytes(kLeastKilobytes)) &&
+           goOn(tryDeletion(entry, EntryKind::File, kLeastKilobytes)) &&
+           goOn(writeLog(needs_.speech.messages.getMessage(62, {shown(entry.name)}))) && goOn(countItem());
+}
+
+bool FolderSweep::deleteListed(const platform::Entry& entry, std::int16_t& kb) {
+    if (!goOn(assignKilobytes(kb, walk_->fileLength(entry.trueName))))
+        return false;
+    const std::int32_t counted = kb > kLeastKilobytes ? kb : kLeastKilobytes;
+    return goOn(addKilobytes(counted)) && //
+           goOn(tryDeletion(entry, EntryKind::File, counted)) &&
+           goOn(writeLog(needs_.speech.messages.getMessage(62, {shown(entry.name)}))) && goOn(countItem());
+}
+
+bool FolderSweep::deleteListedFolder(const platform::Entry& entry, std::int16_t& kb) {
+    if (!goOn(assignKilobytes(kb, walk_->folderSize(entry.trueName))))
+        return false;
+    if (kb < kLeastKilobytes)
+        kb = kLeastKilobytes;
+    return goOn(addKilobytes(kb)) && //
+           goOn(tryDeletion(entry, EntryKind::Folder, kb)) &&
+           goOn(writeLog(
+               needs_.speech.messages.getMessage(63, {needs_.regional.grouped(kb), shown(entry.name)}))) &&
+           goOn(countItem());
+}
+
+bool FolderSweep::queue(const platform::Entry& entry, Level& level) {
+    if (level.subfolders.size() < kMostSubfolders) {
+        level.subfolders.push_back({std::string(entry.name), std::string(entry.trueName)});
+        return true;
+    }
+    ++notVisited;
+    entryName_ = entry.name;
+    return goOn(Failure{kOutOfRange, "Subscript out of range"});
+}
+
+bool FolderSweep::confirmed(const platform::Entry& entry) {
+    const auto& messages = needs_.speech.messages;
+    const std::string question =
+        messages.getMessage(60, {shown(entry.name), needs_.speech.phrases.getDude()});
+    return needs_.dialogs.messageBox(question, box::kYesNo | box::kQuestion, messages.getMessage(61)) ==
+           platform::Button::Yes;
+}
+
+Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, std::int32_t kb) {
+    const Force force = needs_.form.chkForce.checked() ? Force::Yes : Force::No;
+    const Status outcome = kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
+                                                     : walk_->deleteFile(entry.trueName, force);
+    if (deletionTried)
+        deletionTried({truePath_ + std::string(entry.trueName), kind, kb, static_cast<bool>(outcome),
+                       outcome ? std::string() : outcome.failure().reason});
+    return outcome;
+}
+
+Status FolderSweep::writeLog(const std::string& line) {
+    if (log_ == nullptr || !needs_.form.chkLog.checked())
+        return Done{};
+    return log_->writeLine(line);
+}
+
+Status FolderSweep::addKilobytes(std::int32_t kb) {
+    return assign(scanKB, std::int64_t{scanKB} + kb);
+}
+
+Status FolderSweep::countItem() {
+    return assign(scanItemCount, std::int64_t{scanItemCount} + 1);
+}
+
+std::string FolderSweep::shown(std::string_view name) const {
+    return text::displayText(shownPath_).append(text::displayText(name));
+}
+
+bool FolderSweep::goOn(const Status& statement) {
+    if (statement || needs_.form.chkIgnoreErrors.checked() || !needs_.form.window.visible())
+        return true;
+    const auto& messages = needs_.speech.messages;
+    return needs_.dialogs.messageBox(messages.getMessage(64, {shown(entryName_)}),
+                                     box::kYesNo | box::kExclamation,
+                                     messages.getMessage(65)) != platform::Button::Yes;
+}
+
+} // namespace brovin::cleaner

@@ -1,0 +1,92 @@
+#include "cleaner/nasty_file_list.h"
+
+#include "cleaner/stored_list.h"
+#include "text/utf8.h"
+
+namespace brovin::cleaner {
+namespace {
+
+namespace box = platform::box;
+using companion::ForceBox;
+
+constexpr std::string_view kForbidden = "\"\\/:*?<>|";
+constexpr std::size_t kLongestName = 32;
+constexpr std::string_view kParagraph = "\r\n\r\n";
+
+} // namespace
+
+void NastyFileList::load() {
+    std::vector<ui::ListControl::Item> items;
+    for (auto& entry : loadList(needs_.settings, kNastyFilesSection, needs_.regional))
+        items.push_back({std::move(entry.text), 0});
+    needs_.form.lstFiles.setItems(std::move(items));
+}
+
+void NastyFileList::save() {
+    std::vector<ListEntry> entries;
+    for (const auto& item : needs_.form.lstFiles.items())
+        entries.push_back({item.text, {}});
+    saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.regional);
+}
+
+void NastyFileList::cmdAddFile_Click() {
+    if (needs_.form.scanBusy || needs_.form.lstFiles.items().size() == kMostEntries)
+        return;
+    const auto name = askForName();
+    if (!name)
+        return;
+    needs_.form.lstFiles.add({needs_.regional.lowerCase(*name), 0});
+    save();
+    load();
+    enableRemoving();
+}
+
+std::optional<std::string> NastyFileList::askForName() {
+    const auto& messages = needs_.speech.messages;
+    std::string typed;
+    for (;;) {
+        const std::string prompt = messages.getMessage(0, {needs_.speech.phrases.getDude()})
+                                       .append(kParagraph)
+                                       .append(messages.getMessage(1));
+        auto answer = needs_.dialogs.inputBox(prompt, messages.getMessage(2), typed);
+        if (!answer || answer->empty())
+            return std::nullopt;
+        typed = *answer;
+        if (typed.find_first_of(kForbidden) != std::string::npos)
+            needs_.dialogs.messageBox(messages.getMessage(3).append(kParagraph).append(kForbidden),
+                                      box::kCritical, messages.getMessage(4));
+        else if (text::characterCount(typed) > kLongestName)
+            needs_.speech.announcer.agentMsgBox(messages.getMessage(5, {needs_.speech.phrases.getDude()}),
+                                                box::kCritical, messages.getMessage(6), ForceBox::No);
+        else
+            return answer;
+    }
+}
+
+void NastyFileList::cmdRemoveFile_Click() {
+    ui::ListBox& list = needs_.form.lstFiles;
+    if (needs_.form.scanBusy || list.selected() == ui::ListControl::kNone)
+        return;
+    const auto& messages = needs_.speech.messages;
+    const std::string question = messages.getMessage(18, {needs_.speech.phrases.getDude()})
+                                     .append(kParagraph)
+                                     .append("\"" + list.selectedText() + "\"");
+    const auto answer = needs_.speech.announcer.agentMsgBox(question, box::kYesNo | box::kQuestion,
+                                                            messages.getMessage(19), ForceBox::Yes);
+    if (answer != platform::Button::Yes)
+        return;
+    list.remove(list.selected());
+    save();
+    enableRemoving();
+}
+
+void NastyFileList::lstFiles_Click() {
+    if (!needs_.form.scanBusy)
+        enableRemoving();
+}
+
+void NastyFileList::enableRemoving() {
+    needs_.form.cmdRemoveFile.setEnabled(needs_.form.lstFiles.selected() != ui::ListControl::kNone);
+}
+
+} // namespace brovin::cleaner

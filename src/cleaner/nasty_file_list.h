@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/settings.h"
+#include "cleaner/speech.h"
+#include "platform/dialogs.h"
+#include "platform/regional.h"
+#include "ui/frm_options.h"
+
+#include <optional>
+#include <string>
+
+namespace brovin::cleaner {
+
+/// The names that are deleted wherever they occur: the list, its buttons and its place in the store. The user
+/// cannot edit it while a scan runs.
+class NastyFileList {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        app::Settings& settings;
+        Speech speech;
+        platform::Dialogs& dialogs;
+        const platform::Regional& regional;
+    };
+    explicit NastyFileList(const Needs& needs) : needs_(needs) {}
+
+    /// Fills `lstFiles` from the store.
+    void load();
+
+    void cmdAddFile_Click();
+    void cmdRemoveFile_Click();
+    void lstFiles_Click();
+
+private:
+    [[nodiscard]] std::optional<std::string> askForName();
+    void save();
+    void enableRemoving();
+
+    Needs needs_;
+};
+
+} // namespace brovin::cleaner

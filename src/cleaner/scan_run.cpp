@@ -1,0 +1,137 @@
+#include "cleaner/scan_run.h"
+
+#include "cleaner/deletion_log.h"
+#include "text/numbers.h"
+#include "ui/tray_tip.h"
+
+namespace brovin::cleaner {
+namespace {
+
+namespace box = platform::box;
+namespace setting = app::setting;
+using companion::ForceBox;
+
+/// For a step whose failure must not stop the run: a full disk keeps nobody's clutter alive.
+void carryOn(const platform::Status& /*passedOver*/) {}
+
+/// A stored total with the run's share added; one that has grown too large for its variable stays as it was.
+std::string added(const std::string& stored, double share) {
+    return text::numberText(text::leadingNumber(stored) + share);
+}
+
+} // namespace
+
+ScanOutcome ScanRun::runScan() {
+    if (needs_.form.scanBusy)
+        return ScanOutcome::Busy;
+    auto hold = needs_.lock.tryHold();
+    if (!hold)
+        return ScanOutcome::BusyElsewhere;
+    needs_.form.scanBusy = true;
+
+    showStatus(needs_.speech.messages.getMessage(54));
+    const auto log = openLog();
+    needs_.sweep.beginRun(log.get());
+    sweepAll();
+    if (log && needs_.form.chkLog.checked())
+        writeSummary(*log);
+
+    const platform::DateTime now = needs_.clock.now();
+    const std::string timeStamp = needs_.regional.longDate(now) + " " + needs_.regional.longTime(now);
+    storeTotals(timeStamp);
+    showStatus("Last scanned on " + timeStamp);
+    needs_.statistics.updateStatistics();
+
+    hold.reset();
+    needs_.form.scanBusy = false;
+    finished();
+    return ScanOutcome::Done;
+}
+
+void ScanRun::showStatus(const std::string& text) {
+    needs_.form.sbStatus.setPanel(text);
+    needs_.tray.setTip(ui::trayTip(text));
+}
+
+std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
+    if (!needs_.form.chkLog.checked())
+        return nullptr;
+    auto log = needs_.programFolder.openText(std::string(kLogFile), platform::OpenMode::Append);
+    if (!log)
+        return nullptr; // the run goes on without a log
+    carryOn((*log)->writeLine(kLogSeparator));
+    carryOn((*log)->writeLine(timedMessage(55)));
+    return std::move(*log);
+}
+
+void ScanRun::sweepAll() {
+    for (std::size_t i = 0; i < needs_.form.lstFolders.items().size(); ++i) {
+        const std::string shown = needs_.form.lstFolders.items()[i].text;
+        // A folder that cannot be told from another is swept as the missing one it counts as.
+        needs_.sweep.sweepFolder(shown, needs_.folders.truePath(i).value_or(shown));
+    }
+}
+
+void ScanRun::writeSummary(platform::LineWriter& log) {
+    const auto& messages = needs_.speech.messages;
+    if (needs_.sweep.scanItemCount <= 0) {
+        carryOn(log.writeLine(messages.getMessage(58)));
+        return;
+    }
+    carryOn(log.writeLine(messages.getMessage(
+        56, {std::to_string(needs_.sweep.scanItemCount), needs_.regional.grouped(needs_.sweep.scanKB)})));
+    carryOn(log.writeLine(timedMessage(57)));
+}
+
+void ScanRun::storeTotals(const std::string& timeStamp) {
+    needs_.settings.write(setting::kLastScanned, timeStamp);
+    needs_.settings.write(setting::kTotalNuked,
+                          added(needs_.settings.read(setting::kTotalNuked), needs_.sweep.scanItemCount));
+    needs_.settings.write(setting::kKb, added(needs_.settings.read(setting::kKb), needs_.sweep.scanKB));
+}
+
+std::string ScanRun::timedMessage(int number) const {
+    const platform::DateTime now = needs_.clock.now();
+    return needs_.speech.messages.getMessage(number,
+                                             {needs_.regional.longTime(now), needs_.regional.longDate(now)});
+}
+
+void ScanRun::cmdNuke_Click() {
+    if (needs_.form.lstFolders.count() == 0) {
+        needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getMessage(13), box::kCritical,
+                                            needs_.speech.messages.getMessage(14), ForceBox::No);
+        return;
+    }
+    if (needs_.form.chkAgent.checked()) {
+        needs_.actor.prepare();
+        if (const auto animation = needs_.speech.phrases.pickPhrase(language::PhraseList::AniNukeFiles))
+            needs_.actor.play(*animation);
+    }
+    const ScanOutcome outcome = runScan();
+    if (outcome == ScanOutcome::BusyElsewhere) {
+        needs_.speech.announcer.agentMsgBox(
+            "Another scan is running at this moment. Please try again when it is done.", box::kInformation,
+            "", ForceBox::No);
+        return;
+    }
+    needs_.form.lastScanTime = needs_.clock.now();
+    needs_.statistics.showLastScanned();
+    needs_.shell.setForegroundWindow();
+    report();
+}
+
+void ScanRun::report() {
+    const auto& messages = needs_.speech.messages;
+    const std::string dude = needs_.speech.phrases.getDude();
+    const std::int16_t items = needs_.sweep.scanItemCount;
+    std::string text;
+    if (items < 1)
+        text = messages.getMessage(17, {dude});
+    else if (items == 1)
+        text = messages.getMessage(16, {dude});
+    else
+        text = messages.getMessage(15, {std::to_string(items), dude});
+    needs_.speech.announcer.agentMsgBox(text, box::kInformation, "", ForceBox::No);
+}
+
+} // namespace brovin::cleaner

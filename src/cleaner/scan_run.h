@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/settings.h"
+#include "cleaner/folder_sweep.h"
+#include "cleaner/speech.h"
+#include "cleaner/statistics.h"
+#include "cleaner/watched_folder_list.h"
+#include "companion/actor.h"
+#include "platform/clock.h"
+#include "platform/notification_area.h"
+#include "platform/program_folder.h"
+#include "platform/regional.h"
+#include "platform/scan_lock.h"
+#include "platform/shell.h"
+#include "ui/frm_options.h"
+
+#include <memory>
+#include <string>
+
+namespace brovin::cleaner {
+
+enum class ScanOutcome {
+    Done,
+    Busy,          ///< a run is under way in this copy of the program; nothing has happened
+    BusyElsewhere, ///< another copy of the program is scanning; nothing has happened
+};
+
+/// One sweep of every watched folder, with its log and its totals, and the button that starts it.
+class ScanRun {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        app::Settings& settings;
+        Speech speech;
+        const companion::Actor& actor;
+        FolderSweep& sweep;
+        const WatchedFolderList& folders;
+        Statistics& statistics;
+        platform::ProgramFolder& programFolder;
+        platform::ScanLock& lock;
+        platform::NotificationArea& tray;
+        platform::Shell& shell;
+        const platform::Clock& clock;
+        const platform::Regional& regional;
+    };
+    explicit ScanRun(const Needs& needs) : needs_(needs) {}
+
+    /// A run is over and its totals are stored.
+    ui::Event<> finished;
+
+    ScanOutcome runScan();
+    void cmdNuke_Click();
+
+private:
+    void showStatus(const std::string& text);
+    [[nodiscard]] std::unique_ptr<platform::LineWriter> openLog();
+    void sweepAll();
+    void writeSummary(platform::LineWriter& log);
+    void storeTotals(const std::string& timeStamp);
+    void report();
+    [[nodiscard]] std::string timedMessage(int number) const;
+
+    Needs needs_;
+};
+
+} // namespace brovin::cleaner

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/program_info.h"
+#include "app/settings.h"
+#include "cleaner/speech.h"
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/regional.h"
+#include "ui/frm_options.h"
+
+#include <optional>
+#include <string>
+
+namespace brovin::cleaner {
+
+/// The running totals, the texts that show them, and the buttons that reset and copy them.
+class Statistics {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        app::Settings& settings;
+        Speech speech;
+        const companion::Actor& actor;
+        platform::Clipboard& clipboard;
+        const platform::Clock& clock;
+        const platform::Regional& regional;
+        const app::ProgramInfo& program;
+    };
+    explicit Statistics(const Needs& needs) : needs_(needs) {}
+
+    /// Shows the totals in the window's title. A total that nobody could have reached honestly is reset, and
+    /// the user is told off.
+    void updateStatistics();
+    /// Shows the last and the next scan in the status bar and beside `txtInterval`.
+    void showLastScanned();
+
+    /// Today in the long date format.
+    [[nodiscard]] std::string today() const { return needs_.regional.longDate(needs_.clock.now()); }
+
+    void cmdResetCounter_Click();
+    void cmdCopyNumbers_Click();
+
+private:
+    void reset(std::string since);
+    void tellOff();
+    [[nodiscard]] std::optional<platform::DateTime> nextScan() const;
+
+    Needs needs_;
+};
+
+} // namespace brovin::cleaner

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/settings.h"
+#include "platform/regional.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brovin::cleaner {
+
+/// The sections of the settings store in which the two lists are kept. No files have these names.
+inline constexpr std::string_view kNastyFilesSection = "filelist.txt";
+inline constexpr std::string_view kWatchedFoldersSection = "foldlist.txt";
+
+/// How many entries a list can hold.
+inline constexpr std::size_t kMostEntries = 32767;
+
+struct ListEntry {
+    std::string text; ///< in lower case
+    std::string path; ///< the true spelling of a folder; empty: not known, or no folder
+};
+
+/// Reads "Number", then "Entry1" and "Path1" and so on. Empty entries are dropped, and so is a path that does
+/// not spell its entry.
+[[nodiscard]] std::vector<ListEntry> loadList(const app::Settings& settings, std::string_view section,
+                                              const platform::Regional& regional);
+
+enum class WithPaths : bool { No, Yes };
+
+/// Stores the entries, lower-cased, by one write. Keys beyond their number stay and count for nothing.
+void saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
+              WithPaths withPaths, const platform::Regional& regional);
+
+} // namespace brovin::cleaner

@@ -1,0 +1,86 @@
+#include "cleaner/watched_folder_list.h"
+
+namespace brovin::cleaner {
+namespace {
+
+namespace box = platform::box;
+
+} // namespace
+
+void WatchedFolderList::load() {
+    fill(loadList(needs_.settings, kWatchedFoldersSection, needs_.regional));
+}
+
+void WatchedFolderList::show(const std::vector<std::string>& paths) {
+    std::vector<ListEntry> entries;
+    for (const std::string& path : paths)
+        entries.push_back({needs_.regional.lowerCase(path), path});
+    fill(std::move(entries));
+}
+
+void WatchedFolderList::fill(std::vector<ListEntry> entries) {
+    std::vector<ui::ListControl::Item> items;
+    paths_.clear();
+    for (ListEntry& entry : entries) {
+        items.push_back({std::move(entry.text), 0});
+        paths_.push_back(std::move(entry.path));
+    }
+    needs_.form.lstFolders.setItems(std::move(items));
+}
+
+void WatchedFolderList::save() {
+    std::vector<ListEntry> entries;
+    for (std::size_t i = 0; i < paths_.size(); ++i)
+        entries.push_back({needs_.form.lstFolders.items()[i].text, paths_[i]});
+    saveList(needs_.settings, kWatchedFoldersSection, entries, WithPaths::Yes, needs_.regional);
+}
+
+std::optional<std::string> WatchedFolderList::truePath(std::size_t index) const {
+    if (!paths_[index].empty())
+        return paths_[index];
+    return needs_.files.findWithoutCase(needs_.form.lstFolders.items()[index].text);
+}
+
+void WatchedFolderList::cmdAddFolder_Click() {
+    if (needs_.form.scanBusy)
+        return;
+    const std::string path = needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(43));
+    if (!path.empty() && paths_.size() < kMostEntries) {
+        paths_.push_back(path);
+        needs_.form.lstFolders.add({path, 0}); // in lower case from the next load on
+        save();
+    }
+    showHint();
+}
+
+void WatchedFolderList::cmdRemoveFolder_Click() {
+    ui::ListBox& list = needs_.form.lstFolders;
+    if (needs_.form.scanBusy || list.selected() == ui::ListControl::kNone)
+        return;
+    const auto& messages = needs_.speech.messages;
+    const std::string question =
+        messages.getMessage(20, {needs_.speech.phrases.getDude()}) + "\r\n\r\n" + list.selectedText();
+    const auto answer = needs_.speech.announcer.agentMsgBox(
+        question, box::kYesNo | box::kQuestion, messages.getMessage(21), companion::ForceBox::Yes);
+    if (answer == platform::Button::Yes) {
+        paths_.erase(paths_.begin() + list.selected());
+        list.remove(list.selected());
+        save();
+    }
+    showHint();
+    needs_.form.cmdRemoveFolder.setEnabled(list.selected() != ui::ListControl::kNone);
+}
+
+void WatchedFolderList::lstFolders_Click() {
+    if (needs_.form.scanBusy)
+        return;
+    ui::ListBox& list = needs_.form.lstFolders;
+    needs_.form.cmdRemoveFolder.setEnabled(list.selected() != ui::ListControl::kNone);
+    list.setToolTip(list.selectedText());
+}
+
+void WatchedFolderList::showHint() {
+    needs_.form.picAdd.setVisible(needs_.form.lstFolders.count() == 0);
+}
+
+} // namespace brovin::cleaner

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/character_service.h"
+
+#include <string>
+
+namespace brovin::companion {
+
+/// The character by name and, while it is loaded, in person. A request to nobody, and one that the service
+/// refuses, is lost without a word: a missing animation must not keep a message from the user.
+class Actor {
+public:
+    /// The chosen character's name, loaded or not.
+    std::string name;
+    /// Null while none is loaded.
+    platform::Character* character = nullptr;
+
+    [[nodiscard]] bool visible() const { return character != nullptr && character->visible(); }
+    void show() const {
+        if (character != nullptr)
+            character->show();
+    }
+    void hide() const {
+        if (character != nullptr)
+            character->hide();
+    }
+    void stop() const {
+        if (character != nullptr)
+            character->stop();
+    }
+    void play(const std::string& animation) const {
+        if (character != nullptr)
+            character->play(animation);
+    }
+    void speak(const std::string& text) const {
+        if (character != nullptr)
+            character->speak(text);
+    }
+    /// Makes it ready to perform: a hidden character appears, a visible one stops what it is doing.
+    void prepare() const {
+        if (visible())
+            stop();
+        else
+            show();
+    }
+};
+
+} // namespace brovin::companion

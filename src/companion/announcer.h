@@ -1,0 +1,43 @@
+#pragma once
+
+#include "companion/actor.h"
+#include "companion/phrase_engine.h"
+#include "platform/dialogs.h"
+#include "ui/frm_options.h"
+
+#include <string>
+#include <string_view>
+
+namespace brovin::companion {
+
+/// Whether a message box is shown in every case, because the answer is needed, or only when no character
+/// speaks.
+enum class ForceBox : bool { No, Yes };
+
+/// What a message box shows of a spoken text: the speech tags between backslashes are left out.
+[[nodiscard]] std::string withoutSpeechTags(std::string_view text);
+
+/// Brings every message to the user: the character speaks it, or a message box shows it, or both.
+class Announcer {
+public:
+    struct Needs {
+        const ui::FrmOptions& form;
+        const Actor& actor;
+        PhraseEngine& phrases;
+        platform::Dialogs& dialogs;
+    };
+    explicit Announcer(const Needs& needs) : needs_(needs) {}
+
+    /// Says the text, with an animation that goes with the style. The button of the message box when `force`
+    /// is given, else None.
+    platform::Button agentMsgBox(const std::string& text, platform::BoxStyle style, const std::string& title,
+                                 ForceBox force);
+
+private:
+    void perform(const std::string& text, platform::BoxStyle style, ForceBox force);
+    void playFrom(language::PhraseList animations);
+
+    Needs needs_;
+};
+
+} // namespace brovin::companion

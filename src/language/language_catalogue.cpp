@@ -1,0 +1,95 @@
+#include "language/language_catalogue.h"
+
+#include "language/language_file.h"
+#include "text/numbers.h"
+#include "text/strings.h"
+
+#include <charconv>
+
+namespace brovin::language {
+namespace {
+
+/// nullopt: not a number as a whole.
+std::optional<float> versionNumber(std::string_view value) {
+    value = text::trim(value);
+    float number = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+    if (error != std::errc() || end != value.data() + value.size() || !(number < 1e9F))
+        return std::nullopt;
+    return number;
+}
+
+/// The shortest text that reads back as the same number: "1.10" is kept as "1.1".
+std::string versionText(float number) {
+    std::string digits(48, '\0');
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    digits.resize(static_cast<std::size_t>(end - digits.data()));
+    return digits;
+}
+
+bool takePrefix(std::string_view& line, std::string_view prefix) {
+    if (!line.starts_with(prefix))
+        return false;
+    line.remove_prefix(prefix.size());
+    return true;
+}
+
+} // namespace
+
+std::optional<LanguageInfo> languageInfo(std::string_view bytes) {
+    LanguageInfo info;
+    float version = -1;
+    for (const std::string& raw : linesOf(bytes)) {
+        std::string_view line = text::trim(raw);
+        if (takePrefix(line, "language="))
+            info.name = line;
+        else if (takePrefix(line, "languageDesc="))
+            info.description = line;
+        else if (takePrefix(line, "langversion="))
+            version = versionNumber(line).value_or(version);
+        if (!info.name.empty() && !info.description.empty() && version >= 0) {
+            info.version = versionText(version);
+            return info;
+        }
+    }
+    return std::nullopt;
+}
+
+void LanguageCatalogue::buildLanguageCatalogue() {
+    langFiles.clear();
+    langVersions.clear();
+    langNames.clear();
+    std::vector<ui::ListControl::Item> items;
+    for (const std::string& file : folder_.list(".blp")) {
+        const auto bytes = folder_.read(file, kLargestFile);
+        const auto info = bytes ? languageInfo(*bytes) : std::nullopt;
+        if (!info)
+            continue;
+        const std::string name = info->name + " - " + info->description;
+        items.push_back({name + " v" + info->version, static_cast<int>(langFiles.size())});
+        langFiles.push_back(file);
+        langVersions.push_back(info->version);
+        langNames.push_back(name);
+    }
+    form_.lstLang.setItems(std::move(items));
+}
+
+std::size_t LanguageCatalogue::slotOf(int entry) const {
+    return static_cast<std::size_t>(form_.lstLang.items()[static_cast<std::size_t>(entry)].data);
+}
+
+std::optional<std::string> LanguageCatalogue::selectedFile() const {
+    const int selected = form_.lstLang.selected();
+    if (selected == ui::ListControl::kNone)
+        return std::nullopt;
+    return langFiles[slotOf(selected)];
+}
+
+std::optional<int> LanguageCatalogue::entryOf(std::string_view fileName) const {
+    for (int entry = 0; entry < form_.lstLang.count(); ++entry)
+        if (langFiles[slotOf(entry)] == fileName)
+            return entry;
+    return std::nullopt;
+}
+
+} // namespace brovin::language

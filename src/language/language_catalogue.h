@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/program_folder.h"
+#include "ui/frm_options.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brovin::language {
+
+/// What a language file says about itself in the lines "language=", "languageDesc=" and "langversion=".
+struct LanguageInfo {
+    std::string name;
+    std::string description;
+    std::string version; ///< decimal text of a single-precision number, 0 or more
+};
+
+/// nullopt: one of the three lines is missing, or the version is none.
+[[nodiscard]] std::optional<LanguageInfo> languageInfo(std::string_view bytes);
+
+/// The installed languages: one entry of `lstLang` for each usable file, with its slot as item data.
+class LanguageCatalogue {
+public:
+    LanguageCatalogue(ui::FrmOptions& form, platform::ProgramFolder& folder) : form_(form), folder_(folder) {}
+
+    /// Lists the files anew; nothing is selected then.
+    void buildLanguageCatalogue();
+
+    /// The file of the selected entry; nullopt when none is selected.
+    [[nodiscard]] std::optional<std::string> selectedFile() const;
+    /// The index in `lstLang` of the entry whose file has this very name; nullopt when there is none.
+    [[nodiscard]] std::optional<int> entryOf(std::string_view fileName) const;
+
+    // By slot.
+    std::vector<std::string> langFiles;
+    std::vector<std::string> langVersions;
+    std::vector<std::string> langNames; ///< name and description
+
+private:
+    [[nodiscard]] std::size_t slotOf(int entry) const;
+
+    ui::FrmOptions& form_;
+    platform::ProgramFolder& folder_;
+};
+
+} // namespace brovin::language

@@ -1,0 +1,70 @@
+#include "ui/main_window.h"
+
+namespace brovin::ui {
+
+bool MainWindow::imgTabs_Click(int tab) {
+    FrmOptions& form = needs_.form;
+    if (tab < 0 || static_cast<std::size_t>(tab) >= FrmOptions::kTabs)
+        return false;
+    const auto chosen = static_cast<std::size_t>(tab);
+    for (std::size_t i = 0; i < FrmOptions::kTabs; ++i) {
+        form.lblTabs[i].setBold(i == chosen);
+        form.lblTabs[i].setHighlighted(i == chosen);
+        if (i != chosen)
+            form.picTab[i].setVisible(false);
+    }
+    form.picTab[chosen].setVisible(true);
+    needs_.settings.write(app::setting::kTab, std::to_string(tab));
+    return true;
+}
+
+void MainWindow::imgTabs_MouseMove(std::size_t tab) {
+    needs_.form.imgTabs[tab].setPicture("img" + std::to_string(tab) + "d");
+}
+
+void MainWindow::resetPictures() {
+    for (std::size_t i = 0; i < FrmOptions::kTabs; ++i)
+        needs_.form.imgTabs[i].setPicture("img" + std::to_string(i));
+    needs_.form.cmdHelp.setPicture("help");
+    needs_.form.cmdExit.setPicture("close");
+}
+
+void MainWindow::trayMouse(TrayMouse event) {
+    if (event == TrayMouse::RightUp) {
+        needs_.shell.setForegroundWindow();
+        popUpMenu();
+        return;
+    }
+    mPopRestore_Click();
+}
+
+void MainWindow::mPopRestore_Click() {
+    needs_.form.window.setState(WindowState::Normal);
+    needs_.form.window.setVisible(true);
+    needs_.shell.setForegroundWindow();
+}
+
+void MainWindow::Form_Resize() {
+    if (needs_.form.window.state() == WindowState::Minimized)
+        needs_.form.window.setVisible(false);
+}
+
+void MainWindow::Form_Close() {
+    needs_.form.window.setVisible(false);
+}
+
+void MainWindow::cmdHelp_Click() {
+    open("brovin.chm");
+}
+void MainWindow::imgLogo_Click() {
+    open("kestrelworks.url");
+}
+void MainWindow::lblFeedback_Click() {
+    open("feedback.url");
+}
+
+void MainWindow::open(const char* document) {
+    needs_.shell.openDocument(needs_.folder.path(document));
+}
+
+} // namespace brovin::ui

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/settings.h"
+#include "platform/program_folder.h"
+#include "platform/shell.h"
+#include "ui/frm_options.h"
+
+#include <cstddef>
+
+namespace brovin::ui {
+
+/// A mouse event on the icon in the notification area, with the number under which the window hears of it.
+enum class TrayMouse { LeftUp = 514, LeftDoubleClick = 515, RightUp = 517 };
+
+/// How the options window behaves as a window: its tabs, the pictures under the mouse, the icon in the
+/// notification area, and the links to the help and the web.
+class MainWindow {
+public:
+    struct Needs {
+        FrmOptions& form;
+        app::Settings& settings;
+        platform::ProgramFolder& folder;
+        platform::Shell& shell;
+    };
+    explicit MainWindow(const Needs& needs) : needs_(needs) {}
+
+    /// The tray's menu shall pop up at the mouse.
+    Event<> popUpMenu;
+
+    /// Shows page `tab` and marks its tab. False: there is no such tab, and nothing happens.
+    bool imgTabs_Click(int tab);
+    void imgTabs_MouseMove(std::size_t tab);
+    void cmdHelp_MouseMove() { needs_.form.cmdHelp.setPicture("helpd"); }
+    void cmdExit_MouseMove() { needs_.form.cmdExit.setPicture("closed"); }
+    /// The mouse is over nothing that changes: all pictures take their normal form.
+    void resetPictures();
+
+    void trayMouse(TrayMouse event);
+    void mPopRestore_Click();
+    void Form_Resize();
+    /// Hides the window; the program goes on behind its icon.
+    void Form_Close();
+
+    void cmdHelp_Click();
+    void imgLogo_Click();
+    void lblFeedback_Click();
+
+private:
+    void open(const char* document);
+
+    Needs needs_;
+};
+
+} // namespace brovin::ui

@@ -1,0 +1,188 @@
+#include "app/program.h"
+
+#include "fakes/fake_machine.h"
+#include "fakes/test_language.h"
+
+#include <gtest/gtest.h>
+
+namespace brovin::app {
+namespace {
+
+using fakes::FakeMachine;
+using platform::Button;
+using std::chrono::hours;
+using std::chrono::minutes;
+
+/// The whole program on a machine in memory.
+struct World : FakeMachine {
+    World() {
+        folder.files["default.blp"] = fakes::testLanguage();
+        clock.time = std::chrono::local_days(std::chrono::year(2026) / 11 / 21) + hours(10) + minutes(5);
+    }
+    Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, registry, instance,
+                     scanLock, regional, clock, random, pump},
+                    {"Brovin", 2, 7, 106},
+                    "/opt/brovin"};
+    ui::FrmOptions& form = program.frmOptions();
+};
+
+TEST(Program, scansFromAnEmptyStoreToACleanFolder) {
+    World world;
+    world.files.addFile("/Share/Photos/Thumbs.DB", 6000);
+    world.files.addFile("/Share/Photos/beach.jpg", 90000);
+    world.files.addFile("/Share/Photos/Old/._beach.jpg", 100);
+    world.files.addFile("/Share/Icon\r", 50);
+    world.files.addFile("/Share/__MACOSX/junk", 20480);
+    world.files.addFile("/Elsewhere/Thumbs.DB", 1);
+
+    ASSERT_TRUE(world.program.Form_Load());
+    EXPECT_FALSE(world.form.window.visible()) << "it lives behind its icon";
+    EXPECT_TRUE(world.tray.shown);
+
+    world.dialogs.folders = {"/Share"};
+    world.form.cmdAddFolder.click();
+    world.dialogs.typed = {"Thumbs.db", "__macosx"};
+    world.form.cmdAddFile.click();
+    world.form.cmdAddFile.click();
+    world.form.cmdNuke.click();
+
+    EXPECT_EQ((std::vector<std::string>{"/Elsewhere", "/Elsewhere/Thumbs.DB", "/Share", "/Share/Photos",
+                                        "/Share/Photos/Old", "/Share/Photos/beach.jpg"}),
+              world.files.tree());
+    EXPECT_EQ((std::vector<std::string>{
+                  "------------------------------------------------",
+                  "m55(10:05:00,21 November 2026)",
+                  "m62(/Share/icon?,%2)",
+                  "m63(20,/Share/__macosx)",
+                  "m62(/Share/photos/thumbs.db,%2)",
+                  "m62(/Share/photos/old/._beach.jpg,%2)",
+                  "m56(4,33)",
+                  "m57(10:05:00,21 November 2026)",
+              }),
+              world.folder.lines("deletions.log"));
+    EXPECT_EQ("Brovin v2.7.106 - 4 (33 KB) nasties since 21 November 2026.", world.form.window.caption());
+    EXPECT_EQ("m15(4,, Fool)", world.dialogs.boxes.back().text);
+    EXPECT_EQ("Last scanned on 21 November 2026 10:05:00", world.tray.tips.back());
+
+    world.form.cmdNuke.click();
+    EXPECT_EQ("m17(, Fool,%2)", world.dialogs.boxes.back().text) << "a second scan finds nothing";
+    EXPECT_EQ("4", world.settings.setting("TotalNuked"));
+}
+
+TEST(Program, remembersItsListsAndOptionsOverARestart) {
+    World first;
+    first.files.addFolder("/Share");
+    ASSERT_TRUE(first.program.Form_Load());
+    first.dialogs.folders = {"/Share"};
+    first.form.cmdAddFolder.click();
+    first.dialogs.typed = {"Thumbs.db"};
+    first.form.cmdAddFile.click();
+    first.form.chkForce.setValue(0);
+    first.form.imgTabs[2].click();
+
+    World second;
+    second.settings.values = first.settings.values;
+    second.files.addFile("/Share/thumbs.db");
+    ASSERT_TRUE(second.program.Form_Load());
+    EXPECT_EQ("/share", second.form.lstFolders.items().at(0).text)
+        << "shown in lower case from the next load on";
+    EXPECT_FALSE(second.form.chkForce.checked());
+    EXPECT_TRUE(second.form.picTab[2].visible());
+    EXPECT_FALSE(second.form.picTab[0].visible());
+    second.form.cmdNuke.click();
+    EXPECT_EQ((std::vector<std::string>{"/Share/thumbs.db"}), second.files.deleted)
+        << "found by its true spelling";
+}
+
+TEST(Program, comesUpWithItsDefaultsOnAFirstStart) {
+    World world;
+    ASSERT_TRUE(world.program.Form_Load());
+    const ui::FrmOptions& form = world.form;
+    for (const ui::CheckBox* box : {&form.chkBackup, &form.chkCheck, &form.chkDotDash, &form.chkForce,
+                                    &form.chkIcon, &form.chkIgnoreErrors, &form.chkLog, &form.chkMsgBox,
+                                    &form.chkUpdate, &form.chkWord, &form.chkWordMsgBox})
+        EXPECT_TRUE(box->checked()) << box->name();
+    for (const ui::CheckBox* box : {&form.chkConfirm, &form.chkDude, &form.chkStartWindows})
+        EXPECT_FALSE(box->checked()) << box->name();
+    EXPECT_EQ("5", form.txtInterval.text());
+    EXPECT_TRUE(form.optDaily.value());
+    EXPECT_EQ("23:00", world.regional.shortTime(form.dtpBackup.value()));
+    EXPECT_EQ("09:15", world.regional.shortTime(form.dtpWord.value()));
+    EXPECT_EQ(25, form.speechFreq);
+    EXPECT_EQ("m42(%1,%2)", world.settings.setting("Reminder")) << "the first text is stored at once";
+    EXPECT_EQ(20, form.lastReminderDay);
+    EXPECT_TRUE(form.picAdd.visible());
+    EXPECT_TRUE(world.dialogs.boxes.empty());
+}
+
+TEST(Program, endsWithAWordWhenItCannotGoOn) {
+    World mute;
+    mute.folder.files.clear();
+    EXPECT_FALSE(mute.program.Form_Load());
+    ASSERT_EQ(1U, mute.dialogs.boxes.size());
+    EXPECT_NE("", mute.dialogs.boxes[0].text) << "no language, but not speechless";
+
+    World second;
+    second.instance.first = false;
+    EXPECT_FALSE(second.program.Form_Load());
+    ASSERT_EQ(1U, second.dialogs.boxes.size());
+    EXPECT_EQ("m40(, Fool,%2)", second.dialogs.boxes[0].text);
+    EXPECT_FALSE(second.tray.shown);
+}
+
+TEST(Program, asksWhetherToGoOnAfterAFailingStep) {
+    World world;
+    world.settings.set("Tab", "99");
+    world.dialogs.answers = {Button::Yes};
+    EXPECT_TRUE(world.program.Form_Load());
+    ASSERT_EQ(1U, world.dialogs.boxes.size());
+    EXPECT_TRUE(world.dialogs.boxes[0].title.starts_with("Error "));
+    EXPECT_TRUE(world.form.picTab[0].visible());
+
+    World cautious;
+    cautious.settings.set("Tab", "99");
+    cautious.dialogs.answers = {Button::No};
+    EXPECT_FALSE(cautious.program.Form_Load());
+    EXPECT_FALSE(cautious.tray.shown);
+}
+
+TEST(Program, showsItsWindowWhereThereIsNoNotificationArea) {
+    World world;
+    world.tray.present = false;
+    ASSERT_TRUE(world.program.Form_Load());
+    EXPECT_TRUE(world.form.window.visible());
+}
+
+TEST(Program, saysOnceThatSettingsCannotBeSaved) {
+    World world;
+    world.settings.refuses = true;
+    ASSERT_TRUE(world.program.Form_Load());
+    ASSERT_EQ(1U, world.dialogs.boxes.size());
+    EXPECT_NE(std::string::npos, world.dialogs.boxes[0].text.find("memory")) << "it says where";
+}
+
+TEST(Program, leavesOnlyWhenToldTo) {
+    World world;
+    ASSERT_TRUE(world.program.Form_Load());
+    world.dialogs.answers = {Button::No};
+    world.form.mPopExit.click();
+    EXPECT_FALSE(world.shell.ended);
+    world.form.window.setVisible(true);
+    world.form.window.close();
+    EXPECT_FALSE(world.form.window.visible());
+    EXPECT_FALSE(world.shell.ended);
+
+    world.form.scanBusy = true;
+    world.dialogs.answers = {Button::Yes};
+    world.form.cmdExit.click();
+    EXPECT_FALSE(world.shell.ended) << "a scan is never cut off";
+
+    world.form.scanBusy = false;
+    world.dialogs.answers = {Button::Yes};
+    world.form.cmdExit.click();
+    EXPECT_TRUE(world.shell.ended);
+    EXPECT_FALSE(world.tray.shown);
+}
+
+} // namespace
+} // namespace brovin::app

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/character_service.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace brovin::fakes {
+
+/// A character that writes down what it is asked to do. Show and Hide take effect at once.
+class FakeCharacter final : public platform::Character {
+public:
+    std::vector<std::string> requests; ///< "show", "play Wave", "speak Hello", in order
+    bool isVisible = false;
+    int x = 0;
+    int y = 0;
+
+    [[nodiscard]] bool visible() const override { return isVisible; }
+    [[nodiscard]] int left() const override { return x; }
+    [[nodiscard]] int top() const override { return y; }
+    [[nodiscard]] int width() const override { return 128; }
+    [[nodiscard]] int height() const override { return 128; }
+    void setLeft(int pixels) override { x = pixels; }
+    void setTop(int pixels) override { y = pixels; }
+    bool show() override {
+        isVisible = true;
+        return note("show");
+    }
+    bool hide() override {
+        isVisible = false;
+        return note("hide");
+    }
+    bool play(const std::string& animation) override { return note("play " + animation); }
+    bool speak(const std::string& text) override { return note("speak " + text); }
+    bool moveTo(int toX, int toY) override {
+        return note("moveTo " + std::to_string(toX) + " " + std::to_string(toY));
+    }
+    bool gestureAt(int atX, int atY) override {
+        return note("gestureAt " + std::to_string(atX) + " " + std::to_string(atY));
+    }
+    void stop() override { note("stop"); }
+    void stopAll() override { note("stopAll"); }
+    void setLanguageId(long id) override { note("languageId " + std::to_string(id)); }
+    void setTtsModeId(const std::string& id) override { note("ttsModeId " + id); }
+    [[nodiscard]] std::vector<std::string> animationNames() const override { return {"Wave", "Read"}; }
+
+private:
+    bool note(std::string request) {
+        requests.push_back(std::move(request));
+        return true;
+    }
+};
+
+/// Has the one character, under any name, unless it is absent.
+class FakeCharacterService final : public platform::CharacterService {
+public:
+    bool present = false;
+    FakeCharacter only;
+    std::vector<std::string> loaded;
+
+    [[nodiscard]] bool available() const override { return present; }
+    bool load(const std::string& id, const std::string& /*fileName*/) override {
+        if (present)
+            loaded.push_back(id);
+        return present;
+    }
+    void unload(const std::string& id) override { std::erase(loaded, id); }
+    [[nodiscard]] platform::Character* character(const std::string& id) override {
+        return std::find(loaded.begin(), loaded.end(), id) == loaded.end() ? nullptr : &only;
+    }
+};
+
+} // namespace brovin::fakes

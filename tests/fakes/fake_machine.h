@@ -1,0 +1,174 @@
+#pragma once
+
+#include "fakes/fake_character.h"
+#include "fakes/fake_dialogs.h"
+#include "fakes/fake_file_system.h"
+#include "fakes/fake_program_folder.h"
+#include "fakes/fake_regional.h"
+#include "fakes/fake_settings_store.h"
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/event_pump.h"
+#include "platform/notification_area.h"
+#include "platform/random.h"
+#include "platform/registry.h"
+#include "platform/scan_lock.h"
+#include "platform/shell.h"
+#include "platform/single_instance.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brovin::fakes {
+
+class FakeClipboard final : public platform::Clipboard {
+public:
+    std::vector<std::string> texts; ///< all that was set, in order
+    bool refuses = false;
+
+    [[nodiscard]] bool setText(const std::string& text) override {
+        if (!refuses)
+            texts.push_back(text);
+        return !refuses;
+    }
+};
+
+class FakeClock final : public platform::Clock {
+public:
+    platform::DateTime time{};
+
+    [[nodiscard]] platform::DateTime now() const override { return time; }
+};
+
+/// Draws what the test has laid ready, then 0 for ever.
+class FakeRandom final : public platform::Random {
+public:
+    std::deque<double> draws;
+    std::vector<std::uint64_t> seeds;
+
+    [[nodiscard]] double next() override {
+        if (draws.empty())
+            return 0;
+        const double first = draws.front();
+        draws.pop_front();
+        return first;
+    }
+    void seed(std::uint64_t value) override { seeds.push_back(value); }
+};
+
+/// Lets a test act as the user during a long job.
+class FakeEventPump final : public platform::EventPump {
+public:
+    std::function<void()> onPump;
+
+    void pump() override {
+        if (onPump)
+            onPump();
+    }
+};
+
+class FakeNotificationArea final : public platform::NotificationArea {
+public:
+    bool present = true;
+    bool shown = false;
+    std::vector<std::string> tips;
+
+    bool add(const std::string& tip) override {
+        shown = present;
+        tips.push_back(tip);
+        return present;
+    }
+    void setTip(const std::string& tip) override { tips.push_back(tip); }
+    void remove() override { shown = false; }
+};
+
+class FakeScanLock final : public platform::ScanLock {
+public:
+    bool heldElsewhere = false;
+    int holders = 0;
+
+    [[nodiscard]] std::unique_ptr<Hold> tryHold() override {
+        if (heldElsewhere || holders > 0)
+            return nullptr;
+        return std::make_unique<Counted>(holders);
+    }
+
+private:
+    class Counted final : public Hold {
+    public:
+        explicit Counted(int& holders) : holders_(holders) { ++holders_; }
+        Counted(const Counted&) = delete;
+        Counted& operator=(const Counted&) = delete;
+        ~Counted() override { --holders_; }
+
+    private:
+        int& holders_;
+    };
+};
+
+class FakeShell final : public platform::Shell {
+public:
+    std::vector<std::string> opened;
+    int foregrounds = 0;
+    bool ended = false;
+
+    bool openDocument(const std::string& path) override {
+        opened.push_back(path);
+        return true;
+    }
+    void setForegroundWindow() override { ++foregrounds; }
+    void endProgram() override { ended = true; }
+};
+
+class FakeSingleInstance final : public platform::SingleInstance {
+public:
+    bool first = true;
+
+    [[nodiscard]] bool isFirst() override { return first; }
+};
+
+class FakeRegistry final : public platform::Registry {
+public:
+    std::map<std::string, std::string> values; ///< by value name
+    bool refuses = false;
+
+    [[nodiscard]] std::optional<std::string> read(std::string_view /*keyPath*/,
+                                                  std::string_view valueName) override {
+        const auto found = values.find(std::string(valueName));
+        return found == values.end() ? std::nullopt : std::optional(found->second);
+    }
+    bool write(std::string_view /*keyPath*/, std::string_view valueName, const std::string& value) override {
+        if (!refuses)
+            values[std::string(valueName)] = value;
+        return !refuses;
+    }
+    bool remove(std::string_view /*keyPath*/, std::string_view valueName) override {
+        return !refuses && values.erase(std::string(valueName)) > 0;
+    }
+};
+
+/// A whole machine in memory.
+struct FakeMachine {
+    FakeSettingsStore settings;
+    FakeFileSystem files;
+    FakeProgramFolder folder;
+    FakeDialogs dialogs;
+    FakeShell shell;
+    FakeNotificationArea tray;
+    FakeClipboard clipboard;
+    FakeCharacterService characters;
+    FakeRegistry registry;
+    FakeSingleInstance instance;
+    FakeScanLock scanLock;
+    FakeRegional regional;
+    FakeClock clock;
+    FakeRandom random;
+    FakeEventPump pump;
+};
+
+} // namespace brovin::fakes
