@@ -82,7 +82,7 @@ struct Program::Rooms {
                               .regional = machine.regional}};
     cleaner::LogCommands logCommands{
         {speech, machine.folder, machine.shell, machine.clock, machine.regional}};
-    ui::MainWindow window{{form, settings, machine.folder, machine.shell}};
+    ui::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
     ScheduleOptions schedule{{form, settings, machine.regional}};
     RunKey runKey;
     ShutDown shutDown{{form, settings, speech, actor, machine.characters, machine.tray, machine.shell}};
@@ -180,6 +180,11 @@ void Program::Rooms::tieSchedule() {
     form.txtReminder.change = [this] { schedule.txtReminder_Change(); };
     form.dtpWord.change = [this] { schedule.dtpWord_Change(); };
     form.chkWord.click = [this] { schedule.chkWord_Click(); };
+    form.picSlide.change = [this] {
+        form.speechFreq = static_cast<std::int16_t>(form.picSlide.value());
+        if (!form.loading)
+            settings.write(setting::kSpeechFreq, std::to_string(form.speechFreq));
+    };
     form.txtInterval.change = [this] {
         schedule.txtInterval_Change();
         statistics.showLastScanned();
@@ -188,6 +193,10 @@ void Program::Rooms::tieSchedule() {
 
 void Program::Rooms::tieProgram() {
     form.lstLang.click = [this] { loader.lstLang_Click(); };
+    loader.loaded = [this] {
+        if (form.Timer1.enabled()) // running: what is on the screen shall change its language at once
+            statistics.showLastScanned();
+    };
     loader.quit = [this] {
         startUp.end();
         machine.shell.endProgram();
@@ -195,6 +204,7 @@ void Program::Rooms::tieProgram() {
     form.chkStartWindows.click = [this] { runKey.chkStartWindows_Click(); };
     form.cmdExit.click = [this] { shutDown.cmdExit_Click(); };
     form.mPopExit.click = [this] { shutDown.cmdExit_Click(); };
+    form.cmdUpdate.setEnabled(false); // this build cannot ask for updates
 }
 
 void Program::Rooms::tieWindow() {

@@ -30,11 +30,10 @@ void ScheduleOptions::chkBackup_Click() {
 void ScheduleOptions::refreshReminderControls() {
     ui::FrmOptions& form = needs_.form;
     const bool on = form.chkBackup.checked();
-    for (ui::Control* control :
-         {static_cast<ui::Control*>(&form.optWeekly), static_cast<ui::Control*>(&form.optDaily),
-          static_cast<ui::Control*>(&form.cmdSpeak), static_cast<ui::Control*>(&form.dtpBackup),
-          static_cast<ui::Control*>(&form.txtReminder), static_cast<ui::Control*>(&form.chkMsgBox)})
+    for (ui::Control* control : std::initializer_list<ui::Control*>{
+             &form.optWeekly, &form.optDaily, &form.dtpBackup, &form.txtReminder, &form.chkMsgBox})
         control->setEnabled(on);
+    form.cmdSpeak.setEnabled(on && form.chkAgent.enabled()); // only a character can try it out
 }
 
 void ScheduleOptions::txtReminder_Change() {

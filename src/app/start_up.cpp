@@ -149,6 +149,7 @@ Status StartUp::readSpeechFrequency() {
     if (!frequency)
         return kOverflow;
     needs_.form.speechFreq = *frequency;
+    needs_.form.picSlide.setValue(*frequency);
     return Done{};
 }
 
@@ -160,10 +161,7 @@ Status StartUp::restoreControls() {
     restore(form.chkWord, setting::kWord);
     restore(form.dtpWord, setting::kWordTime);
     needs_.schedule.dtpWord_Change();
-    if (needs_.characters)
-        restore(form.chkAgent, setting::kAgent);
-    else
-        form.chkAgent.setEnabled(false);
+    restoreCharacterSwitch();
     restore(form.chkBackup, setting::kBackup);
     restore(form.chkConfirm, setting::kConfirm);
     form.txtInterval.setText(needs_.settings.read(setting::kInterval));
@@ -180,6 +178,19 @@ Status StartUp::restoreControls() {
     restore(form.chkWordMsgBox, setting::kWordMsgBox);
     const auto tab = text::leadingInt16(needs_.settings.read(setting::kTab));
     return tab && needs_.window.imgTabs_Click(*tab) ? Status(Done{}) : Status(kInvalidValue);
+}
+
+/// Where no character can be shown, the switch stays off, and what is stored is kept for a machine that can.
+void StartUp::restoreCharacterSwitch() {
+    ui::FrmOptions& form = needs_.form;
+    if (needs_.characters) {
+        restore(form.chkAgent, setting::kAgent);
+        return;
+    }
+    for (ui::Control* control : std::initializer_list<ui::Control*>{
+             &form.chkAgent, &form.lstChars, &form.cmdCheckChars, &form.txtSay, &form.cmdSay, &form.lstAnims,
+             &form.cmdDo, &form.cmdRepeat, &form.cmdStop, &form.picSlide})
+        control->setEnabled(false);
 }
 
 void StartUp::restore(ui::CheckBox& box, const Setting& setting) {

@@ -74,6 +74,7 @@ private:
     platform::Status endLoading();
     platform::Status startTabFrame();
 
+    void restoreCharacterSwitch();
     void statement(const platform::Status& outcome);
     void restore(ui::CheckBox& box, const Setting& setting);
     void restore(ui::ComboBox& list, const Setting& setting);

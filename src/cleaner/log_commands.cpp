@@ -10,7 +10,10 @@ namespace box = platform::box;
 using companion::ForceBox;
 
 void LogCommands::cmdInspect_Click() {
-    needs_.shell.openDocument(needs_.folder.path(std::string(kLogFile)));
+    const std::string log = needs_.folder.path(std::string(kLogFile));
+    if (!needs_.shell.openDocument(log))
+        needs_.speech.announcer.agentMsgBox("The deletion log could not be opened:\r\n\r\n" + log,
+                                            box::kInformation, "", ForceBox::No);
 }
 
 void LogCommands::cmdEmpty_Click() {

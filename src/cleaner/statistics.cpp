@@ -60,7 +60,6 @@ void Statistics::updateStatistics() {
                                 " KB) nasties since " +
                                 needs_.settings.stored(setting::kTotalDate).value_or(today()) + ".";
     needs_.form.window.setCaption(numbers);
-    needs_.form.lblNumbers.setCaption(numbers);
 }
 
 void Statistics::reset(std::string since) {

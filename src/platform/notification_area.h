@@ -9,6 +9,9 @@ class NotificationArea {
 public:
     virtual ~NotificationArea() = default;
 
+    /// Whether this desktop has such an area at this moment.
+    [[nodiscard]] virtual bool available() const = 0;
+
     /// Shows the icon; where it is shown already, nothing happens. False: this desktop has no such area.
     virtual bool add(const std::string& tip) = 0;
 

@@ -14,8 +14,9 @@ locale_t unicode() {
     return tables;
 }
 
-char32_t lower(char32_t c) { return static_cast<char32_t>(towlower_l(static_cast<wint_t>(c), unicode())); }
-char32_t upper(char32_t c) { return static_cast<char32_t>(towupper_l(static_cast<wint_t>(c), unicode())); }
+char32_t upper(char32_t c) {
+    return static_cast<char32_t>(towupper_l(static_cast<wint_t>(c), unicode()));
+}
 
 template <class Map>
 std::string mapped(std::string_view bytes, Map map) {
@@ -34,12 +35,18 @@ std::string mapped(std::string_view bytes, Map map) {
 
 } // namespace
 
-std::string lowerCase(std::string_view text) { return mapped(text, lower); }
+char32_t lowerCase(char32_t character) {
+    return static_cast<char32_t>(towlower_l(static_cast<wint_t>(character), unicode()));
+}
+
+std::string lowerCase(std::string_view text) {
+    return mapped(text, [](char32_t c) { return lowerCase(c); });
+}
 
 std::string properCase(std::string_view text) {
     bool wordBegins = true;
     return mapped(text, [&wordBegins](char32_t c) {
-        const char32_t shown = wordBegins ? upper(c) : lower(c);
+        const char32_t shown = wordBegins ? upper(c) : lowerCase(c);
         wordBegins = c == U' ' || c == U'\t';
         return shown;
     });

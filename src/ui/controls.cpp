@@ -68,6 +68,11 @@ void ListControl::itemsChanged() {
     notify();
 }
 
+void Slider::setValue(int value) {
+    if (Control::change(value_, std::clamp(value, 0, maximum_)))
+        change();
+}
+
 void Picker::setValue(platform::DateTime value) {
     if (Control::change(value_, value))
         change();

@@ -174,6 +174,22 @@ private:
     std::string customFormat_ = "h:mm tt";
 };
 
+/// Chooses a whole number between 0 and a maximum.
+class Slider : public Control {
+public:
+    Slider(Form& form, std::string name, int maximum) : Control(form, std::move(name)), maximum_(maximum) {}
+    Event<> change;
+
+    [[nodiscard]] int maximum() const { return maximum_; }
+    [[nodiscard]] int value() const { return value_; }
+    /// Takes the nearer end for a value beyond it; fires the change when the value becomes another one.
+    void setValue(int value);
+
+private:
+    int maximum_;
+    int value_ = 0;
+};
+
 /// The line of text at the window's lower edge: its first panel.
 class StatusBar : public Control {
 public:

@@ -74,7 +74,7 @@ struct FrmOptions : Form {
     Label lblDudeSex{*this, "lblDudeSex"};
     ComboBox cmbDudeSex{*this, "cmbDudeSex"};
     Panel frmFreq{*this, "frmFreq"};
-    Image picSlide{*this, "picSlide"};
+    Slider picSlide{*this, "picSlide", 200};
     Label lblFreq{*this, "lblFreq"};
 
     // Page 4: speech
@@ -114,7 +114,7 @@ struct FrmOptions : Form {
     Image imgBrovin{*this, "imgBrovin"};
     Image imgLogo{*this, "imgLogo"};
     Label lblVersion{*this, "lblVersion"};
-    Label lblNumbers{*this, "lblNumbers"}; ///< the statistics, as in the window's title
+    Label lblNumbers{*this, "lblNumbers"}; ///< stands above the statistics
     Label lblFeedback{*this, "lblFeedback"};
 
     // The menu of the icon in the notification area

@@ -50,7 +50,7 @@ void MainWindow::Form_Resize() {
 }
 
 void MainWindow::Form_Close() {
-    needs_.form.window.setVisible(false);
+    needs_.form.window.setState(WindowState::Minimized);
 }
 
 void MainWindow::cmdHelp_Click() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/settings.h"
+#include "platform/notification_area.h"
 #include "platform/program_folder.h"
 #include "platform/shell.h"
 #include "ui/frm_options.h"
@@ -21,6 +22,7 @@ public:
         app::Settings& settings;
         platform::ProgramFolder& folder;
         platform::Shell& shell;
+        const platform::NotificationArea& tray;
     };
     explicit MainWindow(const Needs& needs) : needs_(needs) {}
 
@@ -38,7 +40,7 @@ public:
     void trayMouse(TrayMouse event);
     void mPopRestore_Click();
     void Form_Resize();
-    /// Hides the window; the program goes on behind its icon.
+    /// Hides the window like minimising it; the program goes on.
     void Form_Close();
 
     void cmdHelp_Click();

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <deque>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <set>
@@ -65,38 +66,38 @@ public:
 
     /// All paths that are there, sorted, without the root.
     [[nodiscard]] std::vector<std::string> tree() const {
-        std::vector<std::string> paths;
+        std::set<std::string> paths;
         for (const Item& item : items_)
-            paths.push_back(item.path);
-        std::sort(paths.begin(), paths.end());
-        paths.erase(paths.begin());
-        return paths;
+            paths.insert(item.path);
+        return {std::next(paths.begin()), paths.end()};
     }
 
     platform::Result<std::unique_ptr<platform::FolderWalk>> open(const std::string& path) override {
         const std::string plain = path.substr(0, path.find_last_not_of('/') + 1);
         if (!ask(FileOperation::Open, path))
             return failure(EACCES);
-        const Item* item = find(plain);
+        const Item* item = path.empty() ? nullptr : find(plain);
         if (item == nullptr || !item->isFolder())
             return failure(item == nullptr ? ENOENT : ENOTDIR);
         return std::unique_ptr<platform::FolderWalk>(std::make_unique<Walk>(*this, plain));
     }
 
     [[nodiscard]] std::optional<std::string> findWithoutCase(const std::string& loweredPath) override {
+        if (!loweredPath.starts_with('/'))
+            return std::nullopt;
         std::string found;
         for (const std::string_view name : text::split(loweredPath, '/')) {
             if (name.empty())
                 continue;
-            std::vector<std::string> fitting;
-            for (const Item& item : items_) {
-                if (item.isIn(found) && text::asciiLower(item.name()) == name)
-                    fitting.push_back(item.path);
-            }
-            const std::string exact = found + "/" + std::string(name);
-            if (find(exact) == nullptr && fitting.size() != 1)
+            const auto fits = [&](const Item& item) {
+                return item.isIn(found) && text::asciiLower(item.name()) == name;
+            };
+            const Item* item = find(found + "/" + std::string(name));
+            if (item == nullptr && std::count_if(items_.begin(), items_.end(), fits) == 1)
+                item = &*std::find_if(items_.begin(), items_.end(), fits);
+            if (item == nullptr)
                 return std::nullopt;
-            found = find(exact) != nullptr ? exact : fitting.front();
+            found = item->path;
         }
         return found.empty() ? "/" : found;
     }

@@ -78,6 +78,7 @@ public:
     bool shown = false;
     std::vector<std::string> tips;
 
+    [[nodiscard]] bool available() const override { return present; }
     bool add(const std::string& tip) override {
         shown = present;
         tips.push_back(tip);

@@ -1,0 +1,100 @@
+#include "desktop/desktop_program.h"
+
+#include "app/program.h"
+#include "desktop/absent_characters.h"
+#include "desktop/autostart_registry.h"
+#include "desktop/lock_file_instance.h"
+#include "desktop/options_window.h"
+#include "desktop/pictures.h"
+#include "desktop/qt_dialogs.h"
+#include "desktop/qt_regional.h"
+#include "desktop/qt_settings_store.h"
+#include "desktop/qt_shell.h"
+#include "desktop/timer_binding.h"
+#include "desktop/tray_icon.h"
+#include "posix/disk_program_folder.h"
+#include "posix/flock_scan_lock.h"
+#include "posix/posix_file_system.h"
+#include "posix/standard_random.h"
+#include "posix/system_clock.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+namespace brovin::desktop {
+namespace {
+
+std::string bytesOf(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+/// The machine beneath, on a Linux desktop.
+struct DesktopMachine {
+    explicit DesktopMachine(const Places& places)
+        : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
+          registry(places.autostartFolder), instance(places.settingsFolder + QStringLiteral("/running.lock")),
+          scanLock(bytesOf(places.settingsFolder)) {}
+
+    QtSettingsStore settings;
+    posix::PosixFileSystem files;
+    posix::DiskProgramFolder folder;
+    QtDialogs dialogs;
+    QtShell shell;
+    TrayIcon tray;
+    QtClipboard clipboard;
+    AbsentCharacters characters;
+    AutostartRegistry registry;
+    LockFileInstance instance;
+    posix::FlockScanLock scanLock;
+    QtRegional regional;
+    posix::SystemClock clock;
+    posix::StandardRandom random;
+    QtEventPump pump;
+
+    [[nodiscard]] app::Machine pieces() {
+        return {settings, files,    folder,   dialogs,  shell, tray,   clipboard, characters,
+                registry, instance, scanLock, regional, clock, random, pump};
+    }
+};
+
+void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings) {
+    if (settings.damagedCopy().isEmpty())
+        return;
+    dialogs.messageBox("Some lines of your settings file cannot be read. What can be read is used; a copy of "
+                       "the file as it was is kept in\r\n\r\n" +
+                           settings.damagedCopy().toStdString(),
+                       platform::box::kExclamation, "");
+}
+
+} // namespace
+
+int runOnDesktop(QApplication& application, const Places& places, const app::ProgramInfo& info) {
+    application.setQuitOnLastWindowClosed(false);
+    application.setWindowIcon(programIcon());
+    QDir().mkpath(places.settingsFolder);
+
+    DesktopMachine machine(places);
+    app::Program program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath()));
+    ui::FrmOptions& form = program.frmOptions();
+    form.imgBrovin.setPicture("imgBrovin");
+    form.imgLogo.setPicture("imgLogo");
+    form.picAdd.setPicture("picAdd");
+
+    OptionsWindow window(form);
+    machine.dialogs.setOwner(&window);
+    machine.shell.setWindow(&window);
+    machine.shell.ending = [&window] { window.letGo(); };
+    const auto busy = [&machine] { return machine.dialogs.open(); };
+    machine.tray.tie(form, program.mainWindow(), busy);
+    const TimerBinding tick(form.Timer1, busy);
+
+    tellOfDamage(machine.dialogs, machine.settings);
+    if (!program.Form_Load())
+        return 0;
+    const int status = QApplication::exec();
+    machine.dialogs.setOwner(nullptr);
+    return status;
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,117 @@
+#include "desktop/options_window.h"
+
+#include "desktop/bindings.h"
+#include "desktop/hover_button.h"
+#include "desktop/pages/pages.h"
+#include "desktop/pictures.h"
+#include "desktop/status_line.h"
+#include "desktop/tab_button.h"
+#include "desktop/text.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QScreen>
+#include <QStackedWidget>
+
+namespace brovin::desktop {
+namespace {
+
+using MakePage = QWidget* (*)(ui::FrmOptions&, QWidget*);
+constexpr MakePage kPages[ui::FrmOptions::kTabs] = {
+    makeFoldersPage, makeNastyFilesPage, makeScanningPage, makeCharacterPage,
+    makeSpeechPage,  makeRemindersPage,  makeProgramPage,  makeAboutPage,
+};
+
+} // namespace
+
+OptionsWindow::OptionsWindow(ui::FrmOptions& form) : form_(form) {
+    setObjectName(qt(form.window.name()));
+    setWindowIcon(programIcon());
+    auto* layout = new QVBoxLayout(this);
+    auto* upper = new QHBoxLayout;
+    upper->addWidget(makeTabs());
+    upper->addWidget(makePages(), 1);
+    layout->addLayout(upper, 1);
+    layout->addLayout(makeBottom());
+    followWindow();
+    form.window.observe([shown = QPointer<OptionsWindow>(this)] {
+        if (shown)
+            shown->followWindow();
+    });
+}
+
+QWidget* OptionsWindow::makeTabs() {
+    auto* column = new QWidget(this);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    for (std::size_t i = 0; i < ui::FrmOptions::kTabs; ++i)
+        layout->addWidget(new TabButton(form_, i, column));
+    layout->addStretch();
+    return column;
+}
+
+QWidget* OptionsWindow::makePages() {
+    auto* frame = new QFrame(this);
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* layout = new QVBoxLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* pages = new QStackedWidget(frame);
+    layout->addWidget(pages);
+    for (std::size_t i = 0; i < ui::FrmOptions::kTabs; ++i) {
+        QWidget* page = kPages[i](form_, pages);
+        page->setObjectName(qt(form_.picTab[i].name()));
+        pages->addWidget(page);
+        const auto show = [stack = QPointer<QStackedWidget>(pages), &panel = form_.picTab[i], i] {
+            if (stack && panel.visible())
+                stack->setCurrentIndex(static_cast<int>(i));
+        };
+        show();
+        form_.picTab[i].observe(show);
+    }
+    return frame;
+}
+
+QLayout* OptionsWindow::makeBottom() {
+    auto* layout = new QHBoxLayout;
+    layout->addWidget(new StatusLine(form_.sbStatus, this), 1);
+    layout->addWidget(new HoverButton(form_.cmdHelp, form_.window, this));
+    layout->addWidget(new HoverButton(form_.cmdExit, form_.window, this));
+    return layout;
+}
+
+void OptionsWindow::followWindow() {
+    setWindowTitle(qt(form_.window.caption()));
+    if (!form_.window.visible())
+        hide();
+    else if (isHidden() || (isMinimized() && form_.window.state() == ui::WindowState::Normal))
+        showOnScreen();
+}
+
+void OptionsWindow::showOnScreen() {
+    if (!placed_) {
+        const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+        resize(sizeHint().expandedTo({680, 0}).boundedTo(room.size()));
+        move(room.center() - rect().center());
+        placed_ = true;
+    }
+    showNormal();
+}
+
+void OptionsWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        form_.window.setState(isMinimized() ? ui::WindowState::Minimized : ui::WindowState::Normal);
+}
+
+void OptionsWindow::closeEvent(QCloseEvent* event) {
+    if (lettingGo_)
+        return;
+    event->ignore();
+    form_.window.close();
+}
+
+} // namespace brovin::desktop

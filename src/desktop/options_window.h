@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ui/frm_options.h"
+
+#include <QWidget>
+
+class QStackedWidget;
+class QVBoxLayout;
+
+namespace brovin::desktop {
+
+/// The options window: the tabs at the left, the chosen page beside them, status, help and exit below.
+class OptionsWindow final : public QWidget {
+    Q_OBJECT
+public:
+    explicit OptionsWindow(ui::FrmOptions& form);
+
+    /// Lets the window go without asking the program, which is ending.
+    void letGo() { lettingGo_ = true; }
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* makeTabs();
+    [[nodiscard]] QWidget* makePages();
+    [[nodiscard]] QLayout* makeBottom();
+    void followWindow();
+    void showOnScreen();
+
+    ui::FrmOptions& form_;
+    bool placed_ = false;
+    bool lettingGo_ = false;
+};
+
+} // namespace brovin::desktop

@@ -1,0 +1,56 @@
+#include "desktop/pages/pages.h"
+#include "desktop/pages/parts.h"
+#include "desktop/picture_label.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStackedLayout>
+
+namespace brovin::desktop {
+namespace {
+
+/// The list, with the hint over its lower corner while it is empty.
+QLayout* listWithHint(QListWidget* list, ui::FrmOptions& form) {
+    auto* hint = new PictureLabel(form.picAdd, 72, list->viewport());
+    hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* over = new QVBoxLayout(list->viewport());
+    over->addWidget(hint, 0, Qt::AlignLeft | Qt::AlignBottom); // its arrow points at the button below
+    auto* layout = new QVBoxLayout;
+    layout->addWidget(list);
+    return layout;
+}
+
+/// "Scan by myself every [5] hours", in a line that every language can fill in its own way.
+QHBoxLayout* intervalRow(ui::FrmOptions& form, QWidget* page) {
+    auto* interval = bound<QLineEdit>(form.txtInterval, page);
+    interval->setAlignment(Qt::AlignRight);
+    interval->setMaxLength(6);
+    interval->setFixedWidth(interval->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12);
+    return row({bound<QCheckBox>(form.chkCheck, page), interval, bound<QLabel>(form.lblHours, page)});
+}
+
+} // namespace
+
+QWidget* makeFoldersPage(ui::FrmOptions& form, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* layout = new QVBoxLayout(page);
+    auto* list = bound<QListWidget>(form.lstFolders, page);
+    list->setTextElideMode(Qt::ElideMiddle);
+    layout->addWidget(labelFor(list, form.lblFolders, page));
+    layout->addLayout(listWithHint(list, form), 1);
+    layout->addLayout(
+        row({bound<QPushButton>(form.cmdAddFolder, page), bound<QPushButton>(form.cmdRemoveFolder, page)}));
+    layout->addLayout(intervalRow(form, page));
+    auto* scan = bound<QPushButton>(form.cmdNuke, page);
+    QFont large = scan->font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    large.setBold(true);
+    scan->setFont(large);
+    scan->setMinimumHeight(scan->sizeHint().height() + 12);
+    layout->addWidget(scan);
+    return page;
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,23 @@
+#include "desktop/pages/pages.h"
+#include "desktop/pages/parts.h"
+
+#include <QCheckBox>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace brovin::desktop {
+
+QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* layout = new QVBoxLayout(page);
+    auto* list = bound<QListWidget>(form.lstFiles, page);
+    layout->addWidget(labelFor(list, form.lblFiles, page));
+    layout->addWidget(list, 1);
+    layout->addLayout(
+        row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page)}));
+    layout->addWidget(bound<QCheckBox>(form.chkDotDash, page));
+    layout->addWidget(bound<QCheckBox>(form.chkIcon, page));
+    return page;
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,23 @@
+#include "desktop/pages/pages.h"
+#include "desktop/pages/parts.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace brovin::desktop {
+
+QWidget* makeProgramPage(ui::FrmOptions& form, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* layout = new QVBoxLayout(page);
+    auto* languages = bound<QListWidget>(form.lstLang, page);
+    layout->addWidget(labelFor(languages, form.lblLang, page));
+    layout->addWidget(languages, 1);
+    layout->addWidget(bound<QCheckBox>(form.chkStartWindows, page));
+    layout->addLayout(row({bound<QCheckBox>(form.chkUpdate, page), bound<QComboBox>(form.cmbCheck, page)}));
+    layout->addLayout(row({bound<QPushButton>(form.cmdUpdate, page)}));
+    return page;
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,113 @@
+#include "desktop/qt_dialogs.h"
+
+#include "desktop/text.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+
+namespace brovin::desktop {
+namespace {
+
+namespace box = platform::box;
+using platform::Button;
+
+/// Counts an open dialog for as long as it lives.
+class Opening {
+public:
+    explicit Opening(int& count) : count_(count) { ++count_; }
+    ~Opening() { --count_; }
+    Opening(const Opening&) = delete;
+    Opening& operator=(const Opening&) = delete;
+
+private:
+    int& count_;
+};
+
+QMessageBox::Icon iconOf(platform::BoxStyle style) {
+    switch (style & box::kIcons) {
+    case box::kCritical:
+        return QMessageBox::Critical;
+    case box::kQuestion:
+        return QMessageBox::Question;
+    case box::kExclamation:
+        return QMessageBox::Warning;
+    case box::kInformation:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+QMessageBox::StandardButtons buttonsOf(platform::BoxStyle style) {
+    switch (style & box::kButtons) {
+    case box::kYesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case box::kOkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    default:
+        return QMessageBox::Ok;
+    }
+}
+
+Button answerOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Button::Yes;
+    case QMessageBox::No:
+        return Button::No;
+    case QMessageBox::Cancel:
+        return Button::Cancel;
+    default:
+        return Button::Ok;
+    }
+}
+
+QString titleOf(const std::string& title) {
+    return title.empty() ? QApplication::applicationName() : qtLines(title);
+}
+
+} // namespace
+
+QWidget* QtDialogs::visibleOwner() const {
+    return owner_ != nullptr && owner_->isVisible() ? owner_ : nullptr;
+}
+
+Button QtDialogs::messageBox(const std::string& text, platform::BoxStyle style, const std::string& title) {
+    const Opening opening(open_);
+    QMessageBox message(iconOf(style), titleOf(title), qtLines(text), buttonsOf(style), visibleOwner());
+    message.setTextFormat(Qt::PlainText); // a file's name may look like markup
+    message.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    message.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if ((style & box::kButtons) == box::kYesNo)
+        message.setEscapeButton(QMessageBox::No);
+    if ((style & box::kButtons) != box::kOk && (style & box::kIcons) == box::kExclamation)
+        message.setDefaultButton((style & box::kButtons) == box::kYesNo ? QMessageBox::No
+                                                                        : QMessageBox::Cancel);
+    return answerOf(message.exec());
+}
+
+std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,
+                                               const std::string& text) {
+    const Opening opening(open_);
+    QInputDialog input(visibleOwner());
+    input.setWindowTitle(titleOf(title));
+    input.setLabelText(qtLines(prompt));
+    for (QLabel* label : input.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    input.setTextValue(qt(text));
+    if (input.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return input.textValue().toStdString();
+}
+
+std::string QtDialogs::browseForFolder(const std::string& prompt) {
+    const Opening opening(open_);
+    const QString folder = QFileDialog::getExistingDirectory(visibleOwner(), qtLines(prompt));
+    return QFile::encodeName(folder).toStdString();
+}
+
+} // namespace brovin::desktop

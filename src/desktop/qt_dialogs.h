@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+class QWidget;
+
+namespace brovin::desktop {
+
+/// Message boxes, the input box and the folder picker, in front of the options window.
+class QtDialogs final : public platform::Dialogs {
+public:
+    /// The window that owns the boxes while it is visible; null: none.
+    void setOwner(QWidget* owner) { owner_ = owner; }
+
+    /// Whether one of them is open: the program waits for the answer, and other events wait for the program.
+    [[nodiscard]] bool open() const { return open_ > 0; }
+
+    platform::Button messageBox(const std::string& text, platform::BoxStyle style,
+                                const std::string& title) override;
+    std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& text) override;
+    std::string browseForFolder(const std::string& prompt) override;
+
+private:
+    [[nodiscard]] QWidget* visibleOwner() const;
+
+    QWidget* owner_ = nullptr;
+    int open_ = 0;
+};
+
+} // namespace brovin::desktop

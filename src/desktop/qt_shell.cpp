@@ -1,0 +1,62 @@
+#include "desktop/qt_shell.h"
+
+#include "desktop/text.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFile>
+#include <QSettings>
+#include <QUrl>
+#include <QWidget>
+
+namespace brovin::desktop {
+namespace {
+
+/// Where an internet shortcut leads: the URL in its section "InternetShortcut".
+QUrl shortcutTarget(const QString& path) {
+    const QSettings shortcut(path, QSettings::IniFormat);
+    const QUrl target(shortcut.value(QStringLiteral("InternetShortcut/URL")).toString());
+    const bool web = target.scheme() == QLatin1String("https") || target.scheme() == QLatin1String("http");
+    return web ? target : QUrl();
+}
+
+} // namespace
+
+bool QtShell::openDocument(const std::string& path) {
+    const QString file = QFile::decodeName(QByteArray::fromStdString(path));
+    if (!QFile::exists(file))
+        return false;
+    const bool shortcut = file.endsWith(QLatin1String(".url"), Qt::CaseInsensitive);
+    const QUrl target = shortcut ? shortcutTarget(file) : QUrl::fromLocalFile(file);
+    return target.isValid() && QDesktopServices::openUrl(target);
+}
+
+void QtShell::setForegroundWindow() {
+    if (window_ == nullptr || !window_->isVisible())
+        return;
+    window_->raise();
+    window_->activateWindow();
+}
+
+void QtShell::endProgram() {
+    if (ending)
+        ending();
+    QMetaObject::invokeMethod(
+        qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+}
+
+bool QtClipboard::setText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(qtLines(text));
+    return true;
+}
+
+void QtEventPump::pump() {
+    constexpr qint64 kEvery = 10; // milliseconds: smooth for an eye, nothing for a processor
+    if (!sinceLast_.hasExpired(kEvery))
+        return;
+    QCoreApplication::processEvents();
+    sinceLast_.restart();
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/clipboard.h"
+#include "platform/event_pump.h"
+#include "platform/shell.h"
+
+#include <QElapsedTimer>
+
+#include <functional>
+
+class QWidget;
+
+namespace brovin::desktop {
+
+class QtShell final : public platform::Shell {
+public:
+    void setWindow(QWidget* window) { window_ = window; }
+    /// Called when the program ends, before the event loop does.
+    std::function<void()> ending;
+
+    bool openDocument(const std::string& path) override;
+    void setForegroundWindow() override;
+    void endProgram() override;
+
+private:
+    QWidget* window_ = nullptr;
+};
+
+class QtClipboard final : public platform::Clipboard {
+public:
+    [[nodiscard]] bool setText(const std::string& text) override;
+};
+
+/// Handles pending events when some milliseconds have passed since the last time.
+class QtEventPump final : public platform::EventPump {
+public:
+    QtEventPump() { sinceLast_.start(); }
+    void pump() override;
+
+private:
+    QElapsedTimer sinceLast_;
+};
+
+} // namespace brovin::desktop

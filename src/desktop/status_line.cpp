@@ -1,0 +1,37 @@
+#include "desktop/status_line.h"
+
+#include "desktop/bindings.h"
+#include "desktop/text.h"
+
+#include <QPointer>
+
+namespace brovin::desktop {
+namespace {
+constexpr int kShowEvery = 40; ///< milliseconds
+}
+
+StatusLine::StatusLine(ui::StatusBar& control, QWidget* parent) : QLabel(parent), control_(control) {
+    bindCommon(this, control);
+    setTextFormat(Qt::PlainText);
+    pending_.setSingleShot(true);
+    pending_.setInterval(kShowEvery);
+    connect(&pending_, &QTimer::timeout, this, &StatusLine::showText);
+    control.observe([shown = QPointer<StatusLine>(this)] {
+        if (shown && !shown->pending_.isActive())
+            shown->pending_.start();
+    });
+    showText();
+}
+
+void StatusLine::showText() {
+    const QString text = qtLines(control_.panel()).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    setText(fontMetrics().elidedText(text, Qt::ElideMiddle, width()));
+    setToolTip(plainToolTip(control_.panel()));
+}
+
+void StatusLine::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    showText();
+}
+
+} // namespace brovin::desktop

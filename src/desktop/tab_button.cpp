@@ -1,0 +1,83 @@
+#include "desktop/tab_button.h"
+
+#include "desktop/bindings.h"
+#include "desktop/pictures.h"
+#include "desktop/text.h"
+
+#include <QPainter>
+#include <QPointer>
+#include <QStyleOptionFocusRect>
+
+namespace brovin::desktop {
+namespace {
+
+constexpr int kPicture = 40; ///< height and width of the picture
+constexpr int kMargin = 5;
+
+} // namespace
+
+TabButton::TabButton(ui::FrmOptions& form, std::size_t tab, QWidget* parent)
+    : QAbstractButton(parent), form_(form), image_(form.imgTabs[tab]), label_(form.lblTabs[tab]) {
+    bindCommon(this, image_);
+    setFocusPolicy(Qt::StrongFocus);
+    setCheckable(true);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    const auto follow = [shown = QPointer<TabButton>(this)] {
+        if (!shown)
+            return;
+        shown->setChecked(shown->label_.highlighted());
+        shown->setText(qt(shown->label_.caption()));
+        shown->updateGeometry();
+        shown->update();
+    };
+    follow();
+    image_.observe(follow);
+    label_.observe(follow);
+    connect(this, &QAbstractButton::clicked, [this] { image_.click(); });
+}
+
+QFont TabButton::captionFont() const {
+    QFont bold = font();
+    bold.setBold(label_.bold());
+    return bold;
+}
+
+QSize TabButton::sizeHint() const {
+    QFont widest = font();
+    widest.setBold(true); // so that the column keeps its width whichever tab is chosen
+    const QFontMetrics metrics(widest);
+    return {std::max(kPicture, metrics.horizontalAdvance(text())) + 2 * kMargin + 6,
+            kPicture + metrics.height() + 2 * kMargin};
+}
+
+void TabButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (label_.highlighted()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().highlight());
+        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 6, 6);
+    }
+    const QPixmap drawn = picture(qt(image_.picture()), kPicture, devicePixelRatioF());
+    painter.drawPixmap((width() - kPicture) / 2, kMargin, drawn);
+    painter.setFont(captionFont());
+    painter.setPen(palette().color(label_.highlighted() ? QPalette::HighlightedText : QPalette::WindowText));
+    painter.drawText(rect().adjusted(0, kPicture + kMargin, 0, -2), Qt::AlignHCenter | Qt::AlignVCenter,
+                     text());
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = rect().adjusted(2, 2, -2, -2);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+}
+
+void TabButton::enterEvent(QEnterEvent* /*event*/) {
+    image_.mouseMove();
+}
+
+void TabButton::leaveEvent(QEvent* /*event*/) {
+    form_.window.mouseMove();
+}
+
+} // namespace brovin::desktop

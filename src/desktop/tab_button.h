@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/frm_options.h"
+
+#include <QAbstractButton>
+
+namespace brovin::desktop {
+
+/// One of the tabs at the window's left: its picture with its caption below.
+class TabButton final : public QAbstractButton {
+    Q_OBJECT
+public:
+    TabButton(ui::FrmOptions& form, std::size_t tab, QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] QFont captionFont() const;
+
+    ui::FrmOptions& form_;
+    ui::Image& image_;
+    ui::Label& label_;
+};
+
+} // namespace brovin::desktop

@@ -1,0 +1,36 @@
+#include "desktop/timer_binding.h"
+
+#include <chrono>
+#include <utility>
+
+namespace brovin::desktop {
+namespace {
+constexpr std::chrono::milliseconds kAskAgain{250}; ///< whether a held tick can be let go
+}
+
+TimerBinding::TimerBinding(ui::Timer& control, std::function<bool()> busy)
+    : control_(control), busy_(std::move(busy)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { fire(); });
+    control.observe([this] { follow(); });
+    follow();
+}
+
+void TimerBinding::follow() {
+    const bool runs = control_.enabled() && control_.interval().count() > 0;
+    if (!runs)
+        timer_.stop();
+    else if (!timer_.isActive() || timer_.intervalAsDuration() != control_.interval())
+        timer_.start(control_.interval());
+}
+
+void TimerBinding::fire() {
+    if (busy_()) {
+        timer_.start(kAskAgain);
+        return;
+    }
+    if (timer_.intervalAsDuration() != control_.interval())
+        timer_.start(control_.interval());
+    control_.tick();
+}
+
+} // namespace brovin::desktop

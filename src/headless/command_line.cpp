@@ -1,0 +1,101 @@
+#include "headless/command_line.h"
+
+#include <algorithm>
+
+namespace brovin::headless {
+namespace {
+
+/// One option: a switch, or, with `take`, an option that wants a value.
+struct Option {
+    std::string_view name;
+    bool CommandLine::*flag = nullptr;
+    bool ScanOptions::*scanFlag = nullptr;
+    std::string CommandLine::*text = nullptr;
+    std::vector<std::string> ScanOptions::*list = nullptr;
+
+    [[nodiscard]] bool wantsValue() const { return text != nullptr || list != nullptr; }
+    [[nodiscard]] bool belongsToScan() const { return scanFlag != nullptr || list != nullptr; }
+};
+
+constexpr Option kOptions[] = {
+    {.name = "--help", .flag = &CommandLine::help},
+    {.name = "--version", .flag = &CommandLine::version},
+    {.name = "--scan", .flag = &CommandLine::scan},
+    {.name = "--dry-run", .scanFlag = &ScanOptions::dryRun},
+    {.name = "--json", .scanFlag = &ScanOptions::json},
+    {.name = "--folder", .list = &ScanOptions::folders},
+    {.name = "--nasty", .list = &ScanOptions::nasty},
+    {.name = "--program-folder", .text = &CommandLine::programFolder},
+    {.name = "--update-server", .text = &CommandLine::updateServer},
+};
+
+void apply(const Option& option, std::string_view value, CommandLine& line) {
+    if (option.flag != nullptr)
+        line.*option.flag = true;
+    if (option.scanFlag != nullptr)
+        line.scanOptions.*option.scanFlag = true;
+    if (option.text != nullptr)
+        line.*option.text = value;
+    if (option.list != nullptr)
+        (line.scanOptions.*option.list).emplace_back(value);
+}
+
+/// A value that could not do what was asked is refused before anything is touched.
+std::string problemOf(const CommandLine& line, std::string_view scanOnly) {
+    if (!scanOnly.empty() && !line.scan)
+        return std::string(scanOnly) + " goes with --scan";
+    for (const std::string& name : line.scanOptions.nasty)
+        if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos)
+            return "--nasty wants the bare name of a file or folder, not \"" + name + "\"";
+    return {};
+}
+
+} // namespace
+
+CommandLine parseCommandLine(std::span<const std::string_view> arguments) {
+    CommandLine line;
+    std::string_view scanOnly;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        const std::size_t equals = argument.find('=');
+        const std::string_view name = argument.substr(0, equals);
+        const auto* option = std::find_if(std::begin(kOptions), std::end(kOptions),
+                                          [name](const Option& known) { return known.name == name; });
+        if (option == std::end(kOptions) || (equals != std::string_view::npos && !option->wantsValue())) {
+            line.problem = "unknown option " + std::string(argument);
+            return line;
+        }
+        std::string_view value = equals == std::string_view::npos ? "" : argument.substr(equals + 1);
+        if (option->wantsValue() && equals == std::string_view::npos && i + 1 < arguments.size())
+            value = arguments[++i];
+        if (option->wantsValue() && value.empty()) {
+            line.problem = std::string(name) + " wants a value";
+            return line;
+        }
+        if (option->belongsToScan())
+            scanOnly = option->name;
+        apply(*option, value, line);
+    }
+    line.problem = problemOf(line, scanOnly);
+    return line;
+}
+
+std::string_view usage() {
+    return R"(Usage: brovin [OPTION]...
+The desktop companion and file cleaner. Without options it starts hidden behind its icon in the notification area.
+
+  --scan                 scan the watched folders once, without a display; the result goes to standard output
+    --dry-run            say what would be deleted, and delete, log and count nothing
+    --json               one JSON object per deletion and a summary
+    --folder DIR         sweep DIR instead of the watched folders (may be repeated)
+    --nasty NAME         delete NAME instead of the names on the Nasty File List (may be repeated)
+  --program-folder DIR   language files, pictures and the deletion log are in DIR
+  --update-server URL    ask there for updates
+  --help                 show this help
+  --version              show the version
+
+Exit status of --scan: 0 done, 1 some deletions failed, 2 bad usage, 3 another scan is running, 4 nothing to scan.
+)";
+}
+
+} // namespace brovin::headless

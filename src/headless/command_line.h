@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brovin::headless {
+
+/// What a scan from the command line is asked to do.
+struct ScanOptions {
+    bool dryRun = false;
+    bool json = false;
+    std::vector<std::string> folders; ///< instead of the Watched Folder List; empty: the list
+    std::vector<std::string> nasty;   ///< instead of the Nasty File List; empty: the list
+};
+
+struct CommandLine {
+    bool help = false;
+    bool version = false;
+    bool scan = false;
+    ScanOptions scanOptions;
+    std::string programFolder; ///< empty: the usual one
+    std::string updateServer;  ///< empty: the one of the build
+    std::string problem;       ///< what is wrong with it; empty: nothing
+};
+
+/// Takes the arguments behind the program's name. "--option VALUE" and "--option=VALUE" both serve.
+[[nodiscard]] CommandLine parseCommandLine(std::span<const std::string_view> arguments);
+
+/// What "--help" prints.
+[[nodiscard]] std::string_view usage();
+
+} // namespace brovin::headless

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/clipboard.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "platform/notification_area.h"
+#include "platform/shell.h"
+
+#include <iosfwd>
+
+namespace brovin::headless {
+
+/// The terminal, or what stands in its place.
+struct Console {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+    bool interactive = false; ///< somebody can answer at `in`
+    bool progress = false;    ///< `err` is a terminal that can show progress
+};
+
+/// Asks at the terminal. Where nobody can answer, the answer is the one that does nothing: No, or Cancel.
+class ConsoleDialogs final : public platform::Dialogs {
+public:
+    explicit ConsoleDialogs(const Console& console) : console_(console) {}
+
+    platform::Button messageBox(const std::string& text, platform::BoxStyle style,
+                                const std::string& title) override;
+    std::optional<std::string> inputBox(const std::string& /*prompt*/, const std::string& /*title*/,
+                                        const std::string& /*text*/) override {
+        return std::nullopt;
+    }
+    std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
+
+private:
+    Console console_;
+};
+
+// What a console has not.
+
+class NoShell final : public platform::Shell {
+public:
+    bool openDocument(const std::string& /*path*/) override { return false; }
+    void setForegroundWindow() override {}
+    void endProgram() override {}
+};
+
+class NoClipboard final : public platform::Clipboard {
+public:
+    [[nodiscard]] bool setText(const std::string& /*text*/) override { return false; }
+};
+
+class NoNotificationArea final : public platform::NotificationArea {
+public:
+    [[nodiscard]] bool available() const override { return false; }
+    bool add(const std::string& /*tip*/) override { return false; }
+    void setTip(const std::string& /*tip*/) override {}
+    void remove() override {}
+};
+
+class NoEventPump final : public platform::EventPump {
+public:
+    void pump() override {}
+};
+
+} // namespace brovin::headless

@@ -1,0 +1,43 @@
+#include "headless/preview.h"
+
+#include <utility>
+
+namespace brovin::headless {
+namespace {
+
+using platform::Done;
+using platform::Entry;
+using platform::Force;
+using platform::Result;
+using platform::Status;
+
+class PreviewWalk final : public platform::FolderWalk {
+public:
+    explicit PreviewWalk(std::unique_ptr<platform::FolderWalk> beneath) : beneath_(std::move(beneath)) {}
+
+    Result<std::span<const Entry>> list() override { return beneath_->list(); }
+    Status enter(std::string_view trueName) override { return beneath_->enter(trueName); }
+    Status leave() override { return beneath_->leave(); }
+    Result<std::uint64_t> fileLength(std::string_view trueName) override {
+        return beneath_->fileLength(trueName);
+    }
+    Result<std::uint64_t> folderSize(std::string_view trueName) override {
+        return beneath_->folderSize(trueName);
+    }
+    Status deleteFile(std::string_view /*trueName*/, Force /*force*/) override { return Done{}; }
+    Status deleteFolder(std::string_view /*trueName*/, Force /*force*/) override { return Done{}; }
+
+private:
+    std::unique_ptr<platform::FolderWalk> beneath_;
+};
+
+} // namespace
+
+Result<std::unique_ptr<platform::FolderWalk>> PreviewFileSystem::open(const std::string& path) {
+    auto walk = beneath_.open(path);
+    if (!walk)
+        return walk.failure();
+    return std::unique_ptr<platform::FolderWalk>(std::make_unique<PreviewWalk>(std::move(*walk)));
+}
+
+} // namespace brovin::headless

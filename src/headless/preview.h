@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/settings_store.h"
+
+namespace brovin::headless {
+
+/// A disk on which every deletion succeeds and nothing is deleted: whatever the core does with it, the disk
+/// beneath keeps all that it has.
+class PreviewFileSystem final : public platform::FileSystem {
+public:
+    explicit PreviewFileSystem(platform::FileSystem& beneath) : beneath_(beneath) {}
+
+    platform::Result<std::unique_ptr<platform::FolderWalk>> open(const std::string& path) override;
+    [[nodiscard]] std::optional<std::string> findWithoutCase(const std::string& loweredPath) override {
+        return beneath_.findWithoutCase(loweredPath);
+    }
+
+private:
+    platform::FileSystem& beneath_;
+};
+
+/// Settings that can be read and stay as they are.
+class PreviewSettings final : public platform::SettingsStore {
+public:
+    explicit PreviewSettings(platform::SettingsStore& beneath) : beneath_(beneath) {}
+
+    [[nodiscard]] std::optional<std::string> read(std::string_view section, std::string_view key) override {
+        return beneath_.read(section, key);
+    }
+    [[nodiscard]] std::string location() const override { return beneath_.location(); }
+    [[nodiscard]] bool write(std::string_view /*section*/,
+                             std::span<const platform::SettingsEntry> /*entries*/) override {
+        return true;
+    }
+
+private:
+    platform::SettingsStore& beneath_;
+};
+
+} // namespace brovin::headless

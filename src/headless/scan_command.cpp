@@ -1,0 +1,172 @@
+#include "headless/scan_command.h"
+
+#include "app/settings.h"
+#include "cleaner/folder_sweep.h"
+#include "cleaner/nasty_file_list.h"
+#include "cleaner/scan_run.h"
+#include "cleaner/statistics.h"
+#include "cleaner/watched_folder_list.h"
+#include "companion/announcer.h"
+#include "companion/phrase_engine.h"
+#include "headless/preview.h"
+#include "headless/scan_report.h"
+#include "language/language_catalogue.h"
+#include "language/language_loader.h"
+#include "text/numbers.h"
+
+#include <ostream>
+#include <utility>
+
+namespace brovin::headless {
+namespace {
+
+namespace setting = app::setting;
+using cleaner::ScanOutcome;
+using ui::FrmOptions;
+
+/// The options that a scan obeys.
+struct Box {
+    ui::CheckBox FrmOptions::*box;
+    const app::Setting* setting;
+};
+constexpr Box kBoxes[] = {
+    {&FrmOptions::chkConfirm, &setting::kConfirm},
+    {&FrmOptions::chkForce, &setting::kForce},
+    {&FrmOptions::chkIgnoreErrors, &setting::kIgnoreErrors},
+    {&FrmOptions::chkLog, &setting::kLog},
+    {&FrmOptions::chkDotDash, &setting::kDotDash},
+    {&FrmOptions::chkIcon, &setting::kIconFiles},
+    {&FrmOptions::chkDude, &setting::kDude},
+};
+
+/// The part of the program that a scan needs, on a machine with a console.
+class ScanProgram {
+public:
+    ScanProgram(const ScanOptions& options, const ScanMachine& machine, const Console& console,
+                const app::ProgramInfo& program)
+        : options_(options), machine_(machine), console_(console), program_(program) {}
+
+    ScanStatus run();
+
+private:
+    bool chooseLanguage();
+    void restoreOptions();
+    void fillLists();
+
+    const ScanOptions& options_;
+    ScanMachine machine_;
+    Console console_;
+    const app::ProgramInfo& program_;
+
+    PreviewSettings previewSettings_{machine_.settings};
+    PreviewFileSystem previewFiles_{machine_.files};
+    platform::SettingsStore& store_ =
+        options_.dryRun ? static_cast<platform::SettingsStore&>(previewSettings_) : machine_.settings;
+    platform::FileSystem& files_ =
+        options_.dryRun ? static_cast<platform::FileSystem&>(previewFiles_) : machine_.files;
+    ConsoleDialogs dialogs_{console_};
+    NoShell shell_;
+    NoClipboard clipboard_;
+    NoNotificationArea tray_;
+    NoEventPump pump_;
+
+    FrmOptions form_;
+    app::Settings settings_{store_};
+    language::LanguageTables tables_;
+    language::LanguageCatalogue catalogue_{form_, machine_.folder};
+    language::LanguageLoader loader_{
+        {form_, settings_, catalogue_, tables_, machine_.folder, dialogs_, machine_.regional}};
+    companion::Actor actor_;
+    companion::PhraseEngine phrases_{{form_, settings_, tables_, actor_, machine_.regional, machine_.random}};
+    companion::Announcer announcer_{{form_, actor_, phrases_, dialogs_}};
+    cleaner::Speech speech_{tables_.messageTable, phrases_, announcer_};
+    cleaner::NastyFileList nastyFiles_{{form_, settings_, speech_, dialogs_, machine_.regional}};
+    cleaner::WatchedFolderList watchedFolders_{
+        {form_, settings_, speech_, dialogs_, files_, machine_.regional}};
+    cleaner::FolderSweep sweep_{{form_, speech_, files_, dialogs_, machine_.regional, pump_}};
+    cleaner::Statistics statistics_{
+        {form_, settings_, speech_, actor_, clipboard_, machine_.clock, machine_.regional, program_}};
+    cleaner::ScanRun scanRun_{{.form = form_,
+                               .settings = settings_,
+                               .speech = speech_,
+                               .actor = actor_,
+                               .sweep = sweep_,
+                               .folders = watchedFolders_,
+                               .statistics = statistics_,
+                               .programFolder = machine_.folder,
+                               .lock = machine_.lock,
+                               .tray = tray_,
+                               .shell = shell_,
+                               .clock = machine_.clock,
+                               .regional = machine_.regional}};
+    ScanReport report_{options_, console_};
+};
+
+ScanStatus ScanProgram::run() {
+    if (!chooseLanguage()) {
+        console_.err << "brovin: no usable language file in the program's folder\n";
+        return ScanStatus::BadUsage;
+    }
+    restoreOptions();
+    fillLists();
+    if (form_.lstFolders.count() == 0) {
+        console_.err << "brovin: no folder is watched; name one with --folder\n";
+        return ScanStatus::NothingToScan;
+    }
+    settings_.refused = [this](const std::string& location) {
+        console_.err << "brovin: the totals could not be saved in " << location << "\n";
+    };
+    sweep_.deletionTried = [this](const cleaner::Deletion& deletion) { report_.deletion(deletion); };
+    sweep_.folderFailed = [this](const std::string& path, const std::string& reason) {
+        report_.folderFailed(path, reason);
+    };
+    form_.sbStatus.observe([this] { report_.progress(form_.sbStatus.panel()); });
+    if (scanRun_.runScan() != ScanOutcome::Done) {
+        console_.err << "brovin: another scan is running\n";
+        return ScanStatus::Busy;
+    }
+    report_.summary(sweep_);
+    if (sweep_.foldersOpened == 0)
+        return ScanStatus::NothingToScan;
+    return report_.failed() > 0 ? ScanStatus::SomeFailed : ScanStatus::Done;
+}
+
+bool ScanProgram::chooseLanguage() {
+    bool usable = true;
+    form_.lstLang.click = [this] { loader_.lstLang_Click(); };
+    loader_.quit = [&usable] { usable = false; };
+    catalogue_.buildLanguageCatalogue();
+    const auto stored = catalogue_.entryOf(settings_.read(setting::kLanguage));
+    return form_.lstLang.select(stored.value_or(0)) && form_.lstLang.count() > 0 && usable;
+}
+
+void ScanProgram::restoreOptions() {
+    for (const Box& row : kBoxes)
+        (form_.*row.box).setValue(text::leadingInt16(settings_.read(*row.setting)).value_or(0));
+    if (!options_.dryRun)
+        return;
+    form_.chkLog.setValue(ui::CheckBox::kOff);
+    form_.chkConfirm.setValue(ui::CheckBox::kOff); // nothing is deleted, so there is nothing to ask
+}
+
+void ScanProgram::fillLists() {
+    nastyFiles_.load();
+    watchedFolders_.load();
+    if (!options_.folders.empty())
+        watchedFolders_.show(options_.folders);
+    if (options_.nasty.empty())
+        return;
+    std::vector<ui::ListControl::Item> names;
+    for (const std::string& name : options_.nasty)
+        names.push_back({machine_.regional.lowerCase(name), 0});
+    form_.lstFiles.setItems(std::move(names));
+}
+
+} // namespace
+
+ScanStatus scanCommand(const ScanOptions& options, const ScanMachine& machine, const Console& console,
+                       const app::ProgramInfo& program) {
+    return ScanProgram(options, machine, console, program).run();
+}
+
+} // namespace brovin::headless

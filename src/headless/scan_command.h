@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/program_info.h"
+#include "headless/command_line.h"
+#include "headless/console.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/program_folder.h"
+#include "platform/random.h"
+#include "platform/regional.h"
+#include "platform/scan_lock.h"
+#include "platform/settings_store.h"
+
+namespace brovin::headless {
+
+/// What of the machine a scan without a display needs.
+struct ScanMachine {
+    platform::SettingsStore& settings;
+    platform::FileSystem& files;
+    platform::ProgramFolder& folder;
+    platform::ScanLock& lock;
+    const platform::Regional& regional;
+    const platform::Clock& clock;
+    platform::Random& random;
+};
+
+/// Exit status of a scan.
+enum class ScanStatus : int { Done = 0, SomeFailed = 1, BadUsage = 2, Busy = 3, NothingToScan = 4 };
+
+/// One scan run on the program's own core: the same sweep, log and totals as in the window. It makes no
+/// update check, since nobody is there to ask.
+[[nodiscard]] ScanStatus scanCommand(const ScanOptions& options, const ScanMachine& machine,
+                                     const Console& console, const app::ProgramInfo& program);
+
+} // namespace brovin::headless

@@ -1,0 +1,83 @@
+#include "headless/scan_report.h"
+
+#include "headless/json_text.h"
+#include "text/utf8.h"
+
+#include <ostream>
+
+namespace brovin::headless {
+namespace {
+
+constexpr std::chrono::milliseconds kProgressEvery{100};
+constexpr std::string_view kClearLine = "\r\033[K";
+
+} // namespace
+
+void ScanReport::deletion(const cleaner::Deletion& deletion) {
+    ++tried_;
+    failed_ += deletion.deleted ? 0 : 1;
+    kb_ += deletion.deleted ? deletion.kb : 0;
+    clearProgress();
+    if (options_.json) {
+        const bool folder = deletion.kind == platform::EntryKind::Folder;
+        console_.out << "{\"path\":" << jsonString(deletion.path) << ",\"kind\":\""
+                     << (folder ? "folder" : "file") << "\",\"kb\":" << deletion.kb
+                     << ",\"deleted\":" << (deletion.deleted && !options_.dryRun ? "true" : "false");
+        if (!deletion.deleted)
+            console_.out << ",\"reason\":" << jsonString(deletion.reason);
+        console_.out << "}\n";
+        return;
+    }
+    const std::string path = text::displayText(deletion.path);
+    if (!deletion.deleted)
+        console_.out << "could not delete " << path << ": " << deletion.reason << "\n";
+    else
+        console_.out << (options_.dryRun ? "would delete " : "deleted ") << path << "\n";
+}
+
+void ScanReport::folderFailed(const std::string& path, const std::string& reason) {
+    ++foldersFailed_;
+    clearProgress();
+    console_.err << "brovin: " << text::displayText(path) << ": " << reason << "\n";
+}
+
+void ScanReport::progress(const std::string& text) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!console_.progress || now < nextProgress_)
+        return;
+    nextProgress_ = now + kProgressEvery;
+    constexpr std::size_t kLineWidth = 79;
+    const std::string shown = text::displayText(text);
+    console_.err << kClearLine << text::firstCharacters(shown, kLineWidth) << std::flush;
+    progressShown_ = true;
+}
+
+void ScanReport::clearProgress() {
+    if (progressShown_)
+        console_.err << kClearLine << std::flush;
+    progressShown_ = false;
+}
+
+void ScanReport::summary(const cleaner::FolderSweep& sweep) {
+    clearProgress();
+    const std::uint64_t done = tried_ - failed_;
+    if (options_.json) {
+        console_.out << "{\"summary\":{\"dryRun\":" << (options_.dryRun ? "true" : "false")
+                     << ",\"deleted\":" << (options_.dryRun ? 0 : done)
+                     << ",\"wouldDelete\":" << (options_.dryRun ? done : 0) << ",\"failed\":" << failed_
+                     << ",\"kb\":" << kb_ << ",\"foldersSwept\":" << sweep.foldersOpened
+                     << ",\"foldersFailed\":" << foldersFailed_
+                     << ",\"subfoldersNotVisited\":" << sweep.notVisited << "}}\n";
+        return;
+    }
+    console_.out << (options_.dryRun ? "Would delete " : "Deleted ") << done
+                 << (done == 1 ? " item" : " items") << ", " << kb_ << " KB, in " << sweep.foldersOpened
+                 << (sweep.foldersOpened == 1 ? " folder.\n" : " folders.\n");
+    if (failed_ > 0)
+        console_.out << failed_ << " could not be deleted.\n";
+    if (sweep.notVisited > 0)
+        console_.out << sweep.notVisited << " subfolders were not visited: more than "
+                     << cleaner::FolderSweep::kMostSubfolders << " in one folder.\n";
+}
+
+} // namespace brovin::headless

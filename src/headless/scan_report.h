@@ -1,0 +1,39 @@
+#pragma once
+
+#include "cleaner/folder_sweep.h"
+#include "headless/command_line.h"
+#include "headless/console.h"
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace brovin::headless {
+
+/// Tells what a scan does: each deletion as it happens, a summary at the end, and meanwhile, on a terminal,
+/// where it is.
+class ScanReport {
+public:
+    ScanReport(const ScanOptions& options, const Console& console) : options_(options), console_(console) {}
+
+    void deletion(const cleaner::Deletion& deletion);
+    void folderFailed(const std::string& path, const std::string& reason);
+    void progress(const std::string& text);
+    void summary(const cleaner::FolderSweep& sweep);
+
+    [[nodiscard]] std::uint64_t failed() const { return failed_; }
+
+private:
+    void clearProgress();
+
+    const ScanOptions& options_;
+    Console console_;
+    std::uint64_t tried_ = 0;
+    std::uint64_t failed_ = 0;
+    std::uint64_t foldersFailed_ = 0;
+    std::int64_t kb_ = 0; ///< of what was really deleted
+    std::chrono::steady_clock::time_point nextProgress_{};
+    bool progressShown_ = false;
+};
+
+} // namespace brovin::headless

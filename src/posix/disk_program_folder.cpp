@@ -1,0 +1,110 @@
+#include "posix/disk_program_folder.h"
+
+#include "posix/directory_reader.h"
+#include "posix/line_file.h"
+#include "posix/make_folders.h"
+#include "posix/open_folder.h"
+#include "posix/plain_name.h"
+#include "posix/system_call.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <set>
+
+namespace brovin::posix {
+namespace {
+
+std::string join(const std::string& folder, const std::string& name) {
+    return folder + '/' + name;
+}
+
+bool isRegularFile(const std::string& path) {
+    struct stat facts {};
+    return ::stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+/// What the descriptor refers to, which may have been put in a file's place since it was looked at.
+bool isRegularFile(const Descriptor& file) {
+    struct stat facts {};
+    return file && ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+void gatherNames(const std::string& folderPath, std::string_view ending, std::set<std::string>& names) {
+    const platform::Result<Descriptor> folder = openFolder(folderPath);
+    DirectoryReader reader;
+    if (!folder || !reader.read((*folder).number()))
+        return;
+    while (const auto record = reader.next()) {
+        std::string name(record->name);
+        if (name.ends_with(ending) && isRegularFile(join(folderPath, name)))
+            names.insert(std::move(name));
+    }
+}
+
+/// Reads to the end, whatever size the file gives itself, but no further than one byte past the limit.
+std::optional<std::string> readUpTo(const Descriptor& file, std::size_t limit) {
+    constexpr std::size_t kPiece = std::size_t{64} * 1024;
+    std::string content;
+    for (;;) {
+        const std::size_t size = content.size();
+        const std::size_t room = limit - size < kPiece ? limit - size + 1 : kPiece;
+        content.resize(size + room);
+        const ssize_t bytes =
+            uninterrupted([&] { return ::read(file.number(), content.data() + size, room); });
+        content.resize(size + static_cast<std::size_t>(std::max<ssize_t>(bytes, 0)));
+        if (bytes < 0 || content.size() > limit)
+            return std::nullopt;
+        if (bytes == 0)
+            return content;
+    }
+}
+
+} // namespace
+
+std::vector<std::string> DiskProgramFolder::list(std::string_view ending) {
+    std::set<std::string> names;
+    gatherNames(paths_.own, ending, names);
+    gatherNames(paths_.installed, ending, names);
+    return {names.begin(), names.end()};
+}
+
+std::optional<std::string> DiskProgramFolder::read(const std::string& name, std::size_t limit) {
+    if (!isPlainName(name))
+        return std::nullopt;
+    const std::string where = path(name);
+    const Descriptor file(uninterrupted(
+        [&where] { return ::open(where.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
+    return isRegularFile(file) ? readUpTo(file, limit) : std::nullopt;
+}
+
+platform::Result<std::unique_ptr<platform::LineWriter>> DiskProgramFolder::openText(const std::string& name,
+                                                                                    platform::OpenMode mode) {
+    if (!isPlainName(name))
+        return systemFailure(EINVAL);
+    if (const platform::Status made = makeFolders(paths_.own); !made)
+        return made.failure();
+    // A link in the user's own folder is the user's: a log may be kept on another disk. Only a regular file
+    // is emptied, and not before it is known to be one.
+    const int flags = O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const std::string where = join(paths_.own, name);
+    Descriptor file(uninterrupted([&] { return ::open(where.c_str(), flags, S_IRUSR | S_IWUSR); }));
+    if (!file)
+        return lastFailure();
+    if (!isRegularFile(file))
+        return systemFailure(EINVAL);
+    if (mode == platform::OpenMode::Replace && ::ftruncate(file.number(), 0) != 0)
+        return lastFailure();
+    return std::unique_ptr<platform::LineWriter>(std::make_unique<LineFile>(std::move(file)));
+}
+
+std::string DiskProgramFolder::path(const std::string& name) {
+    if (!isPlainName(name))
+        return {};
+    std::string own = join(paths_.own, name);
+    std::string installed = join(paths_.installed, name);
+    return !isRegularFile(own) && isRegularFile(installed) ? installed : own;
+}
+
+} // namespace brovin::posix

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <sys/types.h>
+
+namespace brovin::posix {
+
+/// What decides whether a folder may be emptied.
+struct FolderFacts {
+    mode_t mode = 0;
+    dev_t device = 0;
+    /// A disk, or a part of one, was hung in here. On systems that do not tell: false, and a change of device
+    /// is the only sign.
+    bool isMountPoint = false;
+};
+
+[[nodiscard]] platform::Result<FolderFacts> factsOf(int folder);
+
+} // namespace brovin::posix

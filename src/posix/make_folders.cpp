@@ -1,0 +1,20 @@
+#include "posix/make_folders.h"
+
+#include "posix/system_call.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+
+namespace brovin::posix {
+
+platform::Status makeFolders(const std::string& path) {
+    for (std::size_t end = 0; end < path.size();) {
+        end = std::min(path.find('/', end + 1), path.size());
+        if (::mkdir(path.substr(0, end).c_str(), S_IRWXU) != 0 && errno != EEXIST && end == path.size())
+            return lastFailure();
+    }
+    return platform::Done{};
+}
+
+} // namespace brovin::posix

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace brovin::posix {
+
+/// The machine's clock in the user's time zone, also when that is changed while the program runs.
+class SystemClock final : public platform::Clock {
+public:
+    [[nodiscard]] platform::DateTime now() const override;
+};
+
+} // namespace brovin::posix

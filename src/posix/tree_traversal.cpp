@@ -1,0 +1,62 @@
+#include "posix/tree_traversal.h"
+
+#include "posix/plain_name.h"
+#include "posix/system_call.h"
+
+namespace brovin::posix {
+
+platform::Status TreeTraversal::run(std::string_view name) {
+    pending_.assign(name).push_back('\0');
+    platform::Status status = visitNext();
+    while (status && !levels_.empty())
+        status = pending_.size() > levels_.back().pending ? visitNext() : leave();
+    return status;
+}
+
+/// Goes down into the folder whose name stands last.
+platform::Status TreeTraversal::visitNext() {
+    const std::size_t zeroBefore =
+        pending_.size() < 2 ? std::string::npos : pending_.rfind('\0', pending_.size() - 2);
+    const std::size_t name = zeroBefore == std::string::npos ? 0 : zeroBefore + 1;
+    platform::Result<Descriptor> folder = visitor_.open(chain_.current(), &pending_[name]);
+    if (!folder) {
+        if (levels_.empty() || !visitor_.passesOver(folder.failure().number))
+            return folder.failure();
+        pending_.resize(name);
+        return platform::Done{};
+    }
+    if (const platform::Status entered = chain_.enter(std::move(*folder)); !entered)
+        return entered;
+    levels_.push_back({name, pending_.size()});
+    return visitContents();
+}
+
+platform::Status TreeTraversal::visitContents() {
+    if (const platform::Status read = reader_.read(chain_.current()); !read)
+        return read;
+    while (const auto record = reader_.next()) {
+        // A disk behind a network may be hostile: a name such as "../x" must not lead out of the tree.
+        if (!isPlainName(record->name))
+            return systemFailure(EIO);
+        if (record->kind == platform::EntryKind::Folder) {
+            pending_.append(record->name).push_back('\0');
+            continue;
+        }
+        if (const platform::Status visited = visitor_.visitFile(chain_.current(), record->name.data());
+            !visited)
+            return visited;
+    }
+    return platform::Done{};
+}
+
+platform::Status TreeTraversal::leave() {
+    if (const platform::Status left = chain_.leave(); !left)
+        return left;
+    const Level level = levels_.back();
+    levels_.pop_back();
+    const platform::Status status = visitor_.leaveFolder(chain_.current(), &pending_[level.name]);
+    pending_.resize(level.name);
+    return status;
+}
+
+} // namespace brovin::posix
