@@ -193,8 +193,8 @@ bool FolderSweep::confirmed(const platform::Entry& entry) {
 
 Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, std::int32_t kb) {
     const Force force = needs_.form.chkForce.checked() ? Force::Yes : Force::No;
-    const Status outcome = kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
-                                                     : walk_->deleteFile(entry.trueName, force);
+    Status outcome = kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
+                                               : walk_->deleteFile(entry.trueName, force);
     if (deletionTried)
         deletionTried({truePath_ + std::string(entry.trueName), kind, kb, static_cast<bool>(outcome),
                        outcome ? std::string() : outcome.failure().reason});

@@ -22,6 +22,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <functional>
+
 namespace brovin::desktop {
 namespace {
 
@@ -69,32 +71,48 @@ void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings) {
 
 } // namespace
 
-int runOnDesktop(QApplication& application, const Places& places, const app::ProgramInfo& info) {
-    application.setQuitOnLastWindowClosed(false);
-    application.setWindowIcon(programIcon());
+struct DesktopProgram::Parts {
+    Parts(const Places& places, const app::ProgramInfo& info)
+        : machine(places), program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath())) {}
+
+    DesktopMachine machine;
+    app::Program program;
+    std::function<bool()> busy = [this] { return machine.dialogs.open(); };
+    OptionsWindow window{program.frmOptions()};
+    TimerBinding tick{program.frmOptions().Timer1, busy};
+};
+
+DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info) {
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(programIcon());
     QDir().mkpath(places.settingsFolder);
-
-    DesktopMachine machine(places);
-    app::Program program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath()));
-    ui::FrmOptions& form = program.frmOptions();
-    form.imgBrovin.setPicture("imgBrovin");
-    form.imgLogo.setPicture("imgLogo");
-    form.picAdd.setPicture("picAdd");
-
-    OptionsWindow window(form);
+    parts_ = std::make_unique<Parts>(places, info);
+    DesktopMachine& machine = parts_->machine;
+    OptionsWindow& window = parts_->window;
     machine.dialogs.setOwner(&window);
     machine.shell.setWindow(&window);
     machine.shell.ending = [&window] { window.letGo(); };
-    const auto busy = [&machine] { return machine.dialogs.open(); };
-    machine.tray.tie(form, program.mainWindow(), busy);
-    const TimerBinding tick(form.Timer1, busy);
+    machine.tray.tie(form(), parts_->program.mainWindow(), parts_->busy);
+    form().imgBrovin.setPicture("imgBrovin");
+    form().imgLogo.setPicture("imgLogo");
+    form().picAdd.setPicture("picAdd");
+}
 
-    tellOfDamage(machine.dialogs, machine.settings);
-    if (!program.Form_Load())
-        return 0;
-    const int status = QApplication::exec();
-    machine.dialogs.setOwner(nullptr);
-    return status;
+DesktopProgram::~DesktopProgram() = default;
+
+bool DesktopProgram::start() {
+    tellOfDamage(parts_->machine.dialogs, parts_->machine.settings);
+    return parts_->program.Form_Load();
+}
+
+ui::FrmOptions& DesktopProgram::form() {
+    return parts_->program.frmOptions();
+}
+OptionsWindow& DesktopProgram::window() {
+    return parts_->window;
+}
+QRect DesktopProgram::trayIcon() const {
+    return parts_->machine.tray.place();
 }
 
 } // namespace brovin::desktop

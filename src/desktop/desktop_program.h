@@ -3,11 +3,38 @@
 #include "app/program_info.h"
 #include "desktop/places.h"
 
-class QApplication;
+#include <QRect>
+
+#include <memory>
+
+namespace brovin::ui {
+struct FrmOptions;
+}
 
 namespace brovin::desktop {
 
-/// Runs the program on the desktop until it ends. Returns its exit status.
-[[nodiscard]] int runOnDesktop(QApplication& application, const Places& places, const app::ProgramInfo& info);
+class OptionsWindow;
+
+/// The program on a desktop: the machine beneath, the core on it, and the options window before it. There must
+/// be a QApplication.
+class DesktopProgram {
+public:
+    DesktopProgram(const Places& places, const app::ProgramInfo& info);
+    ~DesktopProgram();
+    DesktopProgram(const DesktopProgram&) = delete;
+    DesktopProgram& operator=(const DesktopProgram&) = delete;
+
+    /// Starts up; from then on the event loop drives it. False: the program is to end at once.
+    bool start();
+
+    [[nodiscard]] ui::FrmOptions& form();
+    [[nodiscard]] OptionsWindow& window();
+    /// Where the icon in the notification area is on the screen; empty: nowhere.
+    [[nodiscard]] QRect trayIcon() const;
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
 
 } // namespace brovin::desktop

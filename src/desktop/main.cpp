@@ -92,5 +92,6 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("brovin"));
-    return desktop::runOnDesktop(application, desktop::findPlaces(programFolder), kInfo);
+    desktop::DesktopProgram program(desktop::findPlaces(programFolder), kInfo);
+    return program.start() ? QApplication::exec() : 0;
 }

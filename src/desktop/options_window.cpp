@@ -76,10 +76,17 @@ QWidget* OptionsWindow::makePages() {
 }
 
 QLayout* OptionsWindow::makeBottom() {
-    auto* layout = new QHBoxLayout;
-    layout->addWidget(new StatusLine(form_.sbStatus, this), 1);
-    layout->addWidget(new HoverButton(form_.cmdHelp, form_.window, this));
-    layout->addWidget(new HoverButton(form_.cmdExit, form_.window, this));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(new HoverButton(form_.cmdHelp, form_.window, this));
+    buttons->addWidget(new HoverButton(form_.cmdExit, form_.window, this));
+    auto* line = new QFrame(this);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    auto* layout = new QVBoxLayout;
+    layout->addLayout(buttons);
+    layout->addWidget(line);
+    layout->addWidget(new StatusLine(form_.sbStatus, this)); // the whole width: dates are long
     return layout;
 }
 

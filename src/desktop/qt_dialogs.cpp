@@ -3,6 +3,7 @@
 #include "desktop/text.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -106,7 +107,8 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
 
 std::string QtDialogs::browseForFolder(const std::string& prompt) {
     const Opening opening(open_);
-    const QString folder = QFileDialog::getExistingDirectory(visibleOwner(), qtLines(prompt));
+    const QString folder =
+        QFileDialog::getExistingDirectory(visibleOwner(), qtLines(prompt), QDir::homePath());
     return QFile::encodeName(folder).toStdString();
 }
 

@@ -25,6 +25,9 @@ public:
     void setTip(const std::string& tip) override;
     void remove() override;
 
+    /// Where the icon is on the screen; empty: nowhere.
+    [[nodiscard]] QRect place() const { return icon_.geometry(); }
+
 private:
     void addEntry(ui::Button& control);
     void activated(QSystemTrayIcon::ActivationReason reason);

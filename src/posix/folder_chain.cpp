@@ -9,7 +9,7 @@ namespace brovin::posix {
 
 platform::Status FolderChain::enter(Descriptor folder) {
     if (levels_.size() - highestOpen_ == kMostOpen) {
-        if (const platform::Status given = giveUpHighest(); !given)
+        if (platform::Status given = giveUpHighest(); !given)
             return given;
     }
     levels_.push_back({std::move(folder)});

@@ -24,12 +24,12 @@ platform::Result<std::span<const platform::Entry>> PosixFolderWalk::list() {
 
 platform::Status PosixFolderWalk::enter(std::string_view trueName) {
     const PlainName name(trueName);
-    if (const platform::Status usable = check(name); !usable)
+    if (platform::Status usable = check(name); !usable)
         return usable;
     platform::Result<Descriptor> folder = openFolderIn(chain_.current(), name.text());
     if (!folder)
         return folder.failure();
-    if (const platform::Status entered = chain_.enter(std::move(*folder)); !entered)
+    if (platform::Status entered = chain_.enter(std::move(*folder)); !entered)
         return entered;
     list_.clear();
     fromStart_ = true;
@@ -48,7 +48,7 @@ platform::Status PosixFolderWalk::leave() {
 
 platform::Result<std::uint64_t> PosixFolderWalk::fileLength(std::string_view trueName) {
     const PlainName name(trueName);
-    if (const platform::Status usable = check(name); !usable)
+    if (platform::Status usable = check(name); !usable)
         return usable.failure();
     struct stat facts {};
     if (::fstatat(chain_.current(), name.text(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
@@ -60,19 +60,19 @@ platform::Result<std::uint64_t> PosixFolderWalk::fileLength(std::string_view tru
 
 platform::Result<std::uint64_t> PosixFolderWalk::folderSize(std::string_view trueName) {
     const PlainName name(trueName);
-    const platform::Status usable = check(name);
+    platform::Status usable = check(name);
     return usable ? treeSize(chain_.current(), name.text()) : usable.failure();
 }
 
 platform::Status PosixFolderWalk::deleteFile(std::string_view trueName, platform::Force force) {
     const PlainName name(trueName);
-    const platform::Status usable = check(name);
+    platform::Status usable = check(name);
     return usable ? removeFile(chain_.current(), name.text(), force) : usable;
 }
 
 platform::Status PosixFolderWalk::deleteFolder(std::string_view trueName, platform::Force force) {
     const PlainName name(trueName);
-    const platform::Status usable = check(name);
+    platform::Status usable = check(name);
     return usable ? removeTree(chain_.current(), name.text(), force) : usable;
 }
 

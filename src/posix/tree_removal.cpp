@@ -141,7 +141,7 @@ platform::Status removeTree(int parent, const char* name, platform::Force force)
     if (!facts)
         return facts.failure();
     MountPointSearch search(facts->device);
-    const platform::Status searched = TreeTraversal(parent, search).run(name);
+    platform::Status searched = TreeTraversal(parent, search).run(name);
     if (!searched && searched.failure().number == EBUSY)
         return searched;
     RemovalVisitor removal(facts->device, force);

@@ -25,14 +25,14 @@ platform::Status TreeTraversal::visitNext() {
         pending_.resize(name);
         return platform::Done{};
     }
-    if (const platform::Status entered = chain_.enter(std::move(*folder)); !entered)
+    if (platform::Status entered = chain_.enter(std::move(*folder)); !entered)
         return entered;
     levels_.push_back({name, pending_.size()});
     return visitContents();
 }
 
 platform::Status TreeTraversal::visitContents() {
-    if (const platform::Status read = reader_.read(chain_.current()); !read)
+    if (platform::Status read = reader_.read(chain_.current()); !read)
         return read;
     while (const auto record = reader_.next()) {
         // A disk behind a network may be hostile: a name such as "../x" must not lead out of the tree.
@@ -42,19 +42,18 @@ platform::Status TreeTraversal::visitContents() {
             pending_.append(record->name).push_back('\0');
             continue;
         }
-        if (const platform::Status visited = visitor_.visitFile(chain_.current(), record->name.data());
-            !visited)
+        if (platform::Status visited = visitor_.visitFile(chain_.current(), record->name.data()); !visited)
             return visited;
     }
     return platform::Done{};
 }
 
 platform::Status TreeTraversal::leave() {
-    if (const platform::Status left = chain_.leave(); !left)
+    if (platform::Status left = chain_.leave(); !left)
         return left;
     const Level level = levels_.back();
     levels_.pop_back();
-    const platform::Status status = visitor_.leaveFolder(chain_.current(), &pending_[level.name]);
+    platform::Status status = visitor_.leaveFolder(chain_.current(), &pending_[level.name]);
     pending_.resize(level.name);
     return status;
 }

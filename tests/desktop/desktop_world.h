@@ -1,0 +1,68 @@
+#pragma once
+
+#include "desktop/desktop_program.h"
+#include "desktop/options_window.h"
+#include "ui/frm_options.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace brovin::tests {
+
+/// The real program with settings, a program's folder and a shared disk of its own, all thrown away
+/// afterwards.
+struct DesktopWorld {
+    QTemporaryDir scratch;
+    desktop::Places places;
+    std::unique_ptr<desktop::DesktopProgram> program;
+
+    DesktopWorld() {
+        const QString root = scratch.path();
+        places.settingsFolder = root + "/config/Brovin";
+        places.settingsFile = places.settingsFolder + "/Brovin.conf";
+        places.autostartFolder = root + "/config/autostart";
+        places.installedFolder = QStringLiteral(BROVIN_ASSETS);
+        places.ownFolder = root + "/data";
+    }
+
+    void start() {
+        program = std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3});
+        ASSERT_TRUE(program->start());
+    }
+
+    [[nodiscard]] ui::FrmOptions& form() const { return program->form(); }
+
+    /// The widget that shows a control.
+    [[nodiscard]] QWidget* widget(const char* name) const {
+        return program->window().findChild<QWidget*>(QLatin1String(name));
+    }
+
+    [[nodiscard]] QString path(const QString& below) const { return scratch.filePath(below); }
+
+    void makeFile(const QString& below, const QByteArray& content = "x") const {
+        QDir().mkpath(QFileInfo(path(below)).path());
+        QFile file(path(below));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    [[nodiscard]] bool exists(const QString& below) const { return QFileInfo(path(below)).exists(); }
+
+    [[nodiscard]] QList<QByteArray> logLines() const {
+        QFile log(places.ownFolder + "/deletions.log");
+        if (!log.open(QIODevice::ReadOnly))
+            return {};
+        QList<QByteArray> lines = log.readAll().split('\n');
+        for (QByteArray& line : lines)
+            line = line.trimmed();
+        return lines;
+    }
+};
+
+} // namespace brovin::tests

@@ -1,0 +1,148 @@
+#include "desktop/desktop_world.h"
+#include "desktop/journey.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+
+namespace brovin::tests {
+namespace {
+
+template <class Dialog>
+Dialog* openDialog() {
+    return qobject_cast<Dialog*>(QApplication::activeModalWidget());
+}
+
+bool shownAndReady(const QWidget* widget) {
+    return widget != nullptr && widget->isVisible() && widget->window()->isActiveWindow();
+}
+
+/// Presses "add", types the answer into the dialog that comes and confirms it with Enter.
+template <class Dialog>
+void add(Journey& journey, const DesktopWorld& world, const char* button, const QString& text) {
+    journey.then(
+        "the button to add", [&world, button] { return shownAndReady(world.widget(button)); },
+        [&world, button] { click(world.widget(button)); });
+    journey.then(
+        "the dialog", [] { return shownAndReady(openDialog<Dialog>()); }, [text] { typeText(text, true); });
+    journey.then(
+        "the dialog's end", [] { return openDialog<Dialog>() == nullptr; }, nullptr);
+}
+
+void closeMessage(Journey& journey, const QString& picture, std::function<void(const QString&)> check) {
+    journey.then(
+        "the message",
+        [] {
+            const auto* box = openDialog<QMessageBox>(); // a question before it has no OK button
+            return shownAndReady(box) && box->button(QMessageBox::Ok) != nullptr;
+        },
+        [picture, check] {
+            check(openDialog<QMessageBox>()->text());
+            Journey::takePicture(picture);
+            click(openDialog<QMessageBox>()->button(QMessageBox::Ok));
+        });
+    journey.then(
+        "the message's end", [] { return openDialog<QMessageBox>() == nullptr; }, nullptr);
+}
+
+TEST(ScanJourney, cleansAFolderByRealClicks) {
+    DesktopWorld world;
+    world.makeFile("Share/Photos/Thumbs.DB", QByteArray(6000, 'x'));
+    world.makeFile("Share/Photos/beach.jpg");
+    world.makeFile("Share/Music/._song");
+    world.makeFile("Share/Icon\r");
+    world.start();
+
+    Journey journey;
+    journey.then(
+        "the icon in the tray", [&world] { return !world.program->trayIcon().isEmpty(); },
+        [&world] {
+            EXPECT_FALSE(world.program->window().isVisible());
+            clickAt(world.program->trayIcon().center());
+        });
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
+    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
+    journey.then(
+        "the folder in the list", [&world] { return world.form().lstFolders.count() == 1; },
+        [&world] { click(world.widget("imgTabs1")); });
+    add<QInputDialog>(journey, world, "cmdAddFile", "Thumbs.db");
+    journey.then(
+        "the name in the list", [&world] { return world.form().lstFiles.count() == 1; },
+        [&world] {
+            EXPECT_EQ("thumbs.db", world.form().lstFiles.items()[0].text);
+            click(world.widget("imgTabs0"));
+        });
+    journey.then(
+        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
+        [&world] { click(world.widget("cmdNuke")); });
+    closeMessage(journey, "scan-result",
+                 [](const QString& text) { EXPECT_TRUE(text.contains("3")) << text.toStdString(); });
+    journey.then(
+        "the totals in the title",
+        [&world] {
+            return world.program->window().windowTitle().startsWith(
+                "Brovin v1.2.3 - 3 (13 KB) nasties since ");
+        },
+        [&world] { click(world.widget("cmdNuke")); });
+    closeMessage(journey, "second-scan", [](const QString& text) { EXPECT_FALSE(text.contains("3")); });
+    journey.run();
+
+    EXPECT_FALSE(world.exists("Share/Photos/Thumbs.DB"));
+    EXPECT_FALSE(world.exists("Share/Music/._song"));
+    EXPECT_FALSE(world.exists("Share/Icon\r"));
+    EXPECT_TRUE(world.exists("Share/Photos/beach.jpg"));
+    const auto lines = world.logLines();
+    ASSERT_LE(9, lines.size());
+    const QByteArray root = world.path("Share").toLower().toUtf8();
+    EXPECT_EQ(QByteArray(48, '-'), lines[0]);
+    EXPECT_TRUE(lines[1].startsWith("Scan begun at "));
+    EXPECT_EQ(3, std::count_if(lines.begin(), lines.begin() + 5, [&root](const QByteArray& line) {
+                  return line.startsWith("Deleted file ") && line.toLower().contains(root);
+              }));
+    EXPECT_EQ("Items deleted: 3 (13 KB)", lines[5]);
+    EXPECT_TRUE(lines[6].startsWith("Scan finished at "));
+    EXPECT_EQ(QByteArray(48, '-'), lines[7]) << "the second run";
+}
+
+TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
+    DesktopWorld world;
+    world.makeFile("Share/Thumbs.db");
+    world.makeFile("Share/Sub/Thumbs.db");
+    world.start();
+    world.form().chkConfirm.setValue(1);
+    world.form().lstFiles.setItems({{"thumbs.db", 0}});
+    world.form().mPopRestore.click();
+
+    Journey journey;
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
+    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
+    journey.then(
+        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
+        [&world] { click(world.widget("cmdNuke")); });
+    journey.then(
+        "the first question", [] { return shownAndReady(openDialog<QMessageBox>()); },
+        [&world] {
+            Journey::takePicture("confirm");
+            world.program->window().move(40, 60);
+            click(openDialog<QMessageBox>()->button(QMessageBox::No));
+        });
+    journey.then(
+        "the second question",
+        [] {
+            const auto* box = openDialog<QMessageBox>();
+            return shownAndReady(box) && box->text().contains("sub");
+        },
+        [] { click(openDialog<QMessageBox>()->button(QMessageBox::Yes)); });
+    closeMessage(journey, "one-deleted", [](const QString&) {});
+    journey.run();
+    EXPECT_TRUE(world.exists("Share/Thumbs.db")) << "the answer was No";
+    EXPECT_FALSE(world.exists("Share/Sub/Thumbs.db"));
+}
+
+} // namespace
+} // namespace brovin::tests

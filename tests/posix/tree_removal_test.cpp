@@ -1,0 +1,198 @@
+#include "posix/deep_tree.h"
+#include "posix/outcome.h"
+#include "posix/own_mounts.h"
+#include "posix/posix_file_system.h"
+#include "posix/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <thread>
+
+namespace brovin::posix {
+namespace {
+
+using platform::Force;
+using Paths = std::vector<std::string>;
+
+class TreeRemovalTest : public testing::Test {
+protected:
+    platform::Status remove(const std::string& name, Force force) {
+        const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+        return walk->deleteFolder(name, force);
+    }
+
+    [[nodiscard]] unsigned modeOf(const std::string& name) const {
+        return static_cast<unsigned>(std::filesystem::status(disk_.path(name)).permissions());
+    }
+
+    ScratchFolder disk_;
+};
+
+TEST_F(TreeRemovalTest, takesWideAndNestedFoldersWhole) {
+    std::uint64_t files = 0;
+    for (const char* outer : {"gone/1/", "gone/22/", "gone/333/"}) {
+        for (const char* inner : {"x", "yy", "zzz"}) {
+            const std::string folder = std::string(outer) + inner;
+            disk_.addFolder(folder + "/empty");
+            disk_.addFile(folder + "/file", 1);
+            disk_.addFile(folder + "/deeper/file", 1);
+            files += 2;
+        }
+    }
+    disk_.addFile("kept/file");
+    const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+    EXPECT_EQ(files, *walk->folderSize("gone"));
+    EXPECT_TRUE(walk->deleteFolder("gone", Force::No));
+    EXPECT_EQ((Paths{"kept", "kept/file"}), disk_.tree());
+}
+
+TEST_F(TreeRemovalTest, worksFarDownWithFewDescriptors) {
+    constexpr int kLevels = 300;
+    makeDeepTree(disk_.path(), kLevels);
+    const DescriptorLimit few(96);
+    const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+    for (int level = 0; level < kLevels / 2; ++level)
+        ASSERT_TRUE(walk->enter(kDeepName));
+    EXPECT_TRUE(walk->deleteFolder(kDeepName, Force::Yes));
+    EXPECT_EQ(0U, walk->list()->size());
+    for (int level = 0; level < kLevels / 2; ++level)
+        ASSERT_TRUE(walk->leave());
+    EXPECT_TRUE(walk->deleteFolder(kDeepName, Force::No));
+}
+
+TEST_F(TreeRemovalTest, deletesLinksAndPipesAndFollowsNothing) {
+    disk_.addFile("gone/file");
+    disk_.addFile("elsewhere/kept");
+    disk_.addLink("gone/toFolder", "../elsewhere");
+    disk_.addLink("gone/toFile", "../elsewhere/kept");
+    disk_.addLink("gone/toNothing", "missing");
+    ASSERT_EQ(0, ::mkfifo(disk_.path("gone/pipe").c_str(), 0600));
+    EXPECT_TRUE(remove("gone", Force::No));
+    EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept"}), disk_.tree());
+}
+
+TEST_F(TreeRemovalTest, stopsAtAReadOnlyEntry) {
+    struct Case {
+        const char* readOnly;
+        unsigned mode;
+    };
+    for (const auto& [readOnly, mode] :
+         {Case{"gone/sub/file", 0444}, Case{"gone/sub", 0555}, Case{"gone", 0555}}) {
+        disk_.addFile("gone/sub/file");
+        disk_.setMode(readOnly, mode);
+        const platform::Status status = remove("gone", Force::No);
+        EXPECT_EQ(EACCES, errorOf(status)) << readOnly;
+        EXPECT_EQ("Is read-only", reasonOf(status)) << readOnly;
+        EXPECT_EQ((Paths{"gone", "gone/sub", "gone/sub/file"}), disk_.tree()) << readOnly;
+        EXPECT_EQ(mode, modeOf(readOnly));
+        EXPECT_TRUE(remove("gone", Force::Yes)) << readOnly;
+        EXPECT_EQ(Paths{}, disk_.tree()) << readOnly;
+    }
+}
+
+TEST_F(TreeRemovalTest, takesNoLinkForReadOnly) {
+    disk_.addFile("target");
+    disk_.setMode("target", 0444);
+    disk_.addFolder("gone");
+    disk_.addLink("gone/link", "../target");
+    disk_.addLink("link", "target");
+    const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+    EXPECT_TRUE(walk->deleteFile("link", Force::No));
+    EXPECT_TRUE(walk->deleteFolder("gone", Force::No));
+    EXPECT_EQ(Paths{"target"}, disk_.tree());
+}
+
+TEST_F(TreeRemovalTest, unlocksByForceWhatIsToBeEmptiedAndNothingElse) {
+    for (const unsigned mode : {0U, 0100U, 0200U, 0300U, 0400U, 0500U, 0600U}) {
+        disk_.addFile("elsewhere/kept");
+        disk_.addFile("gone/outer/inner/file");
+        disk_.addLink("gone/outer/inner/link", "../../../elsewhere");
+        for (const char* folder : {"gone/outer/inner", "gone/outer", "gone", "elsewhere"})
+            disk_.setMode(folder, mode);
+        EXPECT_TRUE(remove("gone", Force::Yes)) << std::oct << mode;
+        EXPECT_EQ(mode, modeOf("elsewhere"));
+        disk_.setMode("elsewhere", 0700);
+        EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept"}), disk_.tree()) << std::oct << mode;
+    }
+}
+
+TEST_F(TreeRemovalTest, staysOutOfALinkThatChangesPlacesWithTheFolder) {
+    disk_.addFile("elsewhere/kept");
+    disk_.addFile("elsewhere/sub/kept");
+    disk_.setMode("elsewhere", 0500);
+    disk_.addLink("decoy", "elsewhere");
+    const std::string folder = disk_.path("gone");
+    const std::string decoy = disk_.path("decoy");
+    std::atomic<bool> done = false;
+    std::thread swapper([&] {
+        while (!done)
+            ::renameat2(AT_FDCWD, folder.c_str(), AT_FDCWD, decoy.c_str(), RENAME_EXCHANGE);
+    });
+    for (int round = 0; round < 300; ++round) {
+        std::error_code lostTheRace;
+        std::filesystem::create_directories(folder + "/sub", lostTheRace);
+        std::ofstream(folder + "/sub/file") << "x";
+        ::fchmodat(AT_FDCWD, folder.c_str(), 0, AT_SYMLINK_NOFOLLOW);
+        static_cast<void>(remove("gone", Force::Yes)); // fails whenever the link stands there
+    }
+    done = true;
+    swapper.join();
+    EXPECT_EQ(0500U, modeOf("elsewhere"));
+    EXPECT_TRUE(std::filesystem::exists(disk_.path("elsewhere/kept")));
+    EXPECT_TRUE(std::filesystem::exists(disk_.path("elsewhere/sub/kept")));
+    for (const std::string& left : {folder, decoy, disk_.path("elsewhere")})
+        ::fchmodat(AT_FDCWD, left.c_str(), 0700, AT_SYMLINK_NOFOLLOW);
+}
+
+TEST_F(TreeRemovalTest, isBusyWhereADiskIsHungIn) {
+    withOwnMounts([this] {
+        disk_.addFile("gone/aaa/file");
+        disk_.addFile("gone/zzz/file");
+        disk_.addFolder("gone/mmm/mounted");
+        const std::string mounted = disk_.path("gone/mmm/mounted");
+        ASSERT_EQ(0, ::mount("none", mounted.c_str(), "tmpfs", 0, nullptr)) << errno;
+        disk_.addFile("gone/mmm/mounted/kept");
+        const Paths all = disk_.tree();
+        const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+        EXPECT_EQ(EBUSY, errorOf(walk->deleteFolder("gone", Force::Yes))) << "contains it";
+        EXPECT_EQ(EBUSY, errorOf(walk->deleteFolder("gone", Force::No))) << "contains it";
+        ASSERT_TRUE(walk->enter("gone"));
+        ASSERT_TRUE(walk->enter("mmm"));
+        EXPECT_EQ(EBUSY, errorOf(walk->deleteFolder("mounted", Force::Yes))) << "is it";
+        EXPECT_EQ(all, disk_.tree()) << "nothing is deleted on either side";
+        ASSERT_TRUE(walk->enter("mounted")) << "swept like a folder";
+        EXPECT_TRUE(walk->deleteFile("kept", Force::No));
+        ASSERT_TRUE(walk->leave());
+        ASSERT_EQ(0, ::umount2(mounted.c_str(), MNT_DETACH));
+    });
+}
+
+TEST_F(TreeRemovalTest, isBusyWhereAFolderOfTheSameDiskIsHungIn) {
+    withOwnMounts([this] {
+        disk_.addFile("elsewhere/kept");
+        disk_.addFile("gone/aaa/file");
+        disk_.addFolder("gone/mounted");
+        disk_.setMode("elsewhere", 0500);
+        const std::string mounted = disk_.path("gone/mounted");
+        ASSERT_EQ(0, ::mount(disk_.path("elsewhere").c_str(), mounted.c_str(), nullptr, MS_BIND, nullptr))
+            << errno;
+        const Paths all = disk_.tree();
+        EXPECT_EQ(EBUSY, errorOf(remove("gone", Force::Yes)));
+        EXPECT_EQ(all, disk_.tree());
+        EXPECT_EQ(0500U, modeOf("elsewhere"));
+        ASSERT_EQ(0, ::umount2(mounted.c_str(), MNT_DETACH));
+        EXPECT_TRUE(remove("gone", Force::Yes));
+        EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept"}), disk_.tree());
+        disk_.setMode("elsewhere", 0700);
+    });
+}
+
+} // namespace
+} // namespace brovin::posix

@@ -1,0 +1,19 @@
+# What has to be installed, by task. Read by run and test.
+
+packages_build=(
+    cmake g++ ninja-build
+    qt6-base-dev qt6-svg-dev
+)
+packages_run=(
+    fonts-dejavu-core
+    qt6-qpa-plugins
+    xdg-utils
+)
+# A desktop without a screen, for the demonstration and the tests that click.
+packages_virtual_desktop=(
+    openbox trayer x11-xserver-utils xdotool xvfb
+)
+packages_test=(
+    clang-format clang-tidy
+    libgtest-dev
+)
