@@ -43,7 +43,7 @@ platform::Status LogCommands::empty() {
     const std::string marker = needs_.speech.messages.getMessage(9) + " - " + needs_.regional.longTime(now) +
                                " " + needs_.regional.longDate(now);
     for (const std::string_view line : {kLogSeparator, std::string_view(marker), kLogSeparator})
-        if (const auto written = (*log)->writeLine(line); !written)
+        if (auto written = (*log)->writeLine(line); !written)
             return written;
     return platform::Done{};
 }

@@ -13,6 +13,7 @@ void WatchedFolderList::load() {
 
 void WatchedFolderList::show(const std::vector<std::string>& paths) {
     std::vector<ListEntry> entries;
+    entries.reserve(paths.size());
     for (const std::string& path : paths)
         entries.push_back({needs_.regional.lowerCase(path), path});
     fill(std::move(entries));

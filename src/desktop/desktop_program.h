@@ -15,8 +15,8 @@ namespace brovin::desktop {
 
 class OptionsWindow;
 
-/// The program on a desktop: the machine beneath, the core on it, and the options window before it. There must
-/// be a QApplication.
+/// The program on a desktop: the machine beneath, the core on it, and the options window before it. There
+/// must be a QApplication.
 class DesktopProgram {
 public:
     DesktopProgram(const Places& places, const app::ProgramInfo& info);

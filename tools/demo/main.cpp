@@ -1,8 +1,8 @@
 // A demonstration: real clutter in a throw-away folder, settings of its own, and one scan in the real window.
 
+#include "demo_world.h"
 #include "desktop/desktop_program.h"
 #include "desktop/options_window.h"
-#include "desktop/qt_settings_store.h"
 #include "ui/frm_options.h"
 
 #include <QAbstractButton>
@@ -20,40 +20,6 @@
 namespace {
 
 using namespace brovin;
-
-struct Clutter {
-    const char* path;
-    int bytes;
-};
-/// What the file managers of other systems leave on a shared disk, and what has to stay.
-constexpr Clutter kShare[] = {
-    {"Holiday/beach.jpg", 48000},    {"Holiday/Thumbs.db", 23000}, {"Holiday/._beach.jpg", 4096},
-    {"Holiday/.DS_Store", 6148},     {"Holiday/Icon\r", 0},        {"Music/song.ogg", 90000},
-    {"Music/desktop.ini", 282},      {"Music/.DS_Store", 6148},    {"Music/__MACOSX/._song", 4096},
-    {"Letters/to grandma.txt", 900}, {"Letters/~lock", 80},        {"Letters/.Trashes/old.txt", 12000},
-};
-constexpr const char* kNasty[] = {"thumbs.db", ".ds_store", "desktop.ini", "__macosx", ".trashes"};
-
-void makeShare(const QString& share) {
-    for (const Clutter& entry : kShare) {
-        const QString path = share + QLatin1Char('/') + QString::fromUtf8(entry.path);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly))
-            file.write(QByteArray(entry.bytes, 'x'));
-    }
-}
-
-void storeLists(const desktop::Places& places, const QString& share) {
-    desktop::QtSettingsStore settings(places.settingsFile);
-    std::vector<platform::SettingsEntry> names{{"Number", std::to_string(std::size(kNasty))}};
-    for (std::size_t i = 0; i < std::size(kNasty); ++i)
-        names.push_back({"Entry" + std::to_string(i + 1), kNasty[i]});
-    const platform::SettingsEntry folders[] = {
-        {"Number", "1"}, {"Entry1", share.toLower().toStdString()}, {"Path1", share.toStdString()}};
-    if (!settings.write("filelist.txt", names) || !settings.write("foldlist.txt", folders))
-        std::cerr << "The demonstration's settings could not be written.\n";
-}
 
 void printLog(const QString& path) {
     QFile log(path);
@@ -117,15 +83,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Brovin"));
 
     const QString folder = QDir::current().filePath(QStringLiteral("demo"));
-    QDir(folder).removeRecursively();
-    desktop::Places places = desktop::findPlaces({});
-    places.settingsFolder = folder + QStringLiteral("/config/Brovin");
-    places.settingsFile = places.settingsFolder + QStringLiteral("/Brovin.conf");
-    places.autostartFolder = folder + QStringLiteral("/config/autostart");
-    places.ownFolder = folder + QStringLiteral("/data");
-    makeShare(folder + QStringLiteral("/Share"));
-    storeLists(places, folder + QStringLiteral("/Share"));
-
+    const desktop::Places places = tools::makeDemoWorld(folder);
     desktop::DesktopProgram program(places, {"Brovin", 1, 0, 0});
     if (!program.start())
         return 1;

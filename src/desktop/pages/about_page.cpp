@@ -1,3 +1,4 @@
+#include "desktop/link_label.h"
 #include "desktop/pages/pages.h"
 #include "desktop/pages/parts.h"
 #include "desktop/pages/text_line.h"
@@ -6,27 +7,9 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QPointer>
 
 namespace brovin::desktop {
 namespace {
-
-/// The feedback label looks and works like a link, from the keyboard too.
-QLabel* feedbackLink(ui::Label& control, QWidget* page) {
-    auto* link = new QLabel(page);
-    bindCommon(link, control);
-    link->setTextFormat(Qt::RichText);
-    link->setTextInteractionFlags(Qt::LinksAccessibleByKeyboard | Qt::LinksAccessibleByMouse);
-    const auto show = [shown = QPointer<QLabel>(link), &control] {
-        if (shown)
-            shown->setText(QStringLiteral("<a href='feedback'>%1</a>")
-                               .arg(withoutMnemonic(qt(control.caption())).toHtmlEscaped()));
-    };
-    show();
-    control.observe(show);
-    QObject::connect(link, &QLabel::linkActivated, [&control] { control.click(); });
-    return link;
-}
 
 QLabel* versionLine(ui::Label& control, QWidget* page) {
     auto* line = textLine(control, page, [&control] {
@@ -58,7 +41,7 @@ QWidget* makeAboutPage(ui::FrmOptions& form, QWidget* parent) {
     layout->addWidget(numbers);
     layout->addSpacing(16);
     layout->addWidget(new PictureLabel(form.imgLogo, 48, page), 0, Qt::AlignHCenter);
-    layout->addWidget(feedbackLink(form.lblFeedback, page), 0, Qt::AlignHCenter);
+    layout->addWidget(new LinkLabel(form.lblFeedback, page), 0, Qt::AlignHCenter);
     layout->addStretch();
     return page;
 }

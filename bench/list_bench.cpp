@@ -1,0 +1,66 @@
+// Loading and saving the longest list, in the settings store that the program uses. Prints a table.
+
+#include "app/settings.h"
+#include "cleaner/stored_list.h"
+#include "desktop/qt_regional.h"
+#include "desktop/qt_settings_store.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace brovin;
+using cleaner::WithPaths;
+
+template <class Work>
+double seconds(Work work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+} // namespace
+
+int main() {
+    const QTemporaryDir scratch;
+    const QString path = scratch.filePath(QStringLiteral("Brovin.conf"));
+    const desktop::QtRegional regional;
+    std::vector<cleaner::ListEntry> entries;
+    for (std::size_t i = 0; i < cleaner::kMostEntries; ++i)
+        entries.push_back({"/srv/share/folder number " + std::to_string(i),
+                           "/srv/Share/Folder Number " + std::to_string(i)});
+
+    double saving = 0;
+    double changing = 0;
+    double loading = 0;
+    std::size_t loaded = 0;
+    {
+        desktop::QtSettingsStore store(path);
+        app::Settings settings(store);
+        saving = seconds([&] {
+            cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, regional);
+        });
+        entries.erase(entries.begin());
+        changing = seconds([&] {
+            cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, regional);
+        });
+    }
+    loading = seconds([&] {
+        desktop::QtSettingsStore store(path);
+        const app::Settings settings(store);
+        loaded = cleaner::loadList(settings, cleaner::kWatchedFoldersSection, regional).size();
+    });
+    std::printf("%zu watched folders with their true spelling, %lld bytes\n\n", loaded,
+                static_cast<long long>(QFileInfo(path).size()));
+    std::printf("| step | time | of the second allowed |\n|---|---|---|\n");
+    std::printf("| save for the first time | %.3f s | %.2f |\n", saving, saving);
+    std::printf("| remove the first and save | %.3f s | %.2f |\n", changing, changing);
+    std::printf("| load in a fresh program | %.3f s | %.2f |\n", loading, loading);
+    return 0;
+}
