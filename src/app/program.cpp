@@ -2,6 +2,7 @@
 
 #include "app/run_key.h"
 #include "app/schedule_options.h"
+#include "app/scheduler.h"
 #include "app/settings.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
@@ -84,6 +85,16 @@ struct Program::Rooms {
         {speech, machine.folder, machine.shell, machine.clock, machine.regional}};
     ui::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
     ScheduleOptions schedule{{form, settings, machine.regional}};
+    Scheduler scheduler{{.form = form,
+                         .settings = settings,
+                         .speech = speech,
+                         .actor = actor,
+                         .scanRun = scanRun,
+                         .statistics = statistics,
+                         .tray = machine.tray,
+                         .random = machine.random,
+                         .clock = machine.clock,
+                         .regional = machine.regional}};
     RunKey runKey;
     ShutDown shutDown{{form, settings, speech, actor, machine.characters, machine.tray, machine.shell}};
     StartUp startUp{{.form = form,
@@ -173,6 +184,7 @@ void Program::Rooms::tieCleaner() {
 }
 
 void Program::Rooms::tieSchedule() {
+    form.Timer1.tick = [this] { scheduler.Timer1_Timer(); };
     form.optDaily.click = [this] { schedule.optDaily_Click(); };
     form.optWeekly.click = [this] { schedule.optWeekly_Click(); };
     form.dtpBackup.change = [this] { schedule.dtpBackup_Change(); };

@@ -229,7 +229,8 @@ Status StartUp::showFolderHint() {
 }
 
 Status StartUp::enterTray() {
-    const bool shown = needs_.tray.add(ui::trayTip(needs_.form.sbStatus.panel()));
+    needs_.form.trayTip = ui::trayTip(needs_.form.sbStatus.panel());
+    const bool shown = needs_.tray.add(needs_.form.trayTip);
     // Without a notification area a hidden window could never be reached.
     needs_.form.window.setVisible(!shown);
     return Done{};

@@ -50,7 +50,8 @@ ScanOutcome ScanRun::runScan() {
 
 void ScanRun::showStatus(const std::string& text) {
     needs_.form.sbStatus.setPanel(text);
-    needs_.tray.setTip(ui::trayTip(text));
+    needs_.form.trayTip = ui::trayTip(text);
+    needs_.tray.setTip(needs_.form.trayTip);
 }
 
 std::unique_ptr<platform::LineWriter> ScanRun::openLog() {

@@ -56,14 +56,22 @@ void Announcer::perform(const std::string& text, BoxStyle style, ForceBox force)
     if (has(style, box::kQuestion))
         playFrom(PhraseList::AniQuestion);
 
-    std::string& leadsBack = needs_.phrases.pendingReturnAnimation;
-    if (leadsBack == "GetAttentionReturn" && needs_.actor.name == "Merlin") {
-        needs_.actor.play("GetAttentionContinued");
-        needs_.actor.play("GetAttentionContinued");
-    }
+    holdAttention();
     needs_.actor.speak(text);
-    if (!leadsBack.empty())
-        needs_.actor.play(std::exchange(leadsBack, {}));
+    leadBack();
+}
+
+void Announcer::holdAttention() const {
+    if (needs_.phrases.pendingReturnAnimation != "GetAttentionReturn" || needs_.actor.name != "Merlin")
+        return;
+    needs_.actor.play("GetAttentionContinued");
+    needs_.actor.play("GetAttentionContinued");
+}
+
+void Announcer::leadBack() {
+    std::string& animation = needs_.phrases.pendingReturnAnimation;
+    if (!animation.empty())
+        needs_.actor.play(std::exchange(animation, {}));
 }
 
 void Announcer::playFrom(PhraseList animations) {

@@ -33,6 +33,11 @@ public:
     platform::Button agentMsgBox(const std::string& text, platform::BoxStyle style, const std::string& title,
                                  ForceBox force);
 
+    /// What goes with the animation that was picked last, before and after the speech: Merlin holds the
+    /// attention that he got, and whoever went into a pose comes out of it.
+    void holdAttention() const;
+    void leadBack();
+
 private:
     void perform(const std::string& text, platform::BoxStyle style, ForceBox force);
     void playFrom(language::PhraseList animations);

@@ -21,9 +21,12 @@ public:
     Result(Failure failure) : held_(std::move(failure)) {}
 
     explicit operator bool() const { return std::holds_alternative<T>(held_); }
-    T& operator*() { return *std::get_if<T>(&held_); }
-    const T& operator*() const { return *std::get_if<T>(&held_); }
+    T& operator*() & { return *std::get_if<T>(&held_); }
+    const T& operator*() const& { return *std::get_if<T>(&held_); }
+    /// Of a result that is about to go: the value itself, so that nothing dangles.
+    T operator*() && { return std::move(*std::get_if<T>(&held_)); }
     T* operator->() { return std::get_if<T>(&held_); }
+    const T* operator->() const { return std::get_if<T>(&held_); }
     [[nodiscard]] const Failure& failure() const { return *std::get_if<Failure>(&held_); }
 
 private:

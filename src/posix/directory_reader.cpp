@@ -48,7 +48,7 @@ void DirectoryReader::makeRoom() {
     if (capacity_ - end_ >= kLeastRoom)
         return;
     const std::size_t capacity = std::max(4 * kLeastRoom, 2 * capacity_);
-    auto memory = std::make_unique_for_overwrite<char[]>(capacity); // NOLINT(modernize-avoid-c-arrays)
+    auto memory = std::make_unique_for_overwrite<char[]>(capacity);
     std::copy_n(memory_.get(), end_, memory.get());
     memory_ = std::move(memory);
     capacity_ = capacity;

@@ -36,7 +36,7 @@ private:
 
     void makeRoom();
 
-    std::unique_ptr<char[]> memory_; // NOLINT(modernize-avoid-c-arrays): grown without being cleared
+    std::unique_ptr<char[]> memory_; // not a vector, which would clear what is read over
     std::size_t capacity_ = 0;
     std::size_t end_ = 0;
     std::size_t position_ = 0;

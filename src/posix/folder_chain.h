@@ -21,8 +21,7 @@ public:
     [[nodiscard]] int current() const { return levels_.empty() ? root_ : levels_.back().folder.number(); }
     [[nodiscard]] std::size_t depth() const { return levels_.size(); }
 
-    /// Goes down into a folder that the caller opened in the current one. On failure the place stays the
-    /// same.
+    /// Goes down into a folder that the caller opened in the current one. On failure the place stays.
     platform::Status enter(Descriptor folder);
 
     /// Goes up one level, from below the root. Failure: the folder above is not where it was, or cannot be

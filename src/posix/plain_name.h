@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const char* text() const { return bytes_.data(); }
 
 private:
-    std::array<char, PATH_MAX> bytes_; // NOLINT(cppcoreguidelines-pro-type-member-init)
+    std::array<char, PATH_MAX> bytes_;
 };
 
 } // namespace brovin::posix

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 namespace brovin::ui {
 
@@ -131,6 +132,8 @@ struct FrmOptions : Form {
     bool scanBusy = false;
     /// The user has confirmed that the program shall end.
     bool exitConfirmed = false;
+    /// The tip of the icon in the notification area.
+    std::string trayTip;
     /// When the scan that the next automatic one is counted from took place.
     platform::DateTime lastScanTime{};
     /// Day of the month on which the reminder last fired.

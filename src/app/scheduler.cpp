@@ -1,0 +1,166 @@
+#include "app/scheduler.h"
+
+#include "companion/draw.h"
+#include "companion/word_generator.h"
+#include "text/date_text.h"
+#include "text/numbers.h"
+
+#include <chrono>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace brovin::app {
+namespace {
+
+namespace box = platform::box;
+using companion::ForceBox;
+using language::PhraseList;
+using platform::DateTime;
+using std::chrono::days;
+using std::chrono::local_days;
+
+local_days dayOf(DateTime when) {
+    return std::chrono::floor<days>(when);
+}
+
+std::int16_t dayOfMonth(DateTime when) {
+    const std::chrono::year_month_day day(dayOf(when));
+    return static_cast<std::int16_t>(static_cast<unsigned>(day.day()));
+}
+
+unsigned weekday(DateTime when) {
+    return std::chrono::weekday(dayOf(when)).c_encoding();
+}
+
+/// A month later; a day that the next month does not have becomes its last one.
+local_days monthLater(local_days day) {
+    const std::chrono::year_month_day begun(day);
+    std::chrono::year_month_day later = begun + std::chrono::months(1);
+    if (!later.ok())
+        later = later.year() / later.month() / std::chrono::last;
+    return local_days(later);
+}
+
+/// The first day on which a check is due again, by the index of the list of periods.
+local_days nextCheck(local_days last, int period) {
+    switch (period) {
+    case 1:
+        return last + days(7);
+    case 2:
+        return last + days(14);
+    case 3:
+        return monthLater(last);
+    default:
+        return last + days(1);
+    }
+}
+
+ForceBox forcedBy(const ui::CheckBox& box) {
+    return box.checked() ? ForceBox::Yes : ForceBox::No;
+}
+
+} // namespace
+
+void Scheduler::Timer1_Timer() {
+    chatter();
+    remind();
+    announceWord();
+    scanWhenDue();
+    needs_.tray.add(needs_.form.trayTip); // comes back where the panel was restarted, else changes nothing
+    checkWhenDue();
+}
+
+void Scheduler::chatter() {
+    constexpr std::size_t kDraws = 1001;
+    const auto n = static_cast<int>(companion::drawBelow(needs_.random, kDraws));
+    if (!needs_.form.chkAgent.checked())
+        return;
+    const int frequency = needs_.form.speechFreq;
+    if (frequency >= n * 8 && !needs_.actor.visible()) {
+        popOut();
+        return;
+    }
+    const int limit = frequency * 4;
+    if (limit > std::numeric_limits<std::int16_t>::max()) // does not fit its variable
+        return;
+    if (n < limit && needs_.actor.visible())
+        if (const auto phrase = needs_.speech.phrases.pickPhrase(PhraseList::SpkRandomVisible))
+            needs_.actor.speak(*phrase);
+}
+
+/// A hidden character appears for one remark.
+void Scheduler::popOut() {
+    needs_.actor.show();
+    if (const auto animation = needs_.speech.phrases.pickPhrase(PhraseList::AniRandomPopOut))
+        needs_.actor.play(*animation);
+    needs_.speech.announcer.holdAttention();
+    if (const auto phrase = needs_.speech.phrases.pickPhrase(PhraseList::SpkRandomHidden))
+        needs_.actor.speak(*phrase);
+    needs_.speech.announcer.leadBack();
+    needs_.actor.hide();
+}
+
+void Scheduler::remind() {
+    ui::FrmOptions& form = needs_.form;
+    const DateTime now = needs_.clock.now();
+    const DateTime due = form.dtpBackup.value();
+    const auto& regional = needs_.regional;
+    if (regional.shortTime(due) != regional.shortTime(now))
+        return;
+    const bool today =
+        form.optDaily.value() || regional.shortDayName(weekday(due)) == regional.shortDayName(weekday(now));
+    if (!today || !form.chkBackup.checked() || dayOfMonth(now) == form.lastReminderDay)
+        return;
+    std::string text = needs_.settings.read(setting::kReminderWhenDue);
+    text = needs_.speech.phrases.pickPhrase(text).value_or(text);
+    needs_.speech.announcer.agentMsgBox(text, box::kInformation, "Reminder", forcedBy(form.chkMsgBox));
+    form.lastReminderDay = dayOfMonth(now);
+}
+
+void Scheduler::announceWord() {
+    ui::FrmOptions& form = needs_.form;
+    const DateTime now = needs_.clock.now();
+    const DateTime due = form.dtpWord.value();
+    const std::chrono::seconds late = (now - dayOf(now)) - (due - dayOf(due));
+    // The window is shorter than a tick, so that on some days there is no word. That is meant.
+    constexpr std::chrono::seconds kWindow{30};
+    if (late <= std::chrono::seconds(0) || late >= kWindow || !form.chkWord.checked())
+        return;
+    const std::string word = companion::makeWord(needs_.random);
+    const std::string dude = needs_.speech.phrases.getDude();
+    const auto& messages = needs_.speech.messages;
+    needs_.speech.announcer.agentMsgBox(messages.getMessage(52, {word, dude}), box::kInformation,
+                                        messages.getMessage(53, {word, dude}), forcedBy(form.chkWordMsgBox));
+}
+
+void Scheduler::scanWhenDue() {
+    ui::FrmOptions& form = needs_.form;
+    using std::chrono::hours;
+    const auto boundaries =
+        std::chrono::floor<hours>(needs_.clock.now()) - std::chrono::floor<hours>(form.lastScanTime);
+    if (!form.chkCheck.checked() ||
+        static_cast<double>(boundaries.count()) < text::leadingNumber(form.txtInterval.text()))
+        return;
+    if (needs_.scanRun.runScan() == cleaner::ScanOutcome::BusyElsewhere)
+        return; // the next tick tries again
+    form.lastScanTime = needs_.clock.now();
+    needs_.statistics.showLastScanned();
+}
+
+void Scheduler::checkWhenDue() {
+    if (!needs_.form.chkUpdate.checked())
+        return;
+    const local_days today = dayOf(needs_.clock.now());
+    const std::string stored = needs_.settings.read(setting::kLastUpdateCheck);
+    if (!stored.empty()) {
+        const auto last = text::dateOf(stored);
+        if (!last || nextCheck(dayOf(*last), needs_.form.cmbCheck.selected()) > today)
+            return;
+    }
+    needs_.settings.write(setting::kLastUpdateCheck, text::isoText(today));
+    checkForUpdates();
+}
+
+} // namespace brovin::app

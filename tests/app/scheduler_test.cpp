@@ -1,0 +1,186 @@
+#include "app/program.h"
+
+#include "fakes/fake_machine.h"
+#include "fakes/test_language.h"
+#include "text/date_text.h"
+
+#include <gtest/gtest.h>
+
+namespace brovin::app {
+namespace {
+
+using fakes::FakeMachine;
+using std::chrono::days;
+using std::chrono::hours;
+using std::chrono::milliseconds;
+using std::chrono::minutes;
+using std::chrono::seconds;
+
+platform::DateTime at(std::string_view iso) {
+    return *text::dateOf(iso);
+}
+
+/// The running program, whose clock the test moves.
+struct World : FakeMachine {
+    explicit World(std::string_view start = "2026-11-21T08:00:00") {
+        folder.files["default.blp"] = fakes::testLanguage();
+        clock.time = at(start);
+        program.Form_Load();
+        form.chkUpdate.setValue(0);
+        form.chkCheck.setValue(0);
+        form.chkBackup.setValue(0);
+        form.chkWord.setValue(0);
+    }
+    void tickAt(std::string_view iso) {
+        clock.time = at(iso);
+        form.Timer1.tick();
+    }
+    Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, registry, instance,
+                     scanLock, regional, clock, random, pump},
+                    {"Brovin", 1, 0, 0},
+                    "/opt/brovin"};
+    ui::FrmOptions& form = program.frmOptions();
+};
+
+TEST(Reminder, comesOnceADayInItsMinute) {
+    World world;
+    world.form.chkBackup.setValue(1);
+    world.form.dtpBackup.setValue(at("23:00"));
+    world.tickAt("2026-11-21T22:59:59");
+    EXPECT_TRUE(world.dialogs.boxes.empty());
+    world.tickAt("2026-11-21T23:00:20");
+    ASSERT_EQ(1U, world.dialogs.boxes.size());
+    EXPECT_EQ("m42(%1,%2)", world.dialogs.boxes[0].text);
+    EXPECT_EQ("Reminder", world.dialogs.boxes[0].title);
+    world.tickAt("2026-11-21T23:00:50");
+    EXPECT_EQ(1U, world.dialogs.boxes.size()) << "the second tick of the minute";
+    world.tickAt("2026-11-22T23:00:00");
+    EXPECT_EQ(2U, world.dialogs.boxes.size()) << "the next day";
+}
+
+TEST(Reminder, waitsForItsWeekdayWhenWeekly) {
+    World world;
+    world.form.chkBackup.setValue(1);
+    world.form.optWeekly.setValue(true);
+    world.form.dtpBackup.setValue(at("2026-11-23T20:00:00")); // a Monday
+    world.tickAt("2026-11-22T20:00:10");
+    EXPECT_TRUE(world.dialogs.boxes.empty()) << "Sunday";
+    world.tickAt("2026-11-30T20:00:10");
+    EXPECT_EQ(1U, world.dialogs.boxes.size()) << "another Monday";
+}
+
+TEST(Reminder, hasAnotherTextWhileNoneIsStored) {
+    World world;
+    world.form.chkBackup.setValue(1);
+    world.form.dtpBackup.setValue(at("23:00"));
+    world.settings.values.erase({"Settings", "Reminder"});
+    world.tickAt("2026-11-21T23:00:20");
+    ASSERT_EQ(1U, world.dialogs.boxes.size());
+    EXPECT_EQ("Time to go to bed, Fool!", world.dialogs.boxes[0].text);
+}
+
+TEST(WordOfTheDay, hasAWindowOfTwentyNineSeconds) {
+    constexpr struct {
+        const char* time;
+        bool comes;
+    } kCases[] = {{"2026-11-21T09:14:59", false}, {"2026-11-21T09:15:00", false},
+                  {"2026-11-21T09:15:01", true},  {"2026-11-21T09:15:29", true},
+                  {"2026-11-21T09:15:30", false}, {"2026-11-21T10:15:10", false}};
+    for (const auto& [time, comes] : kCases) {
+        World world;
+        world.form.chkWord.setValue(1);
+        world.form.dtpWord.setValue(at("9:15"));
+        world.tickAt(time);
+        EXPECT_EQ(comes ? 1U : 0U, world.dialogs.boxes.size()) << time;
+        if (comes) {
+            EXPECT_EQ("m52(Fleecy,, Fool)", world.dialogs.boxes.at(0).text);
+        }
+    }
+}
+
+TEST(AutomaticScan, countsTheHoursThatBegin) {
+    World world("2026-11-21T10:59:00");
+    world.form.chkCheck.setValue(1);
+    world.form.txtInterval.setText("1");
+    world.tickAt("2026-11-21T10:59:30");
+    EXPECT_EQ("", world.settings.setting("LastScanned")) << "the same hour";
+    world.tickAt("2026-11-21T11:00:01");
+    EXPECT_EQ("21 November 2026 11:00:01", world.settings.setting("LastScanned"));
+    world.tickAt("2026-11-21T11:59:59");
+    EXPECT_EQ("21 November 2026 11:00:01", world.settings.setting("LastScanned"));
+}
+
+TEST(AutomaticScan, waitsWhileAnotherCopyScans) {
+    World world;
+    world.form.chkCheck.setValue(1);
+    world.form.txtInterval.setText("1");
+    world.scanLock.heldElsewhere = true;
+    world.tickAt("2026-11-21T09:00:01");
+    world.scanLock.heldElsewhere = false;
+    world.tickAt("2026-11-21T09:00:31");
+    EXPECT_EQ("21 November 2026 09:00:31", world.settings.setting("LastScanned"));
+}
+
+TEST(UpdateCheck, isDueAfterItsPeriod) {
+    constexpr struct {
+        const char* last;
+        int period;
+        const char* today;
+        bool due;
+        const char* why;
+    } kCases[] = {
+        {"", 0, "2026-11-21", true, "never checked"},
+        {"2026-11-21", 0, "2026-11-21", false, "today"},
+        {"2026-11-20", 0, "2026-11-21", true, "a day"},
+        {"2026-11-15", 1, "2026-11-21", false, "six days of a week"},
+        {"2026-11-14", 1, "2026-11-21", true, "a week"},
+        {"2026-11-08", 2, "2026-11-21", false, "thirteen days of two weeks"},
+        {"2026-10-21", 3, "2026-11-21", true, "a month"},
+        {"2026-01-31", 3, "2026-02-27", false, "February has no 31st: the 28th counts"},
+        {"2026-01-31", 3, "2026-02-28", true, "February's last day"},
+        {"2025-12-31", 3, "2026-01-31", true, "over the end of a year"},
+        {"soon", 0, "2026-11-21", false, "no date"},
+    };
+    for (const auto& [last, period, today, due, why] : kCases) {
+        World world;
+        world.settings.set("LastUpdateCheck", last);
+        world.form.cmbCheck.select(period);
+        world.form.chkUpdate.setValue(1);
+        world.tickAt(today);
+        EXPECT_EQ(due ? today : last, world.settings.setting("LastUpdateCheck")) << why;
+    }
+}
+
+TEST(Tick, bringsTheIconBackWithItsTip) {
+    World world;
+    const std::string tip = world.tray.tips.back();
+    world.tray.shown = false; // the panel was restarted
+    world.tickAt("2026-11-21T08:01:00");
+    EXPECT_TRUE(world.tray.shown);
+    EXPECT_EQ(tip, world.tray.tips.back());
+}
+
+TEST(Tick, doesAYearOfWork) {
+    World world("2026-01-01T00:00:00");
+    world.form.chkBackup.setValue(1);
+    world.form.chkCheck.setValue(1);
+    world.form.chkUpdate.setValue(1);
+    world.form.txtInterval.setText("24");
+    std::size_t reminders = 0;
+    const platform::DateTime end = world.clock.time + days(365);
+    auto now = std::chrono::time_point_cast<milliseconds>(world.clock.time);
+    while (now < end) {
+        now += milliseconds(30500);
+        world.clock.time = std::chrono::floor<seconds>(now);
+        world.form.Timer1.tick();
+        reminders += world.dialogs.boxes.size();
+        world.dialogs.boxes.clear();
+    }
+    EXPECT_EQ(365U, reminders);
+    EXPECT_EQ("2027-01-01", world.settings.setting("LastUpdateCheck"));
+    const auto lines = world.folder.lines("deletions.log");
+    EXPECT_EQ(365, std::count(lines.begin(), lines.end(), "m58(%1,%2)")) << "one scan a day, nothing found";
+}
+
+} // namespace
+} // namespace brovin::app
