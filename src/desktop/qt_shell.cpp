@@ -42,8 +42,7 @@ void QtShell::setForegroundWindow() {
 void QtShell::endProgram() {
     if (ending)
         ending();
-    QMetaObject::invokeMethod(
-        qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, "quit", Qt::QueuedConnection); // the running handler returns first
 }
 
 bool QtClipboard::setText(const std::string& text) {

@@ -15,7 +15,8 @@
 #include <QTimer>
 
 #include <iostream>
-#include <string>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -32,24 +33,29 @@ class Demonstration {
 public:
     Demonstration(desktop::DesktopProgram& program, const QString& folder, bool leaves)
         : program_(program), folder_(folder), leaves_(leaves) {
-        QObject::connect(&timer_, &QTimer::timeout, [this] { lookForResult(); });
+        pressing_.setSingleShot(true);
+        QObject::connect(&pressing_, &QTimer::timeout, [this] { press(); });
+        QObject::connect(&watching_, &QTimer::timeout, [this] { watch(); });
     }
 
     void begin() {
         program_.form().mPopRestore.click();
-        QTimer::singleShot(1500, [this] {
-            timer_.start(200);
-            program_.window().findChild<QAbstractButton*>(QStringLiteral("cmdNuke"))->click();
-        });
+        pressing_.start(1500); // a moment to look at the window
     }
 
 private:
-    void lookForResult() {
+    /// Returns only when the result has been closed; meanwhile the other timer goes on.
+    void press() {
+        watching_.start(300);
+        program_.window().findChild<QAbstractButton*>(QStringLiteral("cmdNuke"))->click();
+    }
+
+    void watch() {
         auto* result = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (result == nullptr)
-            return;
-        timer_.stop();
-        QTimer::singleShot(500, [this, result] { show(result); });
+        if (result == nullptr || std::exchange(resultSeen_, result) != result)
+            return; // it is still being drawn
+        watching_.stop();
+        show(result);
     }
 
     void show(QMessageBox* result) {
@@ -70,7 +76,9 @@ private:
     desktop::DesktopProgram& program_;
     QString folder_;
     bool leaves_;
-    QTimer timer_;
+    QTimer pressing_;
+    QTimer watching_;
+    const QMessageBox* resultSeen_ = nullptr;
 };
 
 } // namespace
