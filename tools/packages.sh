@@ -16,4 +16,5 @@ packages_virtual_desktop=(
 packages_test=(
     clang-format clang-tidy
     libgtest-dev
+    libxml2-utils
 )

@@ -17,12 +17,16 @@
 #include "language/language_catalogue.h"
 #include "language/language_loader.h"
 
+#include <chrono>
 #include <utility>
 
 namespace brovin::app {
 namespace {
 
 using ui::FrmOptions;
+
+/// How often the frame around the chosen tab moves.
+constexpr std::chrono::milliseconds kFrameInterval{150};
 
 /// Boxes and lists that do nothing but store their value at each click.
 struct StoredBox {
@@ -232,6 +236,8 @@ void Program::Rooms::tieWindow() {
     form.window.mouseMove = [this] { window.resetPictures(); };
     form.cmdHelp.mouseMove = [this] { window.cmdHelp_MouseMove(); };
     form.cmdExit.mouseMove = [this] { window.cmdExit_MouseMove(); };
+    form.lineTimer.setInterval(kFrameInterval);
+    form.lineTimer.tick = [this] { window.lineTimer_Timer(); };
     form.window.resize = [this] { window.Form_Resize(); };
     form.window.close = [this] { window.Form_Close(); };
     form.cmdHelp.click = [this] { window.cmdHelp_Click(); };

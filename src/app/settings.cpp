@@ -1,5 +1,7 @@
 #include "app/settings.h"
 
+#include <utility>
+
 namespace brovin::app {
 namespace {
 constexpr std::string_view kSection = "Settings";
@@ -22,12 +24,12 @@ std::optional<std::string> Settings::readFrom(std::string_view section, std::str
     return store_.read(section, key);
 }
 
-void Settings::writeTo(std::string_view section, std::span<const platform::SettingsEntry> entries) {
-    if (store_.write(section, entries) || refusedBefore_)
-        return;
-    refusedBefore_ = true;
-    if (refused)
+bool Settings::writeTo(std::string_view section, std::span<const platform::SettingsEntry> entries) {
+    if (store_.write(section, entries))
+        return true;
+    if (!std::exchange(refusedBefore_, true) && refused)
         refused(store_.location());
+    return false;
 }
 
 } // namespace brovin::app

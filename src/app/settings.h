@@ -28,8 +28,8 @@ public:
 
     /// A key of another section.
     [[nodiscard]] std::optional<std::string> readFrom(std::string_view section, std::string_view key) const;
-    /// Stores several keys of another section by one write to the disk.
-    void writeTo(std::string_view section, std::span<const platform::SettingsEntry> entries);
+    /// Stores several keys of another section by one write to the disk. False: refused, nothing was stored.
+    bool writeTo(std::string_view section, std::span<const platform::SettingsEntry> entries);
 
 private:
     platform::SettingsStore& store_;

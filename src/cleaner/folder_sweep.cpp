@@ -1,5 +1,6 @@
 #include "cleaner/folder_sweep.h"
 
+#include "text/strings.h"
 #include "text/utf8.h"
 
 #include <limits>
@@ -110,7 +111,7 @@ void FolderSweep::ascend() {
 
 void FolderSweep::visit(Level& level) {
     entryName_.clear();
-    needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {text::displayText(shownPath_)}));
+    needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown("")}));
     const auto entries = walk_->list();
     if (!entries) {
         if (folderFailed)
@@ -216,7 +217,9 @@ Status FolderSweep::countItem() {
 }
 
 std::string FolderSweep::shown(std::string_view name) const {
-    return text::displayText(shownPath_).append(text::displayText(name));
+    // Messages turn a backslash and an "n" into a line break; a file of such a name must not make one.
+    const std::string path = text::displayText(shownPath_).append(text::displayText(name));
+    return text::replaceAll(path, "\\n", "\uFFFDn");
 }
 
 bool FolderSweep::goOn(const Status& statement) {

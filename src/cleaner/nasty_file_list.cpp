@@ -22,11 +22,11 @@ void NastyFileList::load() {
     needs_.form.lstFiles.setItems(std::move(items));
 }
 
-void NastyFileList::save() {
+bool NastyFileList::save() {
     std::vector<ListEntry> entries;
     for (const auto& item : needs_.form.lstFiles.items())
         entries.push_back({item.text, {}});
-    saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.regional);
+    return saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.regional);
 }
 
 void NastyFileList::cmdAddFile_Click() {
@@ -36,8 +36,8 @@ void NastyFileList::cmdAddFile_Click() {
     if (!name)
         return;
     needs_.form.lstFiles.add({needs_.regional.lowerCase(*name), 0});
-    save();
-    load();
+    if (save())
+        load();
     enableRemoving();
 }
 

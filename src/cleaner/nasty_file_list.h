@@ -33,7 +33,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> askForName();
-    void save();
+    bool save();
     void enableRemoving();
 
     Needs needs_;

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace brovin::cleaner {
 namespace {
@@ -47,7 +48,8 @@ struct Parts {
 } // namespace
 
 void Statistics::updateStatistics() {
-    const std::int32_t total = text::leadingInt32(needs_.settings.read(setting::kTotalNuked)).value_or(0);
+    const std::int32_t total = text::leadingInt32(needs_.settings.read(setting::kTotalNuked))
+                                   .value_or(std::numeric_limits<std::int32_t>::max());
     if (total > kMostBelievable) {
         reset(today());
         tellOff();

@@ -25,7 +25,7 @@ std::vector<ListEntry> loadList(const app::Settings& settings, std::string_view 
     return entries;
 }
 
-void saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
+bool saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
               WithPaths withPaths, const platform::Regional& regional) {
     std::vector<platform::SettingsEntry> keys;
     keys.push_back({"Number", std::to_string(entries.size())});
@@ -35,7 +35,7 @@ void saveList(app::Settings& settings, std::string_view section, const std::vect
         if (withPaths == WithPaths::Yes)
             keys.push_back({"Path" + index, entries[i].path});
     }
-    settings.writeTo(section, keys);
+    return settings.writeTo(section, keys);
 }
 
 } // namespace brovin::cleaner

@@ -29,8 +29,9 @@ struct ListEntry {
 
 enum class WithPaths : bool { No, Yes };
 
-/// Stores the entries, lower-cased, by one write. Keys beyond their number stay and count for nothing.
-void saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
+/// Stores the entries, lower-cased, by one write. Keys beyond their number stay and count for nothing. False:
+/// refused, nothing was stored.
+bool saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
               WithPaths withPaths, const platform::Regional& regional);
 
 } // namespace brovin::cleaner

@@ -16,7 +16,7 @@ constexpr std::string_view kAnimation = "&ani&";
 /// A list that names itself through its tokens would never be done: what one phrase may cost at most.
 constexpr int kMostPicks = 2000;
 constexpr int kMostDepth = 40;
-constexpr std::size_t kLongestPhrase = std::size_t{1} << 20U;
+constexpr std::size_t kLongestPhrase = std::size_t{1} << 16U;
 
 enum class Source { Dude, Specific, Pick, Word };
 
@@ -92,10 +92,11 @@ std::optional<std::string> PhraseEngine::expand(std::string phrase) {
             const auto value = valueFor(token);
             if (!value)
                 return std::nullopt;
+            const std::size_t places = token.oneByOne ? 1 : text::countOf(phrase, token.text);
+            if (++picks_ > kMostPicks || phrase.size() + places * value->size() > kLongestPhrase)
+                return std::nullopt;
             phrase = token.oneByOne ? text::replaceFirst(phrase, token.text, *value)
                                     : text::replaceAll(phrase, token.text, *value);
-            if (phrase.size() > kLongestPhrase)
-                return std::nullopt;
             if (!token.oneByOne)
                 break;
         }

@@ -53,7 +53,7 @@ private:
     std::optional<std::string> valueFor(const Token& token);
 
     Needs needs_;
-    int picks_ = 0; ///< how many picks the running outermost one has needed
+    int picks_ = 0; ///< how many picks and replacements the running outermost one has needed
     int depth_ = 0; ///< how deep it is in them
 };
 

@@ -35,7 +35,7 @@ std::string bytesOf(const QString& path) {
 struct DesktopMachine {
     explicit DesktopMachine(const Places& places)
         : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
-          registry(places.autostartFolder), instance(places.settingsFolder + QStringLiteral("/running.lock")),
+          registry(places.autostartFolder), instance(places.runningLock),
           scanLock(bytesOf(places.settingsFolder)) {}
 
     QtSettingsStore settings;
@@ -80,6 +80,7 @@ struct DesktopProgram::Parts {
     std::function<bool()> busy = [this] { return machine.dialogs.open(); };
     OptionsWindow window{program.frmOptions()};
     TimerBinding tick{program.frmOptions().Timer1, busy};
+    TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
 
 DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info) {
@@ -91,6 +92,7 @@ DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& inf
     OptionsWindow& window = parts_->window;
     machine.dialogs.setOwner(&window);
     machine.shell.setWindow(&window);
+    machine.shell.setManual(places.installedFolder + QStringLiteral("/help"));
     machine.shell.ending = [&window] { window.letGo(); };
     machine.tray.tie(form(), parts_->program.mainWindow(), parts_->busy);
     form().imgBrovin.setPicture("imgBrovin");

@@ -94,6 +94,8 @@ void OptionsWindow::followWindow() {
     setWindowTitle(qt(form_.window.caption()));
     if (!form_.window.visible())
         hide();
+    else if (form_.window.state() == ui::WindowState::Minimized && isVisible() && !isMinimized())
+        showMinimized(); // in the task bar, where there is no icon to hide behind
     else if (isHidden() || (isMinimized() && form_.window.state() == ui::WindowState::Normal))
         showOnScreen();
 }

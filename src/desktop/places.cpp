@@ -12,6 +12,9 @@ Places findPlaces(const QString& programFolder) {
     places.settingsFolder = config + QStringLiteral("/Brovin");
     places.settingsFile = places.settingsFolder + QStringLiteral("/Brovin.conf");
     places.autostartFolder = config + QStringLiteral("/autostart");
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    places.runningLock =
+        (runtime.isEmpty() ? places.settingsFolder : runtime) + QStringLiteral("/brovin.lock");
     if (!programFolder.isEmpty()) {
         places.installedFolder = places.ownFolder = QDir(programFolder).absolutePath();
         return places;

@@ -9,6 +9,7 @@ struct Places {
     QString settingsFile;
     QString settingsFolder;
     QString autostartFolder;
+    QString runningLock;     ///< held by the copy that runs; of this machine alone
     QString installedFolder; ///< the program's folder as it was installed
     QString ownFolder;       ///< the user's own part of it
 };

@@ -83,11 +83,10 @@ Button QtDialogs::messageBox(const std::string& text, platform::BoxStyle style, 
     message.setTextFormat(Qt::PlainText); // a file's name may look like markup
     message.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     message.setWindowFlag(Qt::WindowStaysOnTopHint);
-    if ((style & box::kButtons) == box::kYesNo)
+    if ((style & box::kButtons) == box::kYesNo) {
         message.setEscapeButton(QMessageBox::No);
-    if ((style & box::kButtons) != box::kOk && (style & box::kIcons) == box::kExclamation)
-        message.setDefaultButton((style & box::kButtons) == box::kYesNo ? QMessageBox::No
-                                                                        : QMessageBox::Cancel);
+        message.setDefaultButton(QMessageBox::No); // a stray Enter deletes nothing
+    }
     return answerOf(message.exec());
 }
 

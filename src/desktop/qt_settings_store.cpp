@@ -17,11 +17,29 @@ QString textOf(const QVariant& value) {
                                                     : value.toString();
 }
 
+/// Whether there are lines that mean nothing in an INI file: the rest of a line that was cut off, for
+/// instance. The next write would drop them without a word.
+bool hasLostLines(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    bool continued = false;
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine().trimmed();
+        const bool remark = line.isEmpty() || line.startsWith(';') || line.startsWith('#');
+        const bool section = line.startsWith('[') && line.endsWith(']');
+        if (!continued && !remark && !section && !line.contains('='))
+            return true;
+        continued = line.endsWith('\\');
+    }
+    return false;
+}
+
 } // namespace
 
 QtSettingsStore::QtSettingsStore(const QString& path)
     : path_(path), file_(std::make_unique<QSettings>(path, QSettings::IniFormat)) {
-    if (file_->status() != QSettings::FormatError)
+    if (file_->status() != QSettings::FormatError && !hasLostLines(path))
         return;
     const QString copy = path + QStringLiteral(".damaged");
     QFile::remove(copy);

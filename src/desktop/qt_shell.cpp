@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QFile>
+#include <QProcess>
 #include <QSettings>
 #include <QUrl>
 #include <QWidget>
@@ -21,10 +22,21 @@ QUrl shortcutTarget(const QString& path) {
     return web ? target : QUrl();
 }
 
+/// Whether the desktop has a program for compiled help files.
+bool canShowCompiledHelp() {
+    QProcess asking;
+    asking.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"),
+                                              QStringLiteral("application/vnd.ms-htmlhelp")});
+    constexpr int kPatience = 3000;
+    return asking.waitForFinished(kPatience) && !asking.readAllStandardOutput().trimmed().isEmpty();
+}
+
 } // namespace
 
 bool QtShell::openDocument(const std::string& path) {
-    const QString file = QFile::decodeName(QByteArray::fromStdString(path));
+    QString file = QFile::decodeName(QByteArray::fromStdString(path));
+    if (file.endsWith(QLatin1String(".chm")) && !(QFile::exists(file) && canShowCompiledHelp()))
+        file = manual_ + QStringLiteral("/index.html");
     if (!QFile::exists(file))
         return false;
     const bool shortcut = file.endsWith(QLatin1String(".url"), Qt::CaseInsensitive);

@@ -5,6 +5,7 @@
 #include "platform/shell.h"
 
 #include <QElapsedTimer>
+#include <QString>
 
 #include <functional>
 
@@ -15,6 +16,8 @@ namespace brovin::desktop {
 class QtShell final : public platform::Shell {
 public:
     void setWindow(QWidget* window) { window_ = window; }
+    /// Where the pages of the manual are, for desktops that cannot show them in one compiled file.
+    void setManual(const QString& folder) { manual_ = folder; }
     /// Called when the program ends, before the event loop does.
     std::function<void()> ending;
 
@@ -24,6 +27,7 @@ public:
 
 private:
     QWidget* window_ = nullptr;
+    QString manual_;
 };
 
 class QtClipboard final : public platform::Clipboard {

@@ -33,6 +33,10 @@ TabButton::TabButton(ui::FrmOptions& form, std::size_t tab, QWidget* parent)
     follow();
     image_.observe(follow);
     label_.observe(follow);
+    form.tabFrame.observe([shown = QPointer<TabButton>(this)] {
+        if (shown && shown->label_.highlighted())
+            shown->update();
+    });
     connect(this, &QAbstractButton::clicked, [this] { image_.click(); });
 }
 
@@ -50,6 +54,17 @@ QSize TabButton::sizeHint() const {
             kPicture + metrics.height() + 2 * kMargin};
 }
 
+/// Dashes that wander along the edge, one dash in kSteps steps.
+void TabButton::drawFrame(QPainter& painter) const {
+    constexpr qreal kDash = 4;
+    QPen pen(Qt::white, 1.5);
+    pen.setDashPattern({kDash, kDash});
+    pen.setDashOffset(2 * kDash * form_.tabFrame.step() / ui::MovingFrame::kSteps);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 5, 5);
+}
+
 void TabButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -57,6 +72,7 @@ void TabButton::paintEvent(QPaintEvent* /*event*/) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().highlight());
         painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 6, 6);
+        drawFrame(painter);
     }
     const QPixmap drawn = picture(qt(image_.picture()), kPicture, devicePixelRatioF());
     painter.drawPixmap((width() - kPicture) / 2, kMargin, drawn);

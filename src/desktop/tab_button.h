@@ -22,6 +22,7 @@ protected:
 
 private:
     [[nodiscard]] QFont captionFont() const;
+    void drawFrame(QPainter& painter) const;
 
     ui::FrmOptions& form_;
     ui::Image& image_;

@@ -15,8 +15,16 @@ TimerBinding::TimerBinding(ui::Timer& control, std::function<bool()> busy)
     follow();
 }
 
+TimerBinding::TimerBinding(ui::Timer& control, ui::Window& window)
+    : TimerBinding(control, [] { return false; }) {
+    window_ = &window;
+    window.observe([this] { follow(); });
+    follow();
+}
+
 void TimerBinding::follow() {
-    const bool runs = control_.enabled() && control_.interval().count() > 0;
+    const bool seen = window_ == nullptr || window_->visible();
+    const bool runs = control_.enabled() && control_.interval().count() > 0 && seen;
     if (!runs)
         timer_.stop();
     else if (!timer_.isActive() || timer_.intervalAsDuration() != control_.interval())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/controls.h"
+#include "ui/window.h"
 
 #include <QTimer>
 
@@ -13,12 +14,16 @@ namespace brovin::desktop {
 class TimerBinding final {
 public:
     TimerBinding(ui::Timer& control, std::function<bool()> busy);
+    /// A timer that only moves something on the screen: it stands still, and wakes nobody, while the window
+    /// is hidden.
+    TimerBinding(ui::Timer& control, ui::Window& window);
 
 private:
     void follow();
     void fire();
 
     ui::Timer& control_;
+    const ui::Window* window_ = nullptr;
     std::function<bool()> busy_;
     QTimer timer_;
 };

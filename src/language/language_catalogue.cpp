@@ -22,7 +22,8 @@ std::optional<float> versionNumber(std::string_view value) {
 /// The shortest text that reads back as the same number: "1.10" is kept as "1.1".
 std::string versionText(float number) {
     std::string digits(48, '\0');
-    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    const auto [end, error] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
     digits.resize(static_cast<std::size_t>(end - digits.data()));
     return digits;
 }

@@ -14,8 +14,9 @@ void LanguageLoader::lstLang_Click() {
 }
 
 void LanguageLoader::loadLanguage() {
-    const std::string file = needs_.catalogue.selectedFile().value_or(std::string());
-    if (!needs_.catalogue.langFiles.empty())
+    const auto selected = needs_.catalogue.selectedFile();
+    const std::string file = selected.value_or(std::string());
+    if (selected)
         needs_.settings.write(app::setting::kLanguage, file);
     needs_.tables = {};
     needs_.form.cmbDudeSex.clear();
@@ -81,7 +82,7 @@ void LanguageLoader::fill(ui::ComboBox& list, std::string_view entries, const ap
 
 void LanguageLoader::applyCaption(std::string_view controlName, std::string_view caption) {
     ui::Control* control = needs_.form.find(controlName);
-    if (control == nullptr)
+    if (control == nullptr || control == &needs_.form.window) // its title is the statistics
         return;
     control->setCaption(std::string(caption));
     control->setToolTip(text::replaceAll(caption, "&", ""));

@@ -31,7 +31,7 @@ std::vector<int> numbersOf(std::string_view text, char separator) {
 
 std::optional<local_days> dayOf(std::string_view text) {
     const auto numbers = numbersOf(text, '-');
-    if (numbers.size() != 3 || numbers[0] > 9999)
+    if (numbers.size() != 3 || numbers[0] > 9999 || numbers[1] > 12 || numbers[2] > 31)
         return std::nullopt;
     const std::chrono::year_month_day day{std::chrono::year(numbers[0]),
                                           std::chrono::month(static_cast<unsigned>(numbers[1])),

@@ -7,13 +7,12 @@
 
 namespace brovin::text {
 
-/// The number that a text begins with: blanks are passed over, then sign, digits, decimal point and exponent are
-/// read as far as they go. "12 apples" is 12; a text that begins otherwise, and one out of range, is 0.
+/// The number that a text begins with: blanks are passed over, then sign, digits, decimal point and exponent
+/// are read as far as they go. "12 apples" is 12; a text that begins otherwise, and one out of range, is 0.
 [[nodiscard]] double leadingNumber(std::string_view text);
 
-
-/// `leadingNumber` rounded to the nearest whole number, halves to the even neighbour; nullopt when that does not
-/// fit the type. These are the program's 16-bit and 32-bit variables.
+/// `leadingNumber` rounded to the nearest whole number, halves to the even neighbour; nullopt when that does
+/// not fit the type. These are the program's 16-bit and 32-bit variables.
 [[nodiscard]] std::optional<std::int16_t> leadingInt16(std::string_view text);
 [[nodiscard]] std::optional<std::int32_t> leadingInt32(std::string_view text);
 

@@ -40,6 +40,14 @@ std::string replaceFirst(std::string_view text, std::string_view what, std::stri
     return replaced;
 }
 
+std::size_t countOf(std::string_view text, std::string_view what) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(what); at != std::string_view::npos;
+         at = text.find(what, at + what.size()))
+        ++count;
+    return count;
+}
+
 std::string asciiLower(std::string_view text) {
     std::string lowered(text);
     for (char& c : lowered)

@@ -190,6 +190,19 @@ private:
     int value_ = 0;
 };
 
+/// A frame that moves around what it marks.
+class MovingFrame : public Control {
+public:
+    using Control::Control;
+    /// Grows by one with each step of the movement and begins again after kSteps.
+    [[nodiscard]] int step() const { return step_; }
+    static constexpr int kSteps = 8;
+    void advance() { change(step_, (step_ + 1) % kSteps); }
+
+private:
+    int step_ = 0;
+};
+
 /// The line of text at the window's lower edge: its first panel.
 class StatusBar : public Control {
 public:

@@ -29,7 +29,8 @@ struct FrmOptions : Form {
     PerTab<Panel> picTab{Panel{*this, "picTab0"}, Panel{*this, "picTab1"}, Panel{*this, "picTab2"},
                          Panel{*this, "picTab3"}, Panel{*this, "picTab4"}, Panel{*this, "picTab5"},
                          Panel{*this, "picTab6"}, Panel{*this, "picTab7"}};
-    Panel Picture1{*this, "Picture1"}; ///< the frame around the pages
+    Panel Picture1{*this, "Picture1"};       ///< the frame around the pages
+    MovingFrame tabFrame{*this, "tabFrame"}; ///< around the chosen tab
     Button cmdHelp{*this, "cmdHelp"};
     Button cmdExit{*this, "cmdExit"};
     StatusBar sbStatus{*this, "sbStatus"};

@@ -29,6 +29,11 @@ void MainWindow::resetPictures() {
     needs_.form.cmdExit.setPicture("close");
 }
 
+void MainWindow::lineTimer_Timer() {
+    if (needs_.form.window.visible())
+        needs_.form.tabFrame.advance();
+}
+
 void MainWindow::trayMouse(TrayMouse event) {
     if (event == TrayMouse::RightUp) {
         needs_.shell.setForegroundWindow();
@@ -45,7 +50,8 @@ void MainWindow::mPopRestore_Click() {
 }
 
 void MainWindow::Form_Resize() {
-    if (needs_.form.window.state() == WindowState::Minimized)
+    // Without an icon to click, a hidden window could not be brought back: it stays in the task bar.
+    if (needs_.form.window.state() == WindowState::Minimized && needs_.tray.available())
         needs_.form.window.setVisible(false);
 }
 

@@ -37,6 +37,9 @@ public:
     /// The mouse is over nothing that changes: all pictures take their normal form.
     void resetPictures();
 
+    /// Moves the frame around the chosen tab on by a step, while somebody can see it.
+    void lineTimer_Timer();
+
     void trayMouse(TrayMouse event);
     void mPopRestore_Click();
     void Form_Resize();

@@ -27,6 +27,7 @@ struct DesktopWorld {
         places.settingsFolder = root + "/config/Brovin";
         places.settingsFile = places.settingsFolder + "/Brovin.conf";
         places.autostartFolder = root + "/config/autostart";
+        places.runningLock = root + "/running.lock";
         places.installedFolder = QStringLiteral(BROVIN_ASSETS);
         places.ownFolder = root + "/data";
     }

@@ -55,6 +55,7 @@ desktop::Places makeDemoWorld(const QString& folder) {
     places.settingsFolder = folder + QStringLiteral("/config/Brovin");
     places.settingsFile = places.settingsFolder + QStringLiteral("/Brovin.conf");
     places.autostartFolder = folder + QStringLiteral("/config/autostart");
+    places.runningLock = folder + QStringLiteral("/running.lock");
     places.ownFolder = folder + QStringLiteral("/data");
     makeShare(folder + QStringLiteral("/Share"));
     storeLists(places, folder + QStringLiteral("/Share"));

@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QStackedLayout>
 
 namespace brovin::desktop {
 namespace {

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "companion/phrase_engine.h"
+#include "fakes/fake_machine.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace brovin::companion {
+
+/// The phrase engine on a machine in memory, with a character on the screen that does nothing yet. All lists
+/// are empty.
+struct CompanionWorld : fakes::FakeMachine {
+    CompanionWorld() {
+        actor.name = "Peedy";
+        actor.character = &characters.only;
+    }
+    void list(language::PhraseList which, const std::string& alternatives) {
+        tables.append(which, alternatives);
+    }
+    [[nodiscard]] const std::vector<std::string>& requests() const { return characters.only.requests; }
+
+    /// A draw that picks number `index` of `count`.
+    [[nodiscard]] static double drawOf(std::size_t index, std::size_t count) {
+        return (static_cast<double>(index) + 0.5) / static_cast<double>(count);
+    }
+
+    ui::FrmOptions form;
+    app::Settings options{settings};
+    language::LanguageTables tables;
+    Actor actor;
+    PhraseEngine phrases{{form, options, tables, actor, regional, random}};
+};
+
+} // namespace brovin::companion

@@ -1,0 +1,145 @@
+#include "headless/scan_command.h"
+
+#include "fakes/fake_machine.h"
+#include "fakes/test_language.h"
+#include "text/date_text.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace brovin::headless {
+namespace {
+
+using Paths = std::vector<std::string>;
+
+/// A machine with a console and one watched folder full of clutter.
+struct World : fakes::FakeMachine {
+    World() {
+        folder.files["default.blp"] = fakes::testLanguage();
+        clock.time = *text::dateOf("2026-11-21T10:05:00");
+        files.addFile("/Share/Thumbs.DB", 6000);
+        files.addFile("/Share/Old/__MACOSX/junk", 20480);
+        files.addFile("/Share/keep.txt", 1);
+        settings.values[{"foldlist.txt", "Number"}] = "1";
+        settings.values[{"foldlist.txt", "Entry1"}] = "/share";
+        settings.values[{"foldlist.txt", "Path1"}] = "/Share";
+        settings.values[{"filelist.txt", "Number"}] = "2";
+        settings.values[{"filelist.txt", "Entry1"}] = "thumbs.db";
+        settings.values[{"filelist.txt", "Entry2"}] = "__macosx";
+    }
+
+    ScanStatus scan() {
+        return scanCommand(options, {settings, files, folder, scanLock, regional, clock, random},
+                           {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
+    }
+
+    ScanOptions options;
+    bool interactive = false;
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+};
+
+TEST(ScanCommand, isTheSameRunAsInTheWindow) {
+    World world;
+    EXPECT_EQ(ScanStatus::Done, world.scan());
+    EXPECT_EQ((Paths{"/Share", "/Share/Old", "/Share/keep.txt"}), world.files.tree());
+    EXPECT_EQ("2", world.settings.setting("TotalNuked"));
+    EXPECT_EQ("25", world.settings.setting("KB"));
+    EXPECT_EQ("21 November 2026 10:05:00", world.settings.setting("LastScanned"));
+    EXPECT_EQ((Paths{"------------------------------------------------", "m55(10:05:00,21 November 2026)",
+                     "m62(/share/thumbs.db,%2)", "m63(20,/share/old/__macosx)", "m56(2,25)",
+                     "m57(10:05:00,21 November 2026)"}),
+              world.folder.lines("deletions.log"));
+    EXPECT_EQ(
+        "deleted /Share/Thumbs.DB\ndeleted /Share/Old/__MACOSX\nDeleted 2 items, 25 KB, in 2 folders.\n",
+        world.out.str());
+    EXPECT_EQ("", world.err.str());
+}
+
+TEST(ScanCommand, changesNothingInADryRun) {
+    World world;
+    world.options.dryRun = true;
+    world.settings.set("Confirm", "1");
+    const auto before = world.settings.values;
+    const auto tree = world.files.tree();
+    EXPECT_EQ(ScanStatus::Done, world.scan());
+    EXPECT_EQ(tree, world.files.tree());
+    EXPECT_EQ(before, world.settings.values);
+    EXPECT_FALSE(world.folder.files.contains("deletions.log"));
+    EXPECT_EQ("would delete /Share/Thumbs.DB\nwould delete /Share/Old/__MACOSX\n"
+              "Would delete 2 items, 25 KB, in 2 folders.\n",
+              world.out.str());
+}
+
+TEST(ScanCommand, tellsTheTruthAboutAFailedDeletion) {
+    World world;
+    world.options.json = true;
+    world.files.failing.insert({fakes::FileOperation::DeleteFile, "/Share/Thumbs.DB"});
+    EXPECT_EQ(ScanStatus::SomeFailed, world.scan());
+    EXPECT_EQ("{\"path\":\"/Share/Thumbs.DB\",\"kind\":\"file\",\"kb\":5,\"deleted\":false,"
+              "\"reason\":\"Permission denied\"}\n"
+              "{\"path\":\"/Share/Old/__MACOSX\",\"kind\":\"folder\",\"kb\":20,\"deleted\":true}\n"
+              "{\"summary\":{\"dryRun\":false,\"deleted\":1,\"wouldDelete\":0,\"failed\":1,\"kb\":20,"
+              "\"foldersSwept\":2,\"foldersFailed\":0,\"subfoldersNotVisited\":0}}\n",
+              world.out.str());
+    EXPECT_EQ("2", world.settings.setting("TotalNuked"))
+        << "the totals count the try, as they do in the window";
+}
+
+TEST(ScanCommand, asksOnlyWhereSomebodyCanAnswer) {
+    World silent;
+    silent.settings.set("Confirm", "1");
+    silent.in.str("y\ny\n");
+    EXPECT_EQ(ScanStatus::Done, silent.scan());
+    EXPECT_TRUE(silent.files.deleted.empty()) << "the answers were not for us";
+
+    World asked;
+    asked.settings.set("Confirm", "1");
+    asked.interactive = true;
+    asked.in.str("n\nYES\n");
+    EXPECT_EQ(ScanStatus::Done, asked.scan());
+    EXPECT_EQ(Paths{"/Share/Old/__MACOSX"}, asked.files.deleted);
+}
+
+TEST(ScanCommand, takesFoldersAndNamesInPlaceOfTheLists) {
+    World world;
+    world.files.addFile("/Other/JUNK");
+    world.files.addFile("/Other/thumbs.db");
+    world.options.folders = {"/Other"};
+    world.options.nasty = {"Junk"};
+    EXPECT_EQ(ScanStatus::Done, world.scan());
+    EXPECT_EQ(Paths{"/Other/JUNK"}, world.files.deleted);
+    EXPECT_EQ("thumbs.db", world.settings.read("filelist.txt", "Entry1")) << "the lists stay";
+}
+
+TEST(ScanCommand, saysWhyItDoesNothing) {
+    World empty;
+    empty.settings.values.clear();
+    EXPECT_EQ(ScanStatus::NothingToScan, empty.scan());
+    EXPECT_NE("", empty.err.str());
+
+    World gone;
+    gone.options.folders = {"/nowhere"};
+    EXPECT_EQ(ScanStatus::NothingToScan, gone.scan());
+    EXPECT_NE(std::string::npos, gone.err.str().find("/nowhere"));
+
+    World busy;
+    busy.scanLock.heldElsewhere = true;
+    EXPECT_EQ(ScanStatus::Busy, busy.scan());
+    EXPECT_TRUE(busy.files.deleted.empty());
+
+    World mute;
+    mute.folder.files.clear();
+    EXPECT_EQ(ScanStatus::BadUsage, mute.scan());
+    EXPECT_TRUE(mute.files.deleted.empty());
+
+    World broken;
+    broken.folder.files["default.blp"] = "language=x\nlanguageDesc=y\nlangversion=1\n";
+    EXPECT_EQ(ScanStatus::BadUsage, broken.scan()) << "nobody can choose another language";
+    EXPECT_TRUE(broken.files.deleted.empty());
+}
+
+} // namespace
+} // namespace brovin::headless

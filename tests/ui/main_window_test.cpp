@@ -1,0 +1,77 @@
+#include "ui/main_window.h"
+
+#include "fakes/fake_machine.h"
+
+#include <gtest/gtest.h>
+
+namespace brovin::ui {
+namespace {
+
+struct World : fakes::FakeMachine {
+    FrmOptions form;
+    app::Settings options{settings};
+    MainWindow window{{form, options, folder, shell, tray}};
+};
+
+TEST(MainWindow, showsOnePageAndMarksItsTab) {
+    World world;
+    for (const int chosen : {3, 0, 7}) {
+        EXPECT_TRUE(world.window.imgTabs_Click(chosen));
+        for (int i = 0; i < 8; ++i) {
+            const auto tab = static_cast<std::size_t>(i);
+            EXPECT_EQ(i == chosen, world.form.picTab[tab].visible()) << i;
+            EXPECT_EQ(i == chosen, world.form.lblTabs[tab].bold()) << i;
+            EXPECT_EQ(i == chosen, world.form.lblTabs[tab].highlighted()) << i;
+        }
+        EXPECT_EQ(std::to_string(chosen), world.settings.setting("Tab"));
+    }
+    for (const int missing : {-1, 8, 99})
+        EXPECT_FALSE(world.window.imgTabs_Click(missing));
+    EXPECT_TRUE(world.form.picTab[7].visible());
+    EXPECT_EQ("7", world.settings.setting("Tab"));
+}
+
+TEST(MainWindow, comesBackFromItsIconAndGoesThereAgain) {
+    World world;
+    world.form.window.resize = [&world] { world.window.Form_Resize(); };
+    int menus = 0;
+    world.window.popUpMenu = [&menus] { ++menus; };
+    for (const TrayMouse event : {TrayMouse::LeftUp, TrayMouse::LeftDoubleClick}) {
+        world.form.window.setState(WindowState::Minimized);
+        EXPECT_FALSE(world.form.window.visible());
+        world.window.trayMouse(event);
+        EXPECT_TRUE(world.form.window.visible());
+        EXPECT_EQ(WindowState::Normal, world.form.window.state());
+    }
+    EXPECT_EQ(2, world.shell.foregrounds);
+    EXPECT_EQ(0, menus);
+    world.window.Form_Close();
+    EXPECT_FALSE(world.form.window.visible());
+    world.window.trayMouse(TrayMouse::RightUp);
+    EXPECT_EQ(1, menus);
+    EXPECT_EQ(3, world.shell.foregrounds) << "else the menu would not close by a click beside it";
+    EXPECT_FALSE(world.form.window.visible()) << "the menu does not bring it back";
+}
+
+TEST(MainWindow, staysInTheTaskBarWhereThereIsNoNotificationArea) {
+    World world;
+    world.form.window.resize = [&world] { world.window.Form_Resize(); };
+    world.tray.present = false;
+    world.window.mPopRestore_Click();
+    world.window.Form_Close();
+    EXPECT_TRUE(world.form.window.visible()) << "hidden it could never be reached again";
+    EXPECT_EQ(WindowState::Minimized, world.form.window.state());
+}
+
+TEST(MainWindow, opensWhatLiesBesideTheProgram) {
+    World world;
+    world.window.cmdHelp_Click();
+    world.window.imgLogo_Click();
+    world.window.lblFeedback_Click();
+    EXPECT_EQ((std::vector<std::string>{"/program/brovin.chm", "/program/kestrelworks.url",
+                                        "/program/feedback.url"}),
+              world.shell.opened);
+}
+
+} // namespace
+} // namespace brovin::ui
