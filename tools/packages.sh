@@ -13,6 +13,9 @@ packages_run=(
 packages_virtual_desktop=(
     openbox trayer x11-xserver-utils xdotool xvfb
 )
+packages_bench=(
+    findutils libbenchmark-dev
+)
 packages_test=(
     clang-format clang-tidy
     libgtest-dev

@@ -1,0 +1,245 @@
+#include "character/image_codec.h"
+
+#include "bit_text.h"
+#include "random_character.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <random>
+#include <string_view>
+
+namespace brovin::character {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes letters(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+Bytes noise(std::size_t count, unsigned values) {
+    std::mt19937 random(7);
+    Bytes bytes(count);
+    for (std::uint8_t& byte : bytes)
+        byte = static_cast<std::uint8_t>(random() % values);
+    return bytes;
+}
+
+Unpacked outcome(const Bytes& packed, std::size_t size) {
+    Bytes plain(size);
+    return unpack(packed, plain);
+}
+
+/// What `packed` stands for; the output is `size` bytes on the heap, where a sanitizer sees every step beside
+/// it.
+Bytes unpacked(const Bytes& packed, std::size_t size) {
+    Bytes plain(size);
+    EXPECT_EQ(Unpacked::Done, unpack(packed, plain));
+    return plain;
+}
+
+const Bytes kEmptyRegion{0x20, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0xA8, 0, 0, 0,
+                         0,    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,    0, 0, 0};
+
+const struct {
+    Bytes plain;
+    Bytes packed;
+    bool ours; ///< whether these are the bytes that our own packing gives
+} kKnown[] = {
+    {{}, {0, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, true},
+    {letters("abcabcabcabc"),
+     {0, 0xC2, 0x88, 0x19, 0x4B, 0x38, 0xFC, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF},
+     true},
+    {letters("aaaaaaaaaa"), {0, 0xC2, 0x02, 0x0E, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, true},
+    {Bytes(32, 0x0A), {0, 0x14, 0x02, 0x9E, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, true},
+    {kEmptyRegion,
+     {0, 0x40, 0, 0x04, 0x10, 0xD0, 0x90, 0x80, 0x42, 0xED, 0x98, 1, 0xB7, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF,
+      0xFF},
+     false},
+};
+
+TEST(ImageCodec, agreesWithRunsWorkedOutByHand) {
+    for (const auto& [plain, packed, ours] : kKnown) {
+        EXPECT_EQ(plain, unpacked(packed, plain.size()));
+        EXPECT_EQ(ours, packed == pack(plain));
+        EXPECT_LE(pack(plain).size(), packed.size()) << "at least as tight";
+    }
+}
+
+TEST(Unpack, readsEachTokenAsOnPaper) {
+    const struct {
+        std::string_view bits;
+        std::string_view plain;
+        std::string_view why;
+    } kCases[] = {
+        {"0 10000110", "a", "a literal, 0x61, its lowest bit first"},
+        {"0 10000110  1 0 000000  0", "aaa", "offset 1, the shortest copy"},
+        {"0 10000110 0 01000110  1 0 100000  0", "abab", "offset 2"},
+        {"0 10000110 0 01000110  1 0 100000  10 1", "ababab", "one one: 2 + 1 + 1"},
+        {"0 10000110  1 0 000000  110 00", "aaaaaa", "two ones: 2 + 3 + 0"},
+        {"0 10000110  1 0 000000  110 11", "aaaaaaaaa", "two ones: 2 + 3 + 3"},
+        {"0 10000110  1 0 000000  110 01", "aaaaaaaa", "two ones: 2 + 3 + 2, the lower bit first"},
+    };
+    for (const auto& [bits, plain, why] : kCases) {
+        EXPECT_EQ(letters(plain), unpacked(BitText().bits(bits).packed(), plain.size())) << why;
+    }
+}
+
+/// The lowest and the highest offset of each class, with the shortest and the longest copy.
+TEST(Unpack, reachesBothEndsOfEveryClass) {
+    const struct {
+        std::string_view prefix;
+        unsigned valueBits;
+        std::uint32_t value;
+        std::size_t offset;
+        std::size_t shortest;
+    } kCases[] = {
+        {"1 0", 6, 0, 1, 2},       {"1 0", 6, 63, 64, 2},
+        {"1 10", 9, 0, 65, 2},     {"1 10", 9, 511, 576, 2},
+        {"1 110", 12, 0, 577, 2},  {"1 110", 12, 4095, 4672, 2},
+        {"1 111", 20, 0, 4673, 3}, {"1 111", 20, 0xFFFFE, 1053247, 3},
+    };
+    const Bytes start = noise(4700, 256);
+    for (const auto& [prefix, valueBits, value, offset, shortest] : kCases) {
+        BitText text;
+        Bytes plain;
+        for (std::size_t i = 0; i < std::min(offset, start.size()); ++i) {
+            text.literal(start[i]);
+            plain.push_back(start[i]);
+        }
+        for (; plain.size() + 4096 <= offset; plain.insert(plain.end(), 4096, plain.back()))
+            text.bits("1 0 000000  111111111110 11111111111");
+        for (; plain.size() < offset; plain.push_back(0))
+            text.literal(0);
+        const std::size_t longest = shortest + 4094;
+        text.bits(prefix).number(value, valueBits).bits("0");
+        text.bits(prefix).number(value, valueBits).bits("111111111110 11111111111");
+        for (std::size_t i = 0; i < shortest + longest; ++i)
+            plain.push_back(plain[plain.size() - offset]);
+        EXPECT_TRUE(plain == unpacked(text.packed(), plain.size())) << "offset " << offset;
+    }
+}
+
+TEST(Unpack, refusesWhatIsNotAPackedRun) {
+    const BitText a = BitText().literal('a');
+    const Bytes full = BitText().literal('a').literal('b').packed();
+    const struct {
+        Bytes packed;
+        std::size_t size;
+        Unpacked expected;
+        std::string_view why;
+    } kCases[] = {
+        {{}, 0, Unpacked::BadStart, "nothing"},
+        {{0, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, 0, Unpacked::BadStart, "shorter than the end alone"},
+        {{1, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, 0, Unpacked::BadStart, "the first byte is not zero"},
+        {full, 3, Unpacked::EndsEarly, "the end code comes before the output is full"},
+        {full, 2, Unpacked::Done, "exactly"},
+        {full, 1, Unpacked::TooMuch, "a literal too many"},
+        {{0, 0, 0, 0, 0, 0, 0}, 5, Unpacked::Done, "five literals of nine bits, three bits of a sixth"},
+        {{0, 0, 0, 0, 0, 0, 0}, 6, Unpacked::EndsEarly, "the bits end first"},
+        {Bytes(11), 9, Unpacked::EndsEarly, "of the ninth literal one bit is missing"},
+        {Bytes(10), 8, Unpacked::Done, "of the eighth none is"},
+        {BitText(a).bits("1 0 000000 110 11").packed(), 8, Unpacked::TooMuch,
+         "a copy that would pass the end"},
+        {BitText(a).bits("1 0 100000 0").packed(), 3, Unpacked::BadOffset, "one before the beginning"},
+        {BitText().bits("1 0 000000 0").packed(), 2, Unpacked::BadOffset, "a copy of nothing"},
+        {BitText(a).bits("1 111").number(0xFFFFE, 20).bits("0").packed(), 4, Unpacked::BadOffset,
+         "the farthest"},
+        {BitText(a).bits("1 0 000000 111111111111 0").packed(), 5000, Unpacked::BadLengthCode, "twelve ones"},
+        {BitText(a).bits("1 0 000000 111111111110 00000000000").packed(), 2050, Unpacked::Done,
+         "eleven ones"},
+    };
+    for (const auto& [packed, size, expected, why] : kCases)
+        EXPECT_EQ(expected, outcome(packed, size)) << why;
+}
+
+TEST(Unpack, endsInAnOutcomeWhateverTheBytes) {
+    std::mt19937 random(11);
+    const Bytes plain = RandomCharacter(3).pixels(3000);
+    const Bytes good = pack(plain);
+    for (int i = 0; i < 3000; ++i) {
+        Bytes bad = good;
+        for (std::size_t changes = 1 + random() % 4; changes > 0; --changes)
+            bad[random() % bad.size()] = static_cast<std::uint8_t>(random());
+        bad.resize(random() % 3 == 0 ? random() % bad.size() : bad.size());
+        Bytes out(random() % 4000);
+        const Unpacked result = unpack(bad, out);
+        EXPECT_LE(static_cast<int>(result), static_cast<int>(Unpacked::BadLengthCode));
+    }
+}
+
+TEST(ImageCodec, givesBackWhateverWasPacked) {
+    Bytes alternating(10000);
+    for (std::size_t i = 0; i < alternating.size(); ++i)
+        alternating[i] = i % 2 == 0 ? 0 : 255;
+    Bytes rising(70000);
+    for (std::size_t i = 0; i < rising.size(); ++i)
+        rising[i] = static_cast<std::uint8_t>(i / 256 * 31 + i);
+    const Bytes farApart = [] {
+        Bytes bytes = noise(6000, 256);
+        bytes.insert(bytes.end(), 1053247 - 6000, 0); // so that the noise comes again at the farthest offset
+        const Bytes again = noise(6000, 256);
+        bytes.insert(bytes.end(), again.begin(), again.end());
+        return bytes;
+    }();
+    const struct {
+        std::string_view what;
+        Bytes plain;
+        std::size_t most; ///< bytes, packed
+    } kCases[] = {
+        {"one byte", {7}, 9},
+        {"constant", Bytes(100000, 9), 105}, // a literal and 25 copies of 31 bits: 784 bits
+        {"alternating", alternating, 22},
+        {"noise", noise(20000, 256), 20000 * 9 / 8 + 8},
+        {"noise of two values", noise(20000, 2), 20000 / 4},
+        {"rising", rising, 70000 / 8},
+        {"far apart", farApart, 6000 * 9 / 8 + 2000},
+    };
+    for (const auto& [what, plain, most] : kCases) {
+        const Bytes packed = pack(plain);
+        EXPECT_TRUE(plain == unpacked(packed, plain.size())) << what;
+        EXPECT_LE(packed.size(), most) << what;
+    }
+    for (std::uint32_t seed = 0; seed < 60; ++seed) {
+        const Bytes plain = RandomCharacter(seed).pixels(std::size_t{seed} * 97);
+        EXPECT_TRUE(plain == unpacked(pack(plain), plain.size())) << "seed " << seed;
+    }
+}
+
+/// The fewest bits that any sequence of literals and copies takes, by trying every one at every place.
+std::size_t fewestBits(const Bytes& plain) {
+    std::vector<std::size_t> fewest(plain.size() + 1, std::numeric_limits<std::size_t>::max());
+    fewest[0] = 0;
+    const auto offsetBits = [](std::size_t offset) { return offset <= 64 ? 8U : 12U; };
+    constexpr std::array<std::size_t, 7> kLastOfLengthCode{2, 4, 8, 16, 32, 64, 128};
+    for (std::size_t at = 0; at < plain.size(); ++at) {
+        fewest[at + 1] = std::min(fewest[at + 1], fewest[at] + 9);
+        for (std::size_t offset = 1; offset <= at; ++offset)
+            for (std::size_t length = 1; at + length <= plain.size(); ++length) {
+                if (plain[at + length - 1] != plain[at + length - 1 - offset])
+                    break;
+                std::size_t ones = 0;
+                while (length > kLastOfLengthCode[ones])
+                    ++ones;
+                const std::size_t bits = fewest[at] + offsetBits(offset) + 2 * ones + 1;
+                if (length >= 2)
+                    fewest[at + length] = std::min(fewest[at + length], bits);
+            }
+    }
+    return fewest.back();
+}
+
+TEST(Pack, isAsShortAsCanBeForShortRuns) {
+    for (unsigned values = 1; values < 6; ++values)
+        for (std::size_t size = 0; size < 90; size += 7) {
+            const Bytes plain = noise(size, values);
+            EXPECT_EQ(1 + (fewestBits(plain) + 7) / 8 + 6, pack(plain).size())
+                << values << " values, " << size;
+        }
+}
+
+} // namespace
+} // namespace brovin::character

@@ -1,0 +1,82 @@
+#include "character/letter_case.h"
+#include "character/name_index.h"
+#include "character/unicode_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+namespace brovin::character {
+namespace {
+
+TEST(UnicodeText, goesToUtf16AndBack) {
+    const struct {
+        std::string_view text;
+        std::u16string units;
+        std::string_view why;
+    } kCases[] = {
+        {"", u"", "nothing"},
+        {"a\u00E4\u20AC", u"a\u00E4\u20AC", "one unit each"},
+        {"\U0001F600", u"\xD83D\xDE00", "a pair"},
+        {"\U0010FFFF", u"\xDBFF\xDFFF", "the last"},
+    };
+    for (const auto& [text, units, why] : kCases) {
+        EXPECT_EQ(units, toUtf16(text)) << why;
+        std::vector<std::uint8_t> bytes;
+        for (const char16_t unit : units) {
+            bytes.push_back(static_cast<std::uint8_t>(unit & 0xFFU));
+            bytes.push_back(static_cast<std::uint8_t>(unit >> 8U));
+        }
+        EXPECT_EQ(text, fromUtf16(bytes)) << why;
+    }
+}
+
+TEST(UnicodeText, replacesBytesThatAreNoText) {
+    constexpr struct {
+        std::string_view bytes;
+        std::u16string_view units;
+        std::string_view why;
+    } kCases[] = {
+        {"a\xFFz", u"a\uFFFDz", "never used"},
+        {"\xC0\xAF", u"\uFFFD\uFFFD", "overlong"},
+        {"\xE2\x82", u"\uFFFD\uFFFD", "cut off"},
+        {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD", "half a pair"},
+        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD", "beyond the last"},
+    };
+    for (const auto& [bytes, units, why] : kCases)
+        EXPECT_EQ(units, toUtf16(bytes)) << why;
+}
+
+TEST(LetterCase, foldsTheLettersOfEurope) {
+    constexpr struct {
+        std::string_view small;
+        std::string_view capital;
+    } kCases[] = {
+        {"wave_1 z", "WAVE_1 Z"},
+        {"\u00E0\u00F6\u00F8\u00FE", "\u00C0\u00D6\u00D8\u00DE"},
+        {"\u00F7\u00DF", "\u00F7\u00DF"}, // the division sign and sharp s have no capital
+        {"\u0105\u0142\u017C\u00FF", "\u0104\u0141\u017B\u0178"},
+        {"\u03B1\u03C9\u03AC\u03CC", "\u0391\u03A9\u0386\u038C"},
+        {"\u0436\u0451\u0491", "\u0416\u0401\u0490"},
+        {"\u6F22\U0001F600", "\u6F22\U0001F600"},
+    };
+    for (const auto& [small, capital] : kCases) {
+        EXPECT_EQ(small, foldedCase(capital));
+        EXPECT_EQ(small, foldedCase(small));
+        EXPECT_EQ(capital, capitals(small));
+        EXPECT_EQ(capital, capitals(capital));
+    }
+}
+
+TEST(NameIndex, findsNamesInAnyCase) {
+    NameIndex names;
+    EXPECT_TRUE(names.add("Wave", 4));
+    EXPECT_FALSE(names.add("WAVE", 5)) << "the first stays";
+    EXPECT_FALSE(names.add("", 6));
+    EXPECT_EQ(4U, names.find("wAVE"));
+    EXPECT_EQ(std::nullopt, names.find("Wav"));
+    EXPECT_EQ(std::nullopt, names.find(""));
+}
+
+} // namespace
+} // namespace brovin::character
