@@ -5,9 +5,9 @@
 
 namespace brovin::platform {
 
-/// A loaded animated character. Show, hide, play, speak, moveTo and gestureAt are requests: they queue and run
-/// one after another. False: the service refused the request (no such animation, for instance).
-/// Places are pixels from the upper left corner of the screen.
+/// A loaded animated character. Show, hide, play, speak, moveTo and gestureAt are requests: they queue and
+/// run one after another. False: the service refused the request (no such animation, for instance). Places
+/// are pixels from the upper left corner of the screen.
 class Character {
 public:
     virtual ~Character() = default;

@@ -5,7 +5,8 @@
 
 namespace brovin::platform {
 
-/// What a message box shows: buttons and icon, added up. The numbers are those of the usual message-box convention.
+/// What a message box shows: buttons and icon, added up. The numbers are those of the usual message-box
+/// convention.
 using BoxStyle = int;
 namespace box {
 inline constexpr BoxStyle kOk = 0;

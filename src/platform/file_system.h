@@ -19,7 +19,8 @@ enum class EntryKind : std::uint8_t { File, Folder };
 
 /// One entry of a listed folder.
 struct Entry {
-    /// The name in lower case (Unicode), with a carriage return or U+F00D as "?". Bytes that are not UTF-8 stay.
+    /// The name in lower case (Unicode), with a carriage return or U+F00D as "?". Bytes that are not UTF-8
+    /// stay.
     std::string_view name;
     /// The bytes by which the entry is known to the disk; every operation wants these.
     std::string_view trueName;
@@ -29,14 +30,15 @@ struct Entry {
 /// Whether read-only entries are deleted too. Read-only: the owner's write bit is clear.
 enum class Force : bool { No, Yes };
 
-/// A place in a folder tree. The folder is held open, so that what is listed is what is deleted, whoever moves
-/// things about meanwhile. Nothing below the folder that was opened first is ever reached through a link.
+/// A place in a folder tree. The folder is held open, so that what is listed is what is deleted, whoever
+/// moves things about meanwhile. Nothing below the folder that was opened first is ever reached through a
+/// link.
 class FolderWalk {
 public:
     virtual ~FolderWalk() = default;
 
-    /// All entries of this folder but "." and "..", hidden and system ones included, in the disk's order. Valid
-    /// until the next list, enter or leave. A failure midway keeps nothing of the list.
+    /// All entries of this folder but "." and "..", hidden and system ones included, in the disk's order.
+    /// Valid until the next list, enter or leave. A failure midway keeps nothing of the list.
     virtual Result<std::span<const Entry>> list() = 0;
 
     /// Goes down into a folder of this one. On failure the place stays the same.
@@ -62,12 +64,12 @@ class FileSystem {
 public:
     virtual ~FileSystem() = default;
 
-    /// Opens a folder by its full path; links on the way to it are followed. Failure: missing, not a folder, or
-    /// not readable.
+    /// Opens a folder by its full path; links on the way to it are followed. Failure: missing, not a folder,
+    /// or not readable.
     virtual Result<std::unique_ptr<FolderWalk>> open(const std::string& path) = 0;
 
-    /// The true spelling of a full path that is known in lower case only. Each name in it is looked for exactly,
-    /// then without case; nullopt when one is missing, or fits several entries.
+    /// The true spelling of a full path that is known in lower case only. Each name in it is looked for
+    /// exactly, then without case; nullopt when one is missing, or fits several entries.
     [[nodiscard]] virtual std::optional<std::string> findWithoutCase(const std::string& loweredPath) = 0;
 };
 

@@ -8,7 +8,8 @@
 
 namespace brovin::platform {
 
-/// The user's regional formats and the rules of letters. All texts are UTF-8; bytes that are not stay as they are.
+/// The user's regional formats and the rules of letters. All texts are UTF-8; bytes that are not stay as they
+/// are.
 class Regional {
 public:
     virtual ~Regional() = default;

@@ -6,8 +6,8 @@
 
 namespace brovin::platform {
 
-/// Why an operation of the machine failed: the system's error number and its description, in the system's words.
-/// For messages and reports; callers that branch use an enumeration instead.
+/// Why an operation of the machine failed: the system's error number and its description, in the system's
+/// words. For messages and reports; callers that branch use an enumeration instead.
 struct Failure {
     int number = 0;
     std::string reason;
