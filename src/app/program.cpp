@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "app/mascot.h"
 #include "app/run_key.h"
 #include "app/schedule_options.h"
 #include "app/scheduler.h"
@@ -99,6 +100,7 @@ struct Program::Rooms {
                          .random = machine.random,
                          .clock = machine.clock,
                          .regional = machine.regional}};
+    Mascot mascot{speech, machine.random};
     RunKey runKey;
     ShutDown shutDown{{form, settings, speech, actor, machine.characters, machine.tray, machine.shell}};
     StartUp startUp{{.form = form,
@@ -243,6 +245,7 @@ void Program::Rooms::tieWindow() {
     form.cmdHelp.click = [this] { window.cmdHelp_Click(); };
     form.mHelp.click = [this] { window.cmdHelp_Click(); };
     form.mPopRestore.click = [this] { window.mPopRestore_Click(); };
+    form.imgBrovin.click = [this] { mascot.imgBrovin_Click(); };
     form.imgLogo.click = [this] { window.imgLogo_Click(); };
     form.lblFeedback.click = [this] { window.lblFeedback_Click(); };
 }

@@ -8,10 +8,12 @@
 #include "desktop/tab_button.h"
 #include "desktop/text.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
 #include <QStackedWidget>
@@ -121,6 +123,18 @@ void OptionsWindow::closeEvent(QCloseEvent* event) {
         return;
     event->ignore();
     form_.window.close();
+}
+
+void OptionsWindow::keyPressEvent(QKeyEvent* event) {
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+    if (event->key() == Qt::Key_F1)
+        form_.cmdHelp.click();
+    else if (event->key() == Qt::Key_Escape)
+        form_.window.close();
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && button != nullptr)
+        button->click();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 } // namespace brovin::desktop

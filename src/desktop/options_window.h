@@ -21,6 +21,8 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    /// F1 opens the help, Escape puts the window away, Enter presses the button that has the focus.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* makeTabs();

@@ -161,6 +161,16 @@ TEST(Program, saysOnceThatSettingsCannotBeSaved) {
     EXPECT_NE(std::string::npos, world.dialogs.boxes[0].text.find("memory")) << "it says where";
 }
 
+TEST(Program, answersWhenItsMascotIsPoked) {
+    World world;
+    ASSERT_TRUE(world.program.Form_Load());
+    for (const auto& [draw, text] : {std::pair{0.0, "m44(, Fool,%2)"}, std::pair{0.999, "m49(, Fool,%2)"}}) {
+        world.random.draws = {draw};
+        world.form.imgBrovin.click();
+        EXPECT_EQ(text, world.dialogs.boxes.back().text);
+    }
+}
+
 TEST(Program, leavesOnlyWhenToldTo) {
     World world;
     ASSERT_TRUE(world.program.Form_Load());

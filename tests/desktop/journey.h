@@ -61,7 +61,7 @@ private:
     void advance() {
         if (inStep_)
             return;
-        if (next_ == steps_.size()) {
+        if (next_ >= steps_.size()) {
             QApplication::exit(0);
             return;
         }
@@ -84,8 +84,7 @@ private:
 
     /// Leaves every loop, those of open boxes too.
     void giveUp() {
-        steps_.clear();
-        next_ = 0;
+        next_ = steps_.size() + 1;
         while (QWidget* box = QApplication::activeModalWidget())
             box->hide();
         QApplication::exit(1);

@@ -1,0 +1,163 @@
+#include "desktop/desktop_world.h"
+#include "desktop/journey.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QProcess>
+
+namespace brovin::tests {
+namespace {
+
+QMessageBox* openQuestion() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    return box != nullptr && box->isVisible() && box->isActiveWindow() ? box : nullptr;
+}
+
+void moveMouse(QPoint place) {
+    sendInput({"mousemove", QString::number(place.x()), QString::number(place.y())});
+}
+
+QPoint middleOf(const QWidget* widget) {
+    return widget->mapToGlobal(widget->rect().center());
+}
+
+/// Clicks each tab in turn and looks at its page and at its picture under the mouse.
+void visitTabs(Journey& journey, const DesktopWorld& world) {
+    for (std::size_t tab = 0; tab < ui::FrmOptions::kTabs; ++tab) {
+        const std::string name = "imgTabs" + std::to_string(tab);
+        const std::string hovered = "img" + std::to_string(tab) + "d";
+        journey.then(
+            "the window", [&world] { return world.program->window().isActiveWindow(); },
+            [&world, name] { click(world.widget(name.c_str())); });
+        journey.then(
+            "page " + std::to_string(tab) + " with its hovered picture",
+            [&world, tab, hovered] {
+                const std::string page = "picTab" + std::to_string(tab);
+                return world.widget(page.c_str())->isVisible() &&
+                       world.form().imgTabs[tab].picture() == hovered && world.form().lblTabs[tab].bold();
+            },
+            [&world, tab] {
+                Journey::takePicture(QString("tab%1").arg(tab));
+                moveMouse(middleOf(&world.program->window()));
+            });
+        journey.then(
+            "its normal picture again",
+            [&world, tab, hovered] { return world.form().imgTabs[tab].picture() != hovered; }, nullptr);
+    }
+}
+
+/// Opens the icon's menu and chooses its last entry, the exit.
+void askToLeave(Journey& journey, const DesktopWorld& world, QMessageBox::StandardButton answer) {
+    journey.then(
+        "the icon", [&world] { return !world.program->trayIcon().isEmpty(); },
+        [&world] { clickAt(world.program->trayIcon().center(), 3); });
+    journey.then(
+        "its menu", [] { return QApplication::activePopupWidget() != nullptr; },
+        [] {
+            Journey::takePicture("tray-menu");
+            pressKeys({"Up", "Return"});
+        });
+    journey.then(
+        "the exit question", [] { return openQuestion() != nullptr; },
+        [answer] { click(openQuestion()->button(answer)); });
+}
+
+TEST(LifeJourney, livesBehindItsIconUntilToldToLeave) {
+    DesktopWorld world;
+    world.start();
+    Journey journey;
+    journey.then(
+        "the icon in the tray", [&world] { return !world.program->trayIcon().isEmpty(); },
+        [&world] { clickAt(world.program->trayIcon().center()); });
+    visitTabs(journey, world);
+    journey.then(
+        "the window", [&world] { return world.program->window().isVisible(); },
+        [&world] {
+            sendInput({"windowminimize", QString::number(world.program->window().winId())});
+        });
+    journey.then(
+        "the window's going", [&world] { return !world.program->window().isVisible(); }, nullptr);
+    askToLeave(journey, world, QMessageBox::No);
+    journey.then(
+        "the question's end", [] { return openQuestion() == nullptr; },
+        [&world] { clickAt(world.program->trayIcon().center()); });
+    journey.then(
+        "the window's return", [&world] { return world.program->window().isActiveWindow(); },
+        [&world] { world.program->window().close(); });
+    journey.then(
+        "the window's going by its close box", [&world] { return !world.program->window().isVisible(); },
+        nullptr);
+    askToLeave(journey, world, QMessageBox::Yes);
+    // The program leaves the event loop by itself; where it does not, this step waits in vain.
+    journey.then(
+        "the program's end", [] { return false; }, nullptr);
+    journey.run();
+    EXPECT_TRUE(world.form().exitConfirmed);
+    EXPECT_TRUE(world.program->trayIcon().isEmpty());
+}
+
+/// The program as a process of its own, which can be killed.
+class Process {
+public:
+    explicit Process(const QString& root) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("XDG_CONFIG_HOME", root + "/config");
+        environment.insert("XDG_DATA_HOME", root + "/data");
+        process_.setProcessEnvironment(environment);
+        process_.start(QStringLiteral(BROVIN_PROGRAM), {});
+    }
+    ~Process() { kill(); }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    void kill() {
+        process_.kill(); // SIGKILL
+        process_.waitForFinished();
+    }
+    bool ends(int milliseconds) { return process_.waitForFinished(milliseconds); }
+
+private:
+    QProcess process_;
+};
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool waitForWindow(const QString& title) {
+    QProcess search;
+    search.start("timeout", {"10", "xdotool", "search", "--sync", "--onlyvisible", "--name", title});
+    return search.waitForFinished(15'000) && search.exitCode() == 0;
+}
+
+TEST(LifeJourney, survivesAKillAndKeepsASecondCopyOut) {
+    const QTemporaryDir root;
+    const QString settings = root.filePath("config/Brovin/Brovin.conf");
+    QDir().mkpath(QFileInfo(settings).path());
+    {
+        QFile file(settings);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[Settings]\nForce=0\nInterval=7\n[filelist.txt]\nNumber=1\nEntry1=thumbs.db\n");
+    }
+    const auto started = [&settings] { return contentOf(settings).contains("Reminder="); };
+    Process killed(root.path());
+    for (int i = 0; i < 100 && !started(); ++i)
+        EXPECT_FALSE(killed.ends(100));
+    ASSERT_TRUE(started());
+    killed.kill();
+    const QByteArray kept = contentOf(settings);
+    for (const char* line : {"Force=0\n", "Interval=7\n", "Entry1=thumbs.db\n"})
+        EXPECT_TRUE(kept.contains(line)) << line;
+
+    Process next(root.path());
+    EXPECT_FALSE(next.ends(1500)) << "no false alarm about the copy that was killed";
+    Process second(root.path());
+    ASSERT_TRUE(waitForWindow("Already Here")) << "the message of the second copy";
+    sendInput({"key", "Return"});
+    EXPECT_TRUE(second.ends(10'000));
+    EXPECT_FALSE(next.ends(200)) << "the first one is untouched";
+}
+
+} // namespace
+} // namespace brovin::tests
