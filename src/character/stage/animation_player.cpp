@@ -1,0 +1,124 @@
+#include "character/stage/animation_player.h"
+
+#include "character/stage/mouth_overlay.h"
+
+#include <utility>
+
+namespace brovin::character {
+namespace {
+
+/// Only a damaged animation goes through more frames than this without any time passing.
+constexpr int kMostFramesAtOnce = 1000;
+
+} // namespace
+
+void AnimationPlayer::play(const Animation& animation) {
+    animation_ = &animation;
+    at_.reset();
+    due_.reset();
+    running_ = true;
+    leaving_ = false;
+    strayed_ = false;
+    mouth_.reset();
+}
+
+void AnimationPlayer::leave() {
+    running_ = animation_ != nullptr && shownAnimation_ == animation_;
+    if (!running_)
+        return;
+    at_ = shownIndex_;
+    due_.reset();
+    leaving_ = true;
+    strayed_ = false;
+    stepsOut_ = animation_->frames.size();
+}
+
+void AnimationPlayer::pose(const Animation& animation, FrameIndex frame) {
+    play(animation);
+    cut();
+    shownAnimation_ = &animation;
+    shownIndex_ = frame;
+    show(animation.frames[frame]);
+}
+
+void AnimationPlayer::clear() {
+    cut();
+    animation_ = nullptr;
+    shownAnimation_ = nullptr;
+    mouth_.reset();
+    show(nothing_);
+    shown_ = nullptr;
+}
+
+void AnimationPlayer::setMouth(std::optional<Mouth> mouth) {
+    mouth_ = mouth;
+    if (shown_ != nullptr && chooseOverlay(*shown_, mouth) != overlay_)
+        show(*shown_);
+}
+
+Wake AnimationPlayer::advance(Moment now) {
+    if (!running_)
+        return std::nullopt;
+    if (!due_ || now - *due_ > kLongestCatchUp)
+        due_ = now;
+    for (int atOnce = 0; running_ && *due_ <= now;) {
+        const Milliseconds time = step();
+        atOnce = time.count() > 0 ? 0 : atOnce + 1;
+        if (atOnce > kMostFramesAtOnce)
+            running_ = false;
+        *due_ += time;
+    }
+    showArrival(now);
+    return running_ ? due_ : std::nullopt;
+}
+
+/// Goes on to the next frame, or ends. How long the animation stands there.
+Milliseconds AnimationPlayer::step() {
+    if (leaving_ && stepsOut_-- == 0) {
+        strayed_ = true;
+        running_ = false;
+        return Milliseconds{0};
+    }
+    std::optional<FrameIndex> next;
+    if (!at_ && !animation_->frames.empty())
+        next = FrameIndex{0};
+    else if (at_)
+        next = leaving_ ? nextFrameOut(*animation_, *at_, needs_.chance)
+                        : nextFrame(*animation_, *at_, needs_.chance);
+    if (!next) {
+        running_ = false;
+        return Milliseconds{0};
+    }
+    enter(*next);
+    return animation_->frames[*next].duration;
+}
+
+void AnimationPlayer::enter(FrameIndex index) {
+    at_ = index;
+    const Frame& frame = animation_->frames[index];
+    if (!isShown(frame))
+        return;
+    arrival_ = index;
+    if (frame.sound)
+        sound_ = frame.sound;
+}
+
+/// Of several frames that were entered in one call only the last is put on the screen, and of their sounds
+/// only the last is started.
+void AnimationPlayer::showArrival(Moment now) {
+    if (arrival_) {
+        shownAnimation_ = animation_;
+        shownIndex_ = std::exchange(arrival_, std::nullopt);
+        show(animation_->frames[*shownIndex_]);
+    }
+    if (sound_)
+        needs_.sounds.start(*std::exchange(sound_, std::nullopt), now);
+}
+
+void AnimationPlayer::show(const Frame& frame) {
+    shown_ = &frame;
+    overlay_ = chooseOverlay(frame, mouth_);
+    needs_.surface.showFrame(frame, overlay_);
+}
+
+} // namespace brovin::character

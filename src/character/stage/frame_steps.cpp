@@ -1,0 +1,57 @@
+#include "character/stage/frame_steps.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace brovin::character {
+namespace {
+
+constexpr std::size_t kWhole = 100; // per cent
+
+/// nullopt: the draw falls to the next frame in order.
+std::optional<FrameIndex> drawBranch(const Frame& frame, Chance& chance) {
+    if (frame.branches.empty())
+        return std::nullopt;
+    const std::size_t draw = drawBelow(chance, kWhole);
+    std::size_t total = 0;
+    for (const Branch& branch : frame.branches) {
+        total += branch.percent;
+        if (total > draw)
+            return branch.frame;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+bool isShown(const Frame& frame) {
+    return !frame.images.empty() || frame.duration.count() > 0;
+}
+
+std::optional<FrameIndex> nextFrame(const Animation& animation, FrameIndex frame, Chance& chance) {
+    if (const auto target = drawBranch(animation.frames[frame], chance))
+        return target;
+    const std::size_t next = std::size_t{frame} + 1;
+    return next < animation.frames.size() ? std::optional(static_cast<FrameIndex>(next)) : std::nullopt;
+}
+
+std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame, Chance& chance) {
+    const auto& exit = animation.frames[frame].exitFrame;
+    return exit ? exit : nextFrame(animation, frame, chance);
+}
+
+bool hasExits(const Animation& animation) {
+    return std::any_of(animation.frames.begin(), animation.frames.end(),
+                       [](const Frame& frame) { return frame.exitFrame.has_value(); });
+}
+
+std::optional<FrameIndex> lastPicture(const Animation& animation) {
+    const auto& frames = animation.frames;
+    const auto found = std::find_if(frames.rbegin(), frames.rend(),
+                                    [](const Frame& frame) { return !frame.images.empty(); });
+    if (found == frames.rend())
+        return std::nullopt;
+    return static_cast<FrameIndex>(frames.rend() - found - 1);
+}
+
+} // namespace brovin::character

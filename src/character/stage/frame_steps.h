@@ -1,0 +1,31 @@
+#pragma once
+
+#include "character/character_data.h"
+#include "character/stage/chance.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace brovin::character {
+
+using FrameIndex = std::uint16_t;
+
+/// Whether a frame is ever seen; one without images and duration only exists for its branches.
+[[nodiscard]] bool isShown(const Frame& frame);
+
+/// The frame that follows one whose time is over: one draw picks a branch, or else the next frame in order.
+/// nullopt: the animation is over.
+[[nodiscard]] std::optional<FrameIndex> nextFrame(const Animation& animation, FrameIndex frame,
+                                                  Chance& chance);
+
+/// The same for an animation that is to end early: the exit frame goes before all else.
+[[nodiscard]] std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame,
+                                                     Chance& chance);
+
+/// Whether any frame says how to leave early.
+[[nodiscard]] bool hasExits(const Animation& animation);
+
+/// The last frame that shows images: the picture that an animation leaves behind. nullopt: none does.
+[[nodiscard]] std::optional<FrameIndex> lastPicture(const Animation& animation);
+
+} // namespace brovin::character

@@ -1,0 +1,88 @@
+#include "character/stage/idle_behaviour.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace brovin::character {
+namespace {
+
+struct Level {
+    Milliseconds after;
+    Situation situation;
+};
+
+constexpr std::array<Level, 3> kLevels = {{
+    {Milliseconds{0}, Situation::IdlingLevel1},
+    {kIdleLevel2After, Situation::IdlingLevel2},
+    {kIdleLevel3After, Situation::IdlingLevel3},
+}};
+
+Milliseconds drawPause(Chance& chance) {
+    const auto spread = static_cast<double>((kLongestIdlePause - kShortestIdlePause).count());
+    return kShortestIdlePause + Milliseconds{std::lround(chance.next() * spread)};
+}
+
+} // namespace
+
+Wake IdleBehaviour::advance(Moment now) {
+    if (needs_.performer.busy())
+        return std::nullopt;
+    if (!restingSince_)
+        restingSince_ = now;
+    if (!on_)
+        return std::nullopt;
+    if (now < *restingSince_ + kIdleAfter)
+        return *restingSince_ + kIdleAfter;
+    if (!idlingSince_) {
+        idlingSince_ = now;
+        nextAct_ = now;
+        needs_.events.add(event::IdleStarted{});
+    }
+    return actIfDue(now);
+}
+
+void IdleBehaviour::interrupt(WithoutExits otherwise) {
+    restingSince_.reset();
+    nextAct_.reset();
+    if (acting_)
+        needs_.performer.stop(otherwise);
+    acting_ = acting_ && otherwise == WithoutExits::PlayOn; // what is cut makes room for others
+    if (!idlingSince_)
+        return;
+    idlingSince_.reset();
+    needs_.events.add(event::IdleEnded{});
+}
+
+Wake IdleBehaviour::actIfDue(Moment now) {
+    if (!nextAct_)
+        nextAct_ = now + drawPause(needs_.chance);
+    if (now < *nextAct_)
+        return nextAct_;
+    const int level = levelAt(now);
+    for (int i = level; i >= 0; --i)
+        if (needs_.performer.perform(kLevels[static_cast<std::size_t>(i)].situation)) {
+            nextAct_.reset();
+            acting_ = true;
+            return std::nullopt;
+        }
+    return beginOfNextLevel(level);
+}
+
+int IdleBehaviour::levelAt(Moment now) const {
+    int level = 0;
+    while (level + 1 < static_cast<int>(kLevels.size()) &&
+           now - *idlingSince_ >= kLevels[static_cast<std::size_t>(level) + 1].after)
+        ++level;
+    return level;
+}
+
+/// Of the next level that has any animations; nullopt: none has.
+std::optional<Moment> IdleBehaviour::beginOfNextLevel(int level) const {
+    for (auto i = static_cast<std::size_t>(level) + 1; i < kLevels.size(); ++i)
+        if (!needs_.situations.animations(kLevels[i].situation).empty())
+            return *idlingSince_ + kLevels[i].after;
+    return std::nullopt;
+}
+
+} // namespace brovin::character

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "character/stage/chance.h"
+#include "character/stage/event_list.h"
+#include "character/stage/moment.h"
+#include "character/stage/performer.h"
+#include "character/stage/situation.h"
+
+#include <optional>
+
+namespace brovin::character {
+
+/// How long a character rests before it begins to idle.
+inline constexpr Milliseconds kIdleAfter{10'000};
+/// Between two idle animations; the pause is drawn from this range.
+inline constexpr Milliseconds kShortestIdlePause{5'000};
+inline constexpr Milliseconds kLongestIdlePause{15'000};
+/// When the second and third level begin, from the beginning of idling on.
+inline constexpr Milliseconds kIdleLevel2After{60'000};
+inline constexpr Milliseconds kIdleLevel3After{180'000};
+
+/// What a character does that has nothing to do: small movements first, then longer ones, and at last it may
+/// fall asleep. Between the animations it needs no calls.
+class IdleBehaviour {
+public:
+    struct Needs {
+        const SituationTable& situations;
+        Performer& performer;
+        Chance& chance;
+        EventList& events;
+    };
+    explicit IdleBehaviour(const Needs& needs) : needs_(needs) {}
+
+    /// False: no animation begins any more. What is playing goes on.
+    void setOn(bool on) { on_ = on; }
+    [[nodiscard]] bool on() const { return on_; }
+
+    /// To be called only while there is nothing else to do.
+    Wake advance(Moment now);
+
+    /// There is something to do, or the user has shown up: idling ends, and resting begins anew. An animation
+    /// leaves by its exit frames or else ends as asked for.
+    void interrupt(WithoutExits otherwise);
+
+private:
+    Wake actIfDue(Moment now);
+    [[nodiscard]] int levelAt(Moment now) const;
+    std::optional<Moment> beginOfNextLevel(int level) const;
+
+    Needs needs_;
+    bool on_ = true;
+    std::optional<Moment> restingSince_;
+    std::optional<Moment> idlingSince_;
+    std::optional<Moment> nextAct_; ///< nullopt while an animation plays
+    bool acting_ = false;           ///< what may be playing is an idle animation
+};
+
+} // namespace brovin::character

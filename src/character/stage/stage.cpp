@@ -1,0 +1,178 @@
+#include "character/stage/stage.h"
+
+#include "character/stage/move_act.h"
+#include "character/stage/play_act.h"
+#include "character/stage/speak_act.h"
+
+#include <utility>
+
+namespace brovin::character {
+
+Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
+    : character_(std::move(character)), surface_(needs.surface), attention_(needs.attention),
+      events_(attention_), names_(character_->animations), situations_(*character_), chance_(needs.chance),
+      sounds_(needs.sound), presence_(needs.surface, events_),
+      performer_({*character_, situations_, needs.chance, needs.surface, sounds_}),
+      balloon_(needs.balloon, character_->balloon, events_),
+      narration_({needs.voice, balloon_, performer_, needs.chance, events_, attention_,
+                  character_->voice.has_value()}),
+      idle_({situations_, performer_, needs.chance, events_}), queue_(events_) {}
+
+Stage::~Stage() {
+    attention_.beginCall(); // nobody is to be asked for anything any more
+    narration_.stop();
+    sounds_.stop();
+    balloon_.hide();
+    if (presence_.visible())
+        surface_.setShown(Shown::No);
+}
+
+Wake Stage::advance(Moment now) {
+    attention_.beginCall();
+    const Wake acting = carryOn(now);
+    const Wake hiding = balloon_.advance(now); // behind the acts, which set its time
+    attention_.endCall();
+    return sooner(acting, hiding);
+}
+
+/// Goes round until there is nothing left to be done at this moment.
+Wake Stage::carryOn(Moment now) {
+    for (;;) {
+        Wake wake = performer_.advance(now);
+        const RequestQueue::Progress progress = queue_.advance(now);
+        wake = sooner(wake, progress.wake);
+        if (progress.ended)
+            continue;
+        if (queue_.empty() && presence_.visible() && !presence_.dragged())
+            wake = sooner(wake, idle_.advance(now));
+        if (!performer_.pending())
+            return wake;
+    }
+}
+
+StageParts Stage::parts() {
+    return {*character_, situations_, chance_,    presence_,     performer_,
+            sounds_,     balloon_,    narration_, lastStatement_};
+}
+
+RequestHandle Stage::ask(RequestKind kind, std::unique_ptr<Act> act) {
+    idle_.interrupt(WithoutExits::Cut);
+    attention_.ask();
+    return queue_.add(kind, std::move(act));
+}
+
+RequestHandle Stage::show(Manner manner) {
+    return ask(RequestKind::Show, std::make_unique<ShowAct>(parts(), manner));
+}
+
+RequestHandle Stage::hide(Manner manner) {
+    return ask(RequestKind::Hide, std::make_unique<HideAct>(parts(), manner, VisibilityCause::ProgramHid));
+}
+
+Asked Stage::play(std::string_view animation) {
+    const auto index = names_.find(animation);
+    if (!index)
+        return RequestError::UnknownAnimation;
+    return ask(RequestKind::Play, std::make_unique<PlayAct>(parts(), *index));
+}
+
+Asked Stage::speak(std::string_view text) {
+    auto segments = parseSpeech(text);
+    if (repetitionIn(segments) == Repetition::Mixed)
+        return RequestError::RepeatWithOtherText;
+    return ask(RequestKind::Speak, std::make_unique<SpeakAct>(parts(), std::move(segments)));
+}
+
+RequestHandle Stage::moveTo(Place place, Milliseconds time) {
+    return ask(RequestKind::MoveTo, std::make_unique<MoveAct>(parts(), nearestAllowed(place), time));
+}
+
+RequestHandle Stage::gestureAt(Place place) {
+    return ask(RequestKind::GestureAt, std::make_unique<PlayAct>(parts(), place));
+}
+
+void Stage::stop() {
+    queue_.stop();
+    attention_.ask();
+}
+
+RequestError Stage::stop(const Request& request) {
+    attention_.ask();
+    return queue_.stop(request);
+}
+
+void Stage::stopAll(StopTypes types) {
+    queue_.stopAll(types);
+    attention_.ask();
+}
+
+void Stage::setPlace(Place place, MoveCause cause) {
+    if (presence_.dragged() || presence_.place() == nearestAllowed(place))
+        return;
+    presence_.put(place);
+    presence_.reportMove(cause);
+}
+
+void Stage::setIdleOn(bool on) {
+    idle_.setOn(on);
+    attention_.ask();
+}
+
+std::vector<std::string> Stage::animationNames() const {
+    std::vector<std::string> names;
+    for (const Animation& animation : character_->animations)
+        names.push_back(animation.name);
+    return names;
+}
+
+/// A balloon that only waits to disappear does so, and the character is no longer alone.
+void Stage::userShowsUp(Event event) {
+    if (!narration_.speaking())
+        balloon_.hide();
+    // Nothing may follow that would show another picture, so that eyes must not be left half closed.
+    idle_.interrupt(WithoutExits::PlayOn);
+    events_.add(std::move(event));
+}
+
+void Stage::click(const Pointer& pointer) {
+    userShowsUp(event::Clicked{pointer});
+}
+
+void Stage::doubleClick(const Pointer& pointer) {
+    userShowsUp(event::DoubleClicked{pointer});
+}
+
+void Stage::beginDrag(const Pointer& pointer) {
+    if (!presence_.visible() || presence_.dragged())
+        return;
+    grip_ = {pointer.at.x - presence_.place().x, pointer.at.y - presence_.place().y};
+    presence_.setDragged(true);
+    userShowsUp(event::DragStarted{pointer});
+}
+
+void Stage::dragTo(Place pointer) {
+    if (presence_.dragged())
+        presence_.put({pointer.x - grip_.x, pointer.y - grip_.y});
+}
+
+void Stage::endDrag(const Pointer& pointer) {
+    if (!presence_.dragged())
+        return;
+    dragTo(pointer.at);
+    presence_.setDragged(false);
+    presence_.reportMove(MoveCause::User);
+    userShowsUp(event::DragCompleted{pointer});
+}
+
+void Stage::closeBalloon() {
+    balloon_.hide();
+}
+
+void Stage::hideByUser(VisibilityCause cause) {
+    if (!presence_.visible())
+        return;
+    queue_.interruptByHiding();
+    ask(RequestKind::Hide, std::make_unique<HideAct>(parts(), Manner::Animated, cause));
+}
+
+} // namespace brovin::character

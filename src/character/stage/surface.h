@@ -1,0 +1,34 @@
+#pragma once
+
+#include "character/character_data.h"
+
+#include <cstdint>
+
+namespace brovin::character {
+
+/// Pixels from the upper left corner of the screen; of the character: its frame's upper left corner.
+struct Place {
+    int x = 0;
+    int y = 0;
+
+    bool operator==(const Place&) const = default;
+};
+
+enum class Shown : std::uint8_t { No, Yes };
+
+/// The character's window. Its shape is that of the picture in it, and it lies above all other windows.
+class Surface {
+public:
+    virtual ~Surface() = default;
+
+    /// The picture from here on. A frame without images is fully transparent. `mouth` may be null. Both stay
+    /// valid as long as the stage that shows them.
+    virtual void showFrame(const Frame& frame, const MouthOverlay* mouth) = 0;
+
+    /// May be off the screen.
+    virtual void setPlace(Place place) = 0;
+
+    virtual void setShown(Shown shown) = 0;
+};
+
+} // namespace brovin::character

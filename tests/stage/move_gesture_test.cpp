@@ -1,0 +1,125 @@
+#include "stage/stage_world.h"
+
+#include "character/stage/direction.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+namespace brovin::character {
+namespace {
+
+TEST(Direction, isTheCharactersOwn) {
+    const struct {
+        Place to;
+        Direction direction;
+        std::string_view why;
+    } cases[] = {
+        {{-10, 0}, Direction::Right, "left on the screen is at its right hand"},
+        {{10, 0}, Direction::Left, "and the other way round"},
+        {{0, -10}, Direction::Up, "as on the screen"},
+        {{0, 10}, Direction::Down, "as on the screen"},
+        {{-10, 10}, Direction::Right, "sideways when the distances are equal"},
+        {{10, -10}, Direction::Left, "sideways when the distances are equal"},
+        {{9, -10}, Direction::Up, "the greater distance decides"},
+        {{0, 0}, Direction::Down, "the place itself"},
+        {{-2'147'483'647, 2'147'483'647}, Direction::Right, "as far as it gets"},
+    };
+    for (const auto& [to, direction, why] : cases)
+        EXPECT_EQ(direction, directionTo({0, 0}, to)) << why;
+    EXPECT_EQ(Direction::Left, directionTo({-2'147'483'647, 0}, {2'147'483'647, 0}));
+}
+
+TEST(MoveTo, glidesInTheTravellingPoseForTheTimeGiven) {
+    StageWorld world;
+    world.logsEvents = false;
+    world.appear();
+    world.surface.logsPlaces = true;
+    world.stage->moveTo({4, 0}, Milliseconds{400});
+    EXPECT_EQ((Lines{"0 frame MoveLeft0", "100 frame MoveLeft1", "200 at 0,0", "300 at 1,0", "400 at 2,0",
+                     "500 at 3,0", "600 at 4,0"}),
+              world.pass(Milliseconds{1'000}))
+        << "called no more often than there are pixels";
+}
+
+TEST(MoveTo, isSeenNoMoreOftenThanAScreenShowsIt) {
+    StageWorld world;
+    world.appear();
+    static_cast<void>(world.pass(Milliseconds{0}));
+    world.calls = 0;
+    world.stage->moveTo({3'000, 2'000}, Milliseconds{1'600});
+    static_cast<void>(world.pass(Milliseconds{2'000}));
+    EXPECT_EQ((Place{3'000, 2'000}), world.stage->place());
+    EXPECT_LE(world.calls, 110);
+    EXPECT_GE(world.calls, 90);
+}
+
+TEST(MoveTo, dependsOnSpeedPlaceAndAnimations) {
+    const struct {
+        Place target;
+        int ms;
+        Lines told;
+        std::string_view why;
+    } cases[] = {
+        {{50, 0}, 0, {"0 move 50,0 2"}, "speed 0 is at once and without animation"},
+        {{50, 0}, -5, {"0 move 50,0 2"}, "so is a negative one"},
+        {{0, 0}, 1'000, {}, "it is there"},
+        {{-50, 0}, 1'000, {"1000 move -50,0 2"}, "no animation for the direction: it glides all the same"},
+        {{70'000, -70'000}, 0, {"0 move 32767,-32768 2"}, "places have 16 bits"},
+    };
+    for (const auto& [target, ms, told, why] : cases) {
+        StageWorld world;
+        world.appear();
+        const RequestHandle move = world.stage->moveTo(target, Milliseconds{ms});
+        Lines lines = world.pass(Milliseconds{5'000});
+        std::erase_if(lines, [](const std::string& line) { return line.find(" 4") == line.size() - 2; });
+        EXPECT_EQ(told, lines) << why;
+        EXPECT_EQ("complete", outcomeOf(move)) << why;
+    }
+}
+
+TEST(MoveTo, ofAHiddenCharacterTellsOnlyOfRealMoves) {
+    StageWorld world;
+    world.stage->moveTo({0, 0}, Milliseconds{0});
+    EXPECT_TRUE(world.settle().empty());
+    world.stage->moveTo({0, 9}, kUsualMoveTime);
+    EXPECT_EQ((Lines{"move 0,9 2"}), untimed(world.settle()));
+}
+
+TEST(MoveTo, goesOnFromWhereTheProgramPutsTheCharacter) {
+    StageWorld world;
+    world.appear();
+    world.stage->moveTo({-100, 0}, Milliseconds{1'000});
+    static_cast<void>(world.pass(Milliseconds{500}));
+    EXPECT_EQ((Place{-50, 0}), world.stage->place());
+    world.stage->setPlace({100, 0}, MoveCause::Program);
+    EXPECT_EQ((Place{100, 0}), world.stage->place());
+    static_cast<void>(world.pass(Milliseconds{250}));
+    EXPECT_NEAR(0, world.stage->place().x, 6);
+    static_cast<void>(world.pass(Milliseconds{250}));
+    EXPECT_EQ((Place{-100, 0}), world.stage->place());
+}
+
+TEST(GestureAt, choosesTheDirectionFromTheFramesCentre) {
+    TestCharacter character = usualCharacter();
+    for (const char* const name : {"GestureRight", "GestureUp", "GestureDown"})
+        character.animation(name, {{}});
+    const struct {
+        Place at;
+        std::string frame;
+    } cases[] = {
+        {{200, 40}, "frame GestureLeft0"}, {{-200, 40}, "frame GestureRight0"}, {{50, 0}, "frame GestureUp0"},
+        {{50, 90}, "frame GestureDown0"},  {{50, 40}, "frame GestureDown0"},
+    };
+    for (const auto& [at, frame] : cases) {
+        StageWorld world(character);
+        world.logsEvents = false;
+        world.appear();
+        const RequestHandle gesture = world.stage->gestureAt(at);
+        EXPECT_EQ(Lines{frame}, untimed(world.pass(Milliseconds{500})));
+        EXPECT_EQ("complete", outcomeOf(gesture));
+    }
+}
+
+} // namespace
+} // namespace brovin::character

@@ -1,0 +1,165 @@
+#include "stage/stage_world.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+namespace brovin::character {
+namespace {
+
+constexpr Milliseconds kLong{2'000};
+
+TEST(ShowAndHide, takeEffectOnlyWhereThereIsSomethingToChange) {
+    StageWorld world;
+    const RequestHandle hide = world.stage->hide(Manner::Animated);
+    EXPECT_EQ((Lines{"0 start 1", "0 end 1"}), world.pass(kLong)) << "it is hidden already";
+    EXPECT_EQ("complete", outcomeOf(hide));
+    EXPECT_EQ(VisibilityCause::NeverShown, world.stage->visibilityCause());
+    world.appear();
+    EXPECT_EQ(VisibilityCause::ProgramShowed, world.stage->visibilityCause());
+    static_cast<void>(world.log.take());
+    const RequestHandle show = world.stage->show(Manner::Animated);
+    EXPECT_EQ((Lines{"start 0", "end 0"}), untimed(world.settle())) << "it is shown already";
+}
+
+TEST(ShowAndHide, canDoWithoutAnimation) {
+    StageWorld world;
+    world.stage->show(Manner::Fast);
+    EXPECT_EQ((Lines{"0 frame RestPose0", "0 shown", "0 show 4"}), world.settle()) << "the neutral pose";
+    ASSERT_TRUE(world.stage->play("Read"));
+    static_cast<void>(world.pass(Milliseconds{500}));
+    world.stage->hide(Manner::Fast);
+    EXPECT_EQ((Lines{"500 frame nothing", "500 gone", "500 hide 3"}), world.settle()) << "without a way back";
+    world.stage->show(Manner::Animated);
+    EXPECT_EQ((Lines{"500 shown", "500 frame Show0", "500 show 4"}), world.settle()) << "nor one later";
+}
+
+TEST(ShowAndHide, leadBackBeforeHidingAndForgetThePose) {
+    StageWorld world;
+    world.logsEvents = false;
+    world.appear();
+    ASSERT_TRUE(world.stage->play("Read"));
+    world.stage->hide(Manner::Animated);
+    world.stage->show(Manner::Animated);
+    ASSERT_TRUE(world.stage->play("Wave"));
+    EXPECT_EQ(
+        (Lines{"frame Read0", "frame Read1", "frame ReadReturn0", "frame Hide0", "frame Hide1",
+               "frame nothing", "gone", "shown", "frame Show0", "frame Show1", "frame Wave0", "frame Wave1"}),
+        untimed(world.pass(kLong)));
+}
+
+TEST(ShowAndHide, leaveNothingToLeadBackFrom) {
+    TestCharacter character;
+    character.animation("Back", {{}}).animation("Show", {{}}).ledBackBy("Back").animation("Wave", {{}});
+    StageWorld world(character);
+    world.logsEvents = false;
+    world.stage->show(Manner::Animated);
+    ASSERT_TRUE(world.stage->play("Wave"));
+    EXPECT_EQ((Lines{"shown", "frame Show0", "frame Wave0"}), untimed(world.pass(kLong)));
+}
+
+TEST(ShowAndHide, fallSilentWhenTheyAreCut) {
+    TestCharacter character;
+    character.animation("Show", {{.sound = 1}, {}}).animation("Hide", {{.sound = 2}, {}});
+    StageWorld world(character);
+    world.logsEvents = false;
+    world.stage->show(Manner::Animated);
+    static_cast<void>(world.settle());
+    world.stage->stopAll(kStopShowAndHide);
+    EXPECT_EQ((Lines{"sound off", "frame Show1"}), untimed(world.settle()));
+    world.stage->hide(Manner::Animated);
+    static_cast<void>(world.settle());
+    world.stage->stopAll(kStopShowAndHide);
+    EXPECT_EQ((Lines{"sound off", "frame nothing", "gone"}), untimed(world.settle()));
+}
+
+TEST(ShowAndHide, takeTheStandardAnimationsWhereTheFileNamesNone) {
+    TestCharacter character = usualCharacter();
+    character.data.states.clear();
+    StageWorld world(character);
+    world.logsEvents = false;
+    world.stage->show(Manner::Animated);
+    EXPECT_EQ((Lines{"0 shown", "0 frame Show0"}), world.settle());
+}
+
+TEST(ShowAndHide, workWithoutAnyAnimation) {
+    TestCharacter bare;
+    bare.animation("RestPose", {{}});
+    StageWorld world(bare);
+    const RequestHandle show = world.stage->show(Manner::Animated);
+    EXPECT_EQ((Lines{"frame RestPose0", "shown", "start 0", "show 4", "end 0"}), untimed(world.settle()));
+    const RequestHandle hide = world.stage->hide(Manner::Animated);
+    EXPECT_EQ((Lines{"frame nothing", "gone", "start 1", "hide 3", "end 1"}), untimed(world.settle()));
+    EXPECT_EQ("complete", outcomeOf(show));
+    EXPECT_EQ("complete", outcomeOf(hide));
+}
+
+TEST(ShowAndHide, pickOneOfTheStatesAnimationsAtRandom) {
+    TestCharacter character;
+    character.animation("Hop", {{}}).animation("Fade", {{}}).animation("Spin", {{}});
+    character.state("SHOWING", {"Hop", "Fade", "Spin"});
+    const struct {
+        double draw;
+        std::string frame;
+    } cases[] = {{0.0, "frame Hop0"}, {0.34, "frame Fade0"}, {0.999, "frame Spin0"}};
+    for (const auto& [draw, frame] : cases) {
+        StageWorld world(character);
+        world.chance.draws = {draw};
+        world.stage->show(Manner::Animated);
+        EXPECT_EQ((Lines{"shown", frame, "show 4"}), untimed(world.settle()));
+    }
+}
+
+TEST(HidingByTheUser, interruptsWhatIsGoingOn) {
+    StageWorld world;
+    world.appear();
+    const Asked search = world.stage->play("Search");
+    const Asked wave = world.stage->play("Wave");
+    static_cast<void>(world.pass(Milliseconds{50}));
+    world.logsEvents = false;
+    world.stage->hideByUser(VisibilityCause::UserHidByMenu);
+    EXPECT_EQ("interrupted 8004210D", outcomeOf(*search));
+    EXPECT_EQ("interrupted 80042108", outcomeOf(*wave));
+    EXPECT_EQ((Lines{"frame Search2", "frame Hide0", "frame Hide1", "frame nothing", "gone"}),
+              untimed(world.pass(kLong)));
+    EXPECT_FALSE(world.stage->visible());
+    EXPECT_EQ(VisibilityCause::UserHidByMenu, world.stage->visibilityCause());
+}
+
+TEST(HidingByTheUser, letsTheProgramsHideGoOn) {
+    StageWorld world;
+    world.appear();
+    const RequestHandle hide = world.stage->hide(Manner::Animated);
+    const RequestHandle show = world.stage->show(Manner::Animated);
+    static_cast<void>(world.pass(Milliseconds{50}));
+    world.stage->hideByUser(VisibilityCause::UserHidByMenu);
+    EXPECT_EQ("in progress", outcomeOf(hide));
+    EXPECT_EQ("interrupted 80042108", outcomeOf(show)) << "the user wants it hidden";
+    EXPECT_EQ((Lines{"end 0", "frame Hide1", "frame nothing", "gone", "hide 3", "end 1"}),
+              untimed(world.pass(kLong)));
+}
+
+TEST(HidingByTheUser, tellsTheCause) {
+    StageWorld world;
+    world.appear();
+    world.stage->hideByUser(VisibilityCause::UserHidByMenu);
+    const Lines told = world.pass(kLong);
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ("200 hide 7", told.back());
+    world.stage->hideByUser(VisibilityCause::UserHidByMenu);
+    EXPECT_TRUE(world.pass(kLong).empty()) << "it is hidden";
+}
+
+TEST(Stage, leavesNothingBehind) {
+    StageWorld world;
+    world.appear();
+    ASSERT_TRUE(world.stage->speak("Hello"));
+    static_cast<void>(world.pass(Milliseconds{50}));
+    world.asked = false;
+    world.stage.reset();
+    EXPECT_EQ((Lines{"silence", "balloon gone", "gone"}), untimed(world.log.take()));
+    EXPECT_FALSE(world.asked) << "nobody is there any more to be called";
+}
+
+} // namespace
+} // namespace brovin::character
