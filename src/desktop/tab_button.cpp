@@ -12,7 +12,7 @@ namespace brovin::desktop {
 namespace {
 
 constexpr int kPicture = 40; ///< height and width of the picture
-constexpr int kMargin = 5;
+constexpr int kMargin = 7;   ///< room for the frame at all edges
 
 } // namespace
 
@@ -62,7 +62,7 @@ void TabButton::drawFrame(QPainter& painter) const {
     pen.setDashOffset(2 * kDash * form_.tabFrame.step() / ui::MovingFrame::kSteps);
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 5, 5);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 5, 5);
 }
 
 void TabButton::paintEvent(QPaintEvent* /*event*/) {
@@ -78,8 +78,8 @@ void TabButton::paintEvent(QPaintEvent* /*event*/) {
     painter.drawPixmap((width() - kPicture) / 2, kMargin, drawn);
     painter.setFont(captionFont());
     painter.setPen(palette().color(label_.highlighted() ? QPalette::HighlightedText : QPalette::WindowText));
-    painter.drawText(rect().adjusted(0, kPicture + kMargin, 0, -2), Qt::AlignHCenter | Qt::AlignVCenter,
-                     text());
+    painter.drawText(rect().adjusted(0, kPicture + kMargin - 1, 0, -kMargin),
+                     Qt::AlignHCenter | Qt::AlignVCenter, text());
     if (!hasFocus())
         return;
     QStyleOptionFocusRect focus;
