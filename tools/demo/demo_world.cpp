@@ -50,7 +50,6 @@ void storeLists(const desktop::Places& places, const QString& share) {
 } // namespace
 
 desktop::Places makeDemoWorld(const QString& folder) {
-    QDir(folder).removeRecursively();
     desktop::Places places = desktop::findPlaces({});
     places.settingsFolder = folder + QStringLiteral("/config/Brovin");
     places.settingsFile = places.settingsFolder + QStringLiteral("/Brovin.conf");

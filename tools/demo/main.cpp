@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <iostream>
@@ -90,7 +91,10 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brovin"));
 
-    const QString folder = QDir::current().filePath(QStringLiteral("demo"));
+    // A new folder each time: the demonstration deletes nothing but what it has made itself.
+    QTemporaryDir scratch(QDir::temp().filePath(QStringLiteral("brovin-demo-XXXXXX")));
+    scratch.setAutoRemove(false);
+    const QString folder = scratch.path();
     const desktop::Places places = tools::makeDemoWorld(folder);
     desktop::DesktopProgram program(places, {"Brovin", 1, 0, 0});
     if (!program.start())

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QPalette>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <iostream>
@@ -87,13 +88,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral("1.0.0"));
     const QString folder = QDir::current().filePath(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString());
     QDir().mkpath(folder);
-    const QString world = QDir::temp().filePath(QStringLiteral("brovin-demo"));
-    desktop::DesktopProgram program(tools::makeDemoWorld(world), {"Brovin", 1, 0, 0});
+    const QTemporaryDir world(QDir::temp().filePath(QStringLiteral("brovin-demo-XXXXXX")));
+    desktop::DesktopProgram program(tools::makeDemoWorld(world.path()), {"Brovin", 1, 0, 0});
     if (!program.start())
         return 1;
     program.form().mPopRestore.click();
     const Series series(program, folder);
-    const int status = QApplication::exec();
-    QDir(world).removeRecursively();
-    return status;
+    return QApplication::exec();
 }
