@@ -1,9 +1,37 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace brovin::platform {
+
+/// Width and height of the screen that characters live on.
+struct ScreenSize {
+    int width = 0;
+    int height = 0;
+};
+
+/// A mouse button over a character.
+struct CharacterClick {
+    std::string id;
+    int button = 0; ///< 1 left, 2 right, 4 middle
+    int shift = 0;  ///< 1 Shift, 2 Ctrl, 4 Alt, added up
+    int x = 0;      ///< pixels on the screen
+    int y = 0;
+};
+
+/// Why a character was hidden, where the program makes a difference.
+inline constexpr int kHiddenByItsMenu = 7;
+
+/// What the user does with a character. The service calls these one at a time on the program's thread, never
+/// from within a call of its own operations; while a message box is open they wait.
+struct CharacterEvents {
+    std::function<void(const CharacterClick& click)> click;
+    std::function<void(const CharacterClick& click)> dragStart;
+    std::function<void(const CharacterClick& click)> dragComplete;
+    std::function<void(const std::string& id, int cause)> hide;
+};
 
 /// A loaded animated character. Show, hide, play, speak, moveTo and gestureAt are requests: they queue and
 /// run one after another. False: the service refused the request (no such animation, for instance). Places
@@ -45,7 +73,14 @@ public:
     /// Whether this machine can show characters at all.
     [[nodiscard]] virtual bool available() const = 0;
 
-    /// Loads a character file from the characters folder under an id. False: missing or broken.
+    /// The names of all character files, with their endings, sorted; of a user's and an installed file of the
+    /// same name, one.
+    [[nodiscard]] virtual std::vector<std::string> files() = 0;
+    [[nodiscard]] virtual ScreenSize screen() const = 0;
+    virtual void setEvents(CharacterEvents events) = 0;
+
+    /// Loads a character file from the characters folder under an id; upper and lower case in the file's name
+    /// make no difference. False: missing or broken.
     virtual bool load(const std::string& id, const std::string& fileName) = 0;
     virtual void unload(const std::string& id) = 0;
     /// The loaded character; null when there is none under this id. Lives until it is unloaded.

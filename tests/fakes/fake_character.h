@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brovin::fakes {
@@ -59,7 +60,14 @@ public:
     FakeCharacter only;
     std::vector<std::string> loaded;
 
+    std::vector<std::string> installed; ///< file names
+    platform::ScreenSize screenSize{1024, 768};
+    platform::CharacterEvents events;
+
     [[nodiscard]] bool available() const override { return present; }
+    [[nodiscard]] std::vector<std::string> files() override { return installed; }
+    [[nodiscard]] platform::ScreenSize screen() const override { return screenSize; }
+    void setEvents(platform::CharacterEvents tied) override { events = std::move(tied); }
     bool load(const std::string& id, const std::string& /*fileName*/) override {
         if (present)
             loaded.push_back(id);
