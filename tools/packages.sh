@@ -17,7 +17,7 @@ packages_bench=(
     findutils libbenchmark-dev
 )
 packages_test=(
-    clang-format clang-tidy
+    clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev
     libxml2-utils
 )
