@@ -13,7 +13,7 @@
 namespace brovin::character {
 namespace {
 
-constexpr std::string_view kWhere = "The animation list";
+constexpr std::string_view kAnimationList = "The animation list";
 
 struct IndexEntry {
     std::string name;
@@ -112,7 +112,7 @@ LoadResult<AnimationTable> readAnimations(std::span<const std::uint8_t> file, co
     ByteReader in = list.reader();
     const std::vector<IndexEntry> entries = readIndex(in);
     if (!in.ok())
-        return damaged(kWhere, in);
+        return damaged(kAnimationList, in);
     AnimationTable table;
     table.animations.reserve(entries.size());
     ContentReader contents(file, {imageCount, soundCount, 0});

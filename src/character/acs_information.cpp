@@ -12,7 +12,7 @@
 namespace brovin::character {
 namespace {
 
-constexpr std::string_view kWhere = "The character information";
+constexpr std::string_view kInformation = "The character information";
 
 SharedBytes readTrayPicture(const SharedBytes& file, ByteReader& in) {
     const std::uint32_t size = in.u32();
@@ -120,9 +120,9 @@ LoadResult<InformationHead> readInformationHead(ByteReader& in) {
     head.format.minor = in.u16();
     head.format.major = in.u16();
     if (in.ok() && head.format.major < kFormatMajor)
-        return LoadError{LoadProblem::UnsupportedVersion, kWhere, "is of an older version", in.position()};
+        return LoadError{LoadProblem::UnsupportedVersion, kInformation, "is of an older version", in.position()};
     if (in.ok() && head.format.major > kFormatMajor)
-        return LoadError{LoadProblem::NewerVersion, kWhere, "is of a newer version", in.position()};
+        return LoadError{LoadProblem::NewerVersion, kInformation, "is of a newer version", in.position()};
     head.localized = readLocator(in);
     head.guid = readGuid(in);
     head.width = in.u16();
@@ -135,7 +135,7 @@ LoadResult<InformationHead> readInformationHead(ByteReader& in) {
     head.animationSet.major = in.u16();
     head.animationSet.minor = in.u16();
     if (!in.ok())
-        return damaged(kWhere, in);
+        return damaged(kInformation, in);
     return head;
 }
 
@@ -149,7 +149,7 @@ LoadResult<InformationTail> readInformationTail(const SharedBytes& file, const B
         InformationTail tail = reader.read(attempt, layout);
         if (!attempt.ok()) {
             if (!firstError)
-                firstError = damaged(kWhere, attempt);
+                firstError = damaged(kInformation, attempt);
         } else if (attempt.left() == 0) {
             return tail;
         } else if (!withRest) {
