@@ -1,0 +1,140 @@
+#include "command.h"
+
+#include "character/acs_reader.h"
+#include "character/acs_writer.h"
+#include "character_source.h"
+#include "compile.h"
+#include "listing.h"
+#include "problems.h"
+#include "sheet.h"
+#include "smoothness.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <optional>
+
+namespace brovin::acsc {
+namespace {
+
+constexpr const char* kUsage =
+    "Usage:\n"
+    "  acsc FOLDER -o FILE.acs                     compile a character\n"
+    "  acsc --sheet FOLDER OUT.png [ANIMATION...]  draw a contact sheet\n"
+    "  acsc --film FOLDER ANIMATION OUT            OUT.gif (needs ffmpeg) or OUT-%03d.png\n"
+    "  acsc --check FOLDER [PIXELS]                show the largest jump of a part; fail above PIXELS\n"
+    "  acsc --list FILE.acs                        tell what is in a character file\n";
+
+int report(const Problems& problems) {
+    for (const QString& problem : problems.list())
+        std::fprintf(stderr, "acsc: %s\n", qUtf8Printable(problem));
+    return problems.none() ? 0 : 1;
+}
+
+void writeFile(const QString& path, const std::vector<std::uint8_t>& bytes, Problems& problems) {
+    QSaveFile file(path);
+    const auto size = static_cast<qint64>(bytes.size());
+    if (!file.open(QIODevice::WriteOnly) ||
+        file.write(reinterpret_cast<const char*>(bytes.data()), size) != size || !file.commit())
+        problems.add(path, QStringLiteral("cannot be written (%1)").arg(file.errorString()));
+}
+
+void compile(const QStringList& arguments, Problems& problems) {
+    const CharacterSource source = readCharacterSource(arguments[0], problems);
+    if (!problems.none())
+        return;
+    const character::CharacterData data = compileCharacter(source, problems);
+    if (!problems.none())
+        return;
+    const auto bytes = character::writeCharacter(data);
+    if (!bytes)
+        problems.add(arguments[0], QString::fromStdString(bytes.error().reason));
+    else
+        writeFile(arguments[2], *bytes, problems);
+}
+
+void sheet(const QStringList& arguments, Problems& problems) {
+    const CharacterSource source = readCharacterSource(arguments[1], problems);
+    if (problems.none())
+        writeSheet(source, arguments[2], arguments.mid(3), problems);
+}
+
+void film(const QStringList& arguments, Problems& problems) {
+    const CharacterSource source = readCharacterSource(arguments[1], problems);
+    if (problems.none())
+        writeFilm(source, arguments[2], arguments[3], problems);
+}
+
+void check(const QStringList& arguments, Problems& problems) {
+    bool good = true;
+    const double limit = arguments.size() > 2 ? arguments[2].toDouble(&good) : 1e9;
+    if (!good)
+        problems.add(arguments[2], QStringLiteral("is not a number of pixels"));
+    const CharacterSource source = readCharacterSource(arguments[1], problems);
+    if (!problems.none())
+        return;
+    for (const Step& step : largestSteps(source, problems)) {
+        std::printf("%7.2f  %s  %s\n", step.pixels, qUtf8Printable(step.what), qUtf8Printable(step.part));
+        if (step.pixels > limit)
+            problems.add(step.what, QStringLiteral("%1 jumps %2 pixels").arg(step.part).arg(step.pixels));
+    }
+}
+
+std::optional<character::CharacterData> load(const QString& path, Problems& problems) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        problems.add(path, QStringLiteral("cannot be read (%1)").arg(file.errorString()));
+        return std::nullopt;
+    }
+    const QByteArray bytes = file.readAll();
+    auto data = character::readCharacter(
+        character::SharedBytes(std::vector<std::uint8_t>(bytes.begin(), bytes.end())));
+    if (data)
+        return std::move(*data);
+    problems.add(path, QString::fromStdString(character::message(data.error())));
+    return std::nullopt;
+}
+
+void list(const QStringList& arguments, Problems& problems) {
+    if (const auto data = load(arguments[1], problems))
+        std::fputs(qUtf8Printable(listing(*data)), stdout);
+}
+
+const struct {
+    const char* name;
+    int fewest; ///< arguments, with the name
+    int most;
+    void (*run)(const QStringList&, Problems&);
+} kCommands[] = {
+    {"--sheet", 3, 10000, sheet},
+    {"--film", 4, 4, film},
+    {"--check", 2, 3, check},
+    {"--list", 2, 2, list},
+};
+
+} // namespace
+
+int run(const QStringList& arguments) {
+    Problems problems;
+    if (arguments.value(0) == QLatin1String("--help")) {
+        std::fputs(kUsage, stdout);
+        return 0;
+    }
+    for (const auto& command : kCommands)
+        if (arguments.value(0) == QLatin1String(command.name) && arguments.size() >= command.fewest &&
+            arguments.size() <= command.most) {
+            command.run(arguments, problems);
+            return report(problems);
+        }
+    if (arguments.size() == 3 && arguments[1] == QLatin1String("-o")) {
+        compile(arguments, problems);
+        return report(problems);
+    }
+    std::fputs(kUsage, stderr);
+    return 2;
+}
+
+} // namespace brovin::acsc

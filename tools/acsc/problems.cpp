@@ -1,0 +1,11 @@
+#include "problems.h"
+
+namespace brovin::acsc {
+
+void Problems::add(const QString& where, const QString& what) {
+    const QString line = where + QStringLiteral(": ") + what;
+    if (!list_.contains(line))
+        list_.append(line);
+}
+
+} // namespace brovin::acsc

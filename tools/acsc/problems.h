@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace brovin::acsc {
+
+/// What is wrong with a character's sources, in words for its author. Reading goes on after a problem, so
+/// that one run shows all of them; nothing is written as long as there is one.
+class Problems {
+public:
+    /// `where` names the file, the animation and the key, as far as they are known.
+    void add(const QString& where, const QString& what);
+
+    [[nodiscard]] bool none() const { return list_.isEmpty(); }
+    [[nodiscard]] const QStringList& list() const { return list_; }
+
+private:
+    QStringList list_;
+};
+
+} // namespace brovin::acsc

@@ -1,0 +1,84 @@
+#include "smoothness.h"
+
+#include "movement.h"
+#include "route.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+namespace brovin::acsc {
+namespace {
+
+class Survey {
+public:
+    explicit Survey(const Rig& rig) : rig_(rig) {}
+
+    Step step(const Pose& from, const Pose& to, const QString& what) const {
+        const Jump jump = jumpBetween(from, to, rig_);
+        return {what, jump.pixels, jump.pixels > 0 ? rig_.parts()[jump.part].name : QString()};
+    }
+
+    Step largest(const AnimationSource& animation, const std::vector<Pose>& poses) const {
+        const auto route = planRoute(animation, poses, &rig_);
+        Step worst{animation.name, 0, {}};
+        const auto consider = [&](const RouteFrame& from, std::size_t to) {
+            if (!from.source || to >= route.size() || !route[to].source)
+                return;
+            const int a = *from.source;
+            const int b = *route[to].source;
+            const Step one = step(poses[static_cast<std::size_t>(a)], poses[static_cast<std::size_t>(b)],
+                                  QStringLiteral("%1 %2 > %3").arg(animation.name).arg(a).arg(b));
+            if (one.pixels > worst.pixels)
+                worst = one;
+        };
+        for (std::size_t i = 0; i < route.size(); ++i) {
+            int percent = 0;
+            for (const BranchSource& branch : route[i].branches) {
+                consider(route[i], static_cast<std::size_t>(branch.to));
+                percent += branch.percent;
+            }
+            if (percent < 100)
+                consider(route[i], i + 1);
+            if (route[i].exit)
+                consider(route[i], static_cast<std::size_t>(*route[i].exit));
+        }
+        return worst;
+    }
+
+private:
+    const Rig& rig_;
+};
+
+} // namespace
+
+std::vector<Step> largestSteps(const CharacterSource& source, Problems& problems) {
+    std::vector<Step> steps;
+    if (!source.rig) {
+        problems.add(source.folder.path(), QStringLiteral("only a character with a drawing can be checked"));
+        return steps;
+    }
+    const Survey survey(*source.rig);
+    std::map<QString, std::vector<Pose>> poses;
+    for (const AnimationSource& animation : source.animations) {
+        if (!animation.fromRig)
+            continue;
+        const auto& own = poses[animation.name.toCaseFolded()] = posesOf(animation, *source.rig);
+        checkEnds(animation, own, *source.rig, problems);
+        steps.push_back(survey.largest(animation, own));
+    }
+    for (const AnimationSource& animation : source.animations) {
+        const auto own = poses.find(animation.name.toCaseFolded());
+        const auto back = poses.find(animation.returns.toCaseFolded());
+        if (own == poses.end() || back == poses.end())
+            continue;
+        steps.push_back(survey.step(own->second[static_cast<std::size_t>(animation.standing())],
+                                    back->second.front(),
+                                    QStringLiteral("%1 > %2").arg(animation.name, animation.returns)));
+    }
+    std::stable_sort(steps.begin(), steps.end(),
+                     [](const Step& a, const Step& b) { return a.pixels > b.pixels; });
+    return steps;
+}
+
+} // namespace brovin::acsc
