@@ -32,11 +32,10 @@ public:
         else
             for (JsonSource& frame : frames.items())
                 readFileFrame(frame);
-        if (result_.frames.empty()) {
-            source_.report(QStringLiteral("the animation has no frames"));
-            return;
-        }
-        readCues();
+        if (result_.frames.empty() && result_.fromRig)
+            return; // reported already
+        if (!result_.frames.empty())
+            readCues();
         readWay();
         source_.expectNoMore();
     }
@@ -186,7 +185,7 @@ private:
 
     FrameSource& frameAt(JsonSource& source) {
         const int at = source.whole(QStringLiteral("at"), 0, inside());
-        return result_.frames[static_cast<std::size_t>(std::clamp(at, 0, result_.length() - 1))];
+        return result_.frames[static_cast<std::size_t>(std::clamp(at, 0, std::max(result_.length() - 1, 0)))];
     }
 
     void readCues() {

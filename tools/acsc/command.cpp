@@ -8,6 +8,7 @@
 #include "problems.h"
 #include "sheet.h"
 #include "smoothness.h"
+#include "unpack.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -26,7 +27,8 @@ constexpr const char* kUsage =
     "  acsc --sheet FOLDER OUT.png [ANIMATION...]  draw a contact sheet\n"
     "  acsc --film FOLDER ANIMATION OUT            OUT.gif (needs ffmpeg) or OUT-%03d.png\n"
     "  acsc --check FOLDER [PIXELS]                show the largest jump of a part; fail above PIXELS\n"
-    "  acsc --list FILE.acs                        tell what is in a character file\n";
+    "  acsc --list FILE.acs                        tell what is in a character file\n"
+    "  acsc --unpack FILE.acs FOLDER               take a character file apart into sources\n";
 
 int report(const Problems& problems) {
     for (const QString& problem : problems.list())
@@ -103,16 +105,19 @@ void list(const QStringList& arguments, Problems& problems) {
         std::fputs(qUtf8Printable(listing(*data)), stdout);
 }
 
+void unpack(const QStringList& arguments, Problems& problems) {
+    if (const auto data = load(arguments[1], problems))
+        unpackCharacter(*data, arguments[2], problems);
+}
+
 const struct {
     const char* name;
     int fewest; ///< arguments, with the name
     int most;
     void (*run)(const QStringList&, Problems&);
 } kCommands[] = {
-    {"--sheet", 3, 10000, sheet},
-    {"--film", 4, 4, film},
-    {"--check", 2, 3, check},
-    {"--list", 2, 2, list},
+    {"--sheet", 3, 10000, sheet}, {"--film", 4, 4, film},     {"--check", 2, 3, check},
+    {"--list", 2, 2, list},       {"--unpack", 3, 3, unpack},
 };
 
 } // namespace

@@ -4,7 +4,20 @@
 
 #include <QGuiApplication>
 
+#include <cstdio>
+
+namespace {
+
+/// What the toolkit says about the user's session does not matter to a compiler.
+void showMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
+    if (!message.startsWith(QLatin1String("QStandardPaths")))
+        std::fprintf(stderr, "acsc: %s\n", qUtf8Printable(message));
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    qInstallMessageHandler(showMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // it draws into pictures only
     const QGuiApplication application(argc, argv);
     return brovin::acsc::run(QGuiApplication::arguments().mid(1));

@@ -126,7 +126,7 @@ private:
     int stands_;
 };
 
-/// Where the ways out lead round in a circle, because the author's own exits do, nothing would end.
+/// Whether anything leads to the frame behind the last one.
 bool needsEndPoint(const std::vector<RouteFrame>& route) {
     const int end = static_cast<int>(route.size());
     return std::any_of(route.begin(), route.end(), [=](const RouteFrame& frame) {
@@ -140,6 +140,8 @@ bool needsEndPoint(const std::vector<RouteFrame>& route) {
 std::vector<RouteFrame> planRoute(const AnimationSource& animation, const std::vector<Pose>& poses,
                                   const Rig* rig) {
     const int end = animation.length();
+    if (end == 0)
+        return {};
     const Layout layout(animation);
     const std::vector<int> out =
         animation.smoothExits ? WaysOut(animation, poses, rig).find() : std::vector<int>();
