@@ -32,16 +32,20 @@ public:
         else
             for (JsonSource& frame : frames.items())
                 readFileFrame(frame);
-        if (result_.frames.empty() && result_.fromRig)
-            return; // reported already
-        if (!result_.frames.empty())
+        if (result_.frames.empty())
+            for (const char* key : {"sounds", "branches", "exits"})
+                static_cast<void>(source_.at(QString::fromLatin1(key)));
+        else
             readCues();
         readWay();
         source_.expectNoMore();
     }
 
 private:
-    Range inside() const { return {0, static_cast<double>(std::max(result_.length() - 1, 0))}; }
+    /// Of frame numbers. Where the length is not known every number will do: one mistake, one message.
+    Range inside() const {
+        return result_.frames.empty() ? kFrameRange : Range{0, static_cast<double>(result_.length() - 1)};
+    }
 
     const Pose* pose(const QString& name, const JsonSource& at) {
         const Pose* const found = rig_->findPose(name);

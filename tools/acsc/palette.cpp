@@ -85,16 +85,15 @@ std::uint8_t Palette::entryOf(std::uint32_t colour) {
         return transparent_;
     if (const auto known = entries_.find(colour); known != entries_.end())
         return known->second;
+    if (seen_.empty())
+        for (const character::Colour& c : colours_)
+            seen_.push_back(perceived(std::uint32_t{c.red} << 16U | std::uint32_t{c.green} << 8U | c.blue));
     const PerceivedColour wanted = perceived(colour);
     double best = std::numeric_limits<double>::max();
     std::uint8_t entry = 0;
-    for (std::size_t i = 0; i < colours_.size(); ++i) {
-        if (i == transparent_)
-            continue;
-        const character::Colour& c = colours_[i];
-        const std::uint32_t rgb = std::uint32_t{c.red} << 16U | std::uint32_t{c.green} << 8U | c.blue;
-        const double distance = squaredDistance(wanted, perceived(rgb));
-        if (distance < best) {
+    for (std::size_t i = 0; i < seen_.size(); ++i) {
+        const double distance = squaredDistance(wanted, seen_[i]);
+        if (i != transparent_ && distance < best) {
             best = distance;
             entry = static_cast<std::uint8_t>(i);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "character/character_data.h"
+#include "perceived_colour.h"
 #include "picture.h"
 
 #include <cstdint>
@@ -33,6 +34,7 @@ private:
     void place(const std::vector<std::uint32_t>& found);
 
     std::vector<character::Colour> colours_;
+    std::vector<PerceivedColour> seen_; ///< the same, as the eye sees them; empty until they are needed
     std::uint8_t transparent_;
     std::unordered_map<std::uint32_t, std::uint8_t> entries_; ///< of colours that were asked for
 };

@@ -50,6 +50,23 @@ private:
     const Rig& rig_;
 };
 
+/// The pose in which an animation leaves the character when nothing leads back from it and no other animation
+/// takes it up; null: all is well. What hides the character need not lead back.
+const Pose* leftIn(const AnimationSource& animation, const CharacterSource& source) {
+    const bool leadsBack = animation.holds || animation.loop || !animation.returns.isEmpty();
+    if (!animation.fromRig || leadsBack || *animation.end == source.rig->neutral())
+        return nullptr;
+    const bool taken =
+        std::any_of(source.animations.begin(), source.animations.end(), [&](const auto& other) {
+            return &other != &animation && other.fromRig && *other.begin == *animation.end;
+        });
+    const bool hides = std::any_of(source.states.begin(), source.states.end(), [&](const auto& state) {
+        return state.name == QLatin1String("Hiding") &&
+               state.animations.contains(animation.name, Qt::CaseInsensitive);
+    });
+    return taken || hides ? nullptr : animation.end;
+}
+
 } // namespace
 
 std::vector<Step> largestSteps(const CharacterSource& source, Problems& problems) {
@@ -76,6 +93,10 @@ std::vector<Step> largestSteps(const CharacterSource& source, Problems& problems
                                     back->second.front(),
                                     QStringLiteral("%1 > %2").arg(animation.name, animation.returns)));
     }
+    for (const AnimationSource& animation : source.animations)
+        if (const Pose* const left = leftIn(animation, source))
+            steps.push_back(survey.step(*left, source.rig->neutral(),
+                                        QStringLiteral("%1 > neutral").arg(animation.name)));
     std::stable_sort(steps.begin(), steps.end(),
                      [](const Step& a, const Step& b) { return a.pixels > b.pixels; });
     return steps;

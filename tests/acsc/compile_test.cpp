@@ -1,0 +1,107 @@
+#include "acsc/command.h"
+#include "acsc/dot.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace brovin::acsc::tests {
+namespace {
+
+using character::Animation;
+using character::Transition;
+
+TEST(Compile, givesTheSameBytesAgainAndAfterUnpacking) {
+    const DotFolder dot;
+    const QString first = dot.path(QStringLiteral("first.acs"));
+    const QString second = dot.path(QStringLiteral("second.acs"));
+    const QString third = dot.path(QStringLiteral("third.acs"));
+    const QString sources = dot.path(QStringLiteral("unpacked"));
+    ASSERT_EQ(0, run({dot.path(), QStringLiteral("-o"), first}));
+    ASSERT_EQ(0, run({dot.path(), QStringLiteral("-o"), second}));
+    ASSERT_EQ(0, run({QStringLiteral("--unpack"), first, sources}));
+    ASSERT_EQ(0, run({sources, QStringLiteral("-o"), third}));
+    EXPECT_FALSE(contentOf(first).isEmpty());
+    EXPECT_EQ(contentOf(first), contentOf(second));
+    EXPECT_EQ(contentOf(first), contentOf(third));
+    EXPECT_EQ(1, run({QStringLiteral("--unpack"), first, sources})) << "the folder is not empty";
+}
+
+TEST(Compile, leavesTheOldFileWhenTheSourceIsBad) {
+    DotFolder dot;
+    const QString file = dot.path(QStringLiteral("dot.acs"));
+    ASSERT_EQ(0, run({dot.path(), QStringLiteral("-o"), file}));
+    const QByteArray before = contentOf(file);
+    dot.replace(QStringLiteral("character.json"), QStringLiteral("m4"), QStringLiteral("m9"));
+    EXPECT_EQ(1, run({dot.path(), QStringLiteral("-o"), file}));
+    EXPECT_EQ(before, contentOf(file));
+    EXPECT_EQ(2, run({dot.path()}));
+}
+
+TEST(Compile, keepsTheOrderOfTheFiles) {
+    const character::CharacterData data = DotFolder().compile();
+    std::vector<std::string> names;
+    for (const Animation& one : data.animations)
+        names.push_back(one.name);
+    EXPECT_EQ((std::vector<std::string>{"Show", "RestPose", "Wave", "Blink", "Hop"}), names);
+    ASSERT_EQ(2U, data.info.size());
+    EXPECT_EQ("Punkt", data.info[1].name);
+    EXPECT_EQ(0x0407, data.info[1].language);
+    ASSERT_EQ(3U, data.states.size());
+    EXPECT_EQ(std::vector<std::uint32_t>{1}, data.states[1].animations);
+}
+
+TEST(Compile, letsWhatHoldsStandOnItsLastPictureAndSpeakThere) {
+    const character::CharacterData data = DotFolder().compile();
+    const Animation& wave = animation(data, "Wave");
+    ASSERT_EQ(17U, wave.frames.size());
+    EXPECT_EQ(Transition::ExitBranches, wave.transition);
+    EXPECT_EQ((std::vector<character::Branch>{{15, 100}}), wave.frames[7].branches)
+        << "over to where it stands";
+    EXPECT_EQ(7U, wave.frames[15].mouths.size());
+    EXPECT_TRUE(wave.frames[16].images.empty()) << "the end point";
+    EXPECT_EQ(0, wave.frames[16].duration.count());
+    EXPECT_TRUE(wave.frames[2].sound.has_value());
+    const Animation& hop = animation(data, "Hop");
+    EXPECT_EQ((std::vector<character::Branch>{{3, 100}}), hop.frames[8].branches) << "round and round";
+}
+
+TEST(Compile, leadsFromEveryFrameBackToNeutral) {
+    const character::CharacterData data = DotFolder().compile();
+    const character::Bitmap neutral = painted(data, animation(data, "RestPose").frames[0]);
+    for (const Animation& one : data.animations)
+        for (std::size_t begin = 0; begin < one.frames.size(); ++begin) {
+            std::size_t at = begin;
+            std::size_t lastShown = begin;
+            std::size_t steps = 0;
+            while (at < one.frames.size() && steps++ <= one.frames.size()) {
+                lastShown = one.frames[at].images.empty() ? lastShown : at;
+                at = one.frames[at].exitFrame.value_or(static_cast<std::uint16_t>(at + 1));
+            }
+            EXPECT_LE(steps, one.frames.size()) << one.name << " leads round in a circle from " << begin;
+            if (!one.frames[begin].images.empty()) {
+                EXPECT_EQ(neutral, painted(data, one.frames[lastShown])) << one.name << " from " << begin;
+            }
+        }
+}
+
+TEST(Check, failsAboveItsLimitOnly) {
+    const DotFolder dot;
+    EXPECT_EQ(0, run({QStringLiteral("--check"), dot.path(), QStringLiteral("3")}));
+    EXPECT_EQ(1, run({QStringLiteral("--check"), dot.path(), QStringLiteral("0.5")}));
+}
+
+TEST(Sheet, hasARowForEachAnimationThatIsNamed) {
+    const DotFolder dot;
+    const QString sheet = dot.path(QStringLiteral("sheet.png"));
+    ASSERT_EQ(0, run({QStringLiteral("--sheet"), dot.path(), sheet, QStringLiteral("Blink")}));
+    EXPECT_EQ(6 * 34, QImage(sheet).width());
+    EXPECT_EQ(1, run({QStringLiteral("--sheet"), dot.path(), sheet, QStringLiteral("Nobody")}));
+    const QString pictures = dot.path(QStringLiteral("film-%02d.png"));
+    ASSERT_EQ(0, run({QStringLiteral("--film"), dot.path(), QStringLiteral("Blink"), pictures}));
+    EXPECT_EQ(6, QDir(dot.path()).entryList({QStringLiteral("film-*.png")}).size());
+}
+
+} // namespace
+} // namespace brovin::acsc::tests
