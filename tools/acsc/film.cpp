@@ -20,7 +20,7 @@ bool keepsOutline(const Picture& frame, const Picture& mouth) {
 Picture without(Picture picture, const Box& box) {
     for (int y = box.top; y < box.top + box.height; ++y)
         for (int x = box.left; x < box.left + box.width; ++x)
-            picture.pixels[static_cast<std::size_t>(y * picture.width + x)] = 0;
+            picture.set(x, y, 0);
     return picture;
 }
 
@@ -76,8 +76,7 @@ Picture Camera::whole(const FilmedAnimation& animation, int frame) {
                 for (int x = std::max(0, -placed->x); x < std::min(picture.width, canvas.width - placed->x);
                      ++x)
                     if (const auto pixel = picture.at(x, y); pixel != 0)
-                        canvas.pixels[static_cast<std::size_t>((y + placed->y) * canvas.width + x +
-                                                               placed->x)] = pixel;
+                        canvas.set(x + placed->x, y + placed->y, pixel);
         }
     }
     return canvas;

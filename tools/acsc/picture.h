@@ -17,9 +17,12 @@ struct Picture {
     std::vector<std::uint32_t> pixels;
 
     bool operator==(const Picture&) const = default;
-    [[nodiscard]] std::uint32_t at(int x, int y) const {
-        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                      static_cast<std::size_t>(x)];
+    [[nodiscard]] std::uint32_t at(int x, int y) const { return pixels[place(x, y)]; }
+    void set(int x, int y, std::uint32_t pixel) { pixels[place(x, y)] = pixel; }
+
+private:
+    [[nodiscard]] std::size_t place(int x, int y) const {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
     }
 };
 
