@@ -1,5 +1,6 @@
 #include "acsc/command.h"
 #include "acsc/dot.h"
+#include "acsc/edges.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -90,6 +91,14 @@ TEST(Check, failsAboveItsLimitOnly) {
     const DotFolder dot;
     EXPECT_EQ(0, run({QStringLiteral("--check"), dot.path(), QStringLiteral("3")}));
     EXPECT_EQ(1, run({QStringLiteral("--check"), dot.path(), QStringLiteral("0.5")}));
+}
+
+TEST(Edges, areToldWithAnimationSideAndFrames) {
+    DotFolder dot;
+    dot.replace(QStringLiteral("animations/all.json"), QStringLiteral("\"y\": -2"), QStringLiteral("\"y\": -6"));
+    Problems problems;
+    const CharacterSource source = dot.read(problems);
+    EXPECT_EQ(QStringList{QStringLiteral("Show: top in frames 2")}, touchedEdges(source, problems));
 }
 
 TEST(Sheet, hasARowForEachAnimationThatIsNamed) {

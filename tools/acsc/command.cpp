@@ -4,6 +4,7 @@
 #include "character/acs_writer.h"
 #include "character_source.h"
 #include "compile.h"
+#include "edges.h"
 #include "listing.h"
 #include "problems.h"
 #include "sheet.h"
@@ -27,6 +28,7 @@ constexpr const char* kUsage =
     "  acsc --sheet FOLDER OUT.png [ANIMATION...]  draw a contact sheet\n"
     "  acsc --film FOLDER ANIMATION OUT            OUT.gif (needs ffmpeg) or OUT-%03d.png\n"
     "  acsc --check FOLDER [PIXELS]                show the largest jump of a part; fail above PIXELS\n"
+    "  acsc --edges FOLDER                         show where pictures touch the frame's edges\n"
     "  acsc --list FILE.acs                        tell what is in a character file\n"
     "  acsc --unpack FILE.acs FOLDER               take a character file apart into sources\n";
 
@@ -85,6 +87,14 @@ void check(const QStringList& arguments, Problems& problems) {
     }
 }
 
+void edges(const QStringList& arguments, Problems& problems) {
+    const CharacterSource source = readCharacterSource(arguments[1], problems);
+    if (!problems.none())
+        return;
+    for (const QString& line : touchedEdges(source, problems))
+        std::printf("%s\n", qUtf8Printable(line));
+}
+
 std::optional<character::CharacterData> load(const QString& path, Problems& problems) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -116,8 +126,8 @@ const struct {
     int most;
     void (*run)(const QStringList&, Problems&);
 } kCommands[] = {
-    {"--sheet", 3, 10000, sheet}, {"--film", 4, 4, film},     {"--check", 2, 3, check},
-    {"--list", 2, 2, list},       {"--unpack", 3, 3, unpack},
+    {"--sheet", 3, 10000, sheet}, {"--film", 4, 4, film}, {"--check", 2, 3, check},
+    {"--edges", 2, 2, edges},     {"--list", 2, 2, list}, {"--unpack", 3, 3, unpack},
 };
 
 } // namespace

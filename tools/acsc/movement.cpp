@@ -102,7 +102,9 @@ void switchAt(const SwitchTrack& track, int frame, Pose& pose) {
 
 QString describe(const Rig& rig, const Pose& is, const Pose& wanted) {
     const char* const fields[] = {"x", "y", "rotate", "scaleX", "scaleY", "opacity"};
-    for (std::size_t p = 0; p < is.parts.size(); ++p)
+    for (std::size_t p = 0; p < is.parts.size(); ++p) {
+        if (!rig.visible(is, p) && !rig.visible(wanted, p))
+            continue; // a prop that is switched off may be anywhere
         for (std::size_t f = 0; f < kPlacementFieldCount; ++f) {
             const double has = is.parts[p].*kPlacementFields[f];
             const double wants = wanted.parts[p].*kPlacementFields[f];
@@ -112,6 +114,7 @@ QString describe(const Rig& rig, const Pose& is, const Pose& wanted) {
                     .arg(has)
                     .arg(wants);
         }
+    }
     for (std::size_t s = 0; s < is.choices.size(); ++s)
         if (is.choices[s] != wanted.choices[s])
             return QStringLiteral("switch %1 is \"%2\" and should be \"%3\"")
