@@ -14,9 +14,12 @@
 #include "cleaner/statistics.h"
 #include "cleaner/watched_folder_list.h"
 #include "companion/announcer.h"
+#include "companion/character_host.h"
 #include "companion/phrase_engine.h"
+#include "companion/speech_commands.h"
 #include "language/language_catalogue.h"
 #include "language/language_loader.h"
+#include "ui/speech_frequency.h"
 
 #include <chrono>
 #include <utility>
@@ -53,6 +56,9 @@ constexpr StoredBox kStoredBoxes[] = {
 struct Program::Rooms {
     Rooms(const Machine& beneath, ProgramInfo about, std::string command)
         : machine(beneath), info(std::move(about)), runKey(form, machine.registry, std::move(command)) {}
+    ~Rooms() { machine.characters.setEvents({}); } // the machine outlives its program
+    Rooms(const Rooms&) = delete;
+    Rooms& operator=(const Rooms&) = delete;
 
     Machine machine;
     ProgramInfo info;
@@ -65,6 +71,11 @@ struct Program::Rooms {
     companion::Actor actor;
     companion::PhraseEngine phrases{{form, settings, tables, actor, machine.regional, machine.random}};
     companion::Announcer announcer{{form, actor, phrases, machine.dialogs}};
+    companion::CharacterHost characterHost{
+        {form, settings, tables, actor, phrases, machine.characters, machine.regional, machine.random}};
+    companion::SpeechCommands speechCommands{
+        {form, settings, tables, actor, phrases, announcer, machine.random}};
+    ui::SpeechFrequency speechFrequency{form, settings};
     cleaner::Speech speech{tables.messageTable, phrases, announcer};
     cleaner::NastyFileList nastyFiles{{form, settings, speech, machine.dialogs, machine.regional}};
     cleaner::WatchedFolderList watchedFolders{
@@ -107,6 +118,8 @@ struct Program::Rooms {
                      .settings = settings,
                      .speech = speech,
                      .actor = actor,
+                     .characterHost = characterHost,
+                     .speechFrequency = speechFrequency,
                      .catalogue = catalogue,
                      .nastyFiles = nastyFiles,
                      .watchedFolders = watchedFolders,
@@ -124,6 +137,8 @@ struct Program::Rooms {
     void tieSettings();
     void tieCleaner();
     void tieSchedule();
+    void tieCharacter();
+    void tieSpeech();
     void tieProgram();
     void tieWindow();
 };
@@ -133,6 +148,8 @@ Program::Program(const Machine& machine, ProgramInfo info, std::string command)
     rooms_->tieSettings();
     rooms_->tieCleaner();
     rooms_->tieSchedule();
+    rooms_->tieCharacter();
+    rooms_->tieSpeech();
     rooms_->tieProgram();
     rooms_->tieWindow();
 }
@@ -158,14 +175,6 @@ void Program::Rooms::tieSettings() {
     }
     form.cmbCheck.click = [this] {
         settings.write(setting::kCheckFreq, std::to_string(form.cmbCheck.selected()));
-    };
-    form.chkDude.click = [this] {
-        if (!form.loading)
-            settings.write(setting::kDude, std::to_string(form.chkDude.value()));
-    };
-    form.cmbDudeSex.click = [this] {
-        if (!form.loading)
-            settings.write(setting::kDudeSex, std::to_string(form.cmbDudeSex.selected()));
     };
     settings.refused = [this](const std::string& location) {
         machine.dialogs.messageBox("Your settings could not be saved in " + location +
@@ -198,22 +207,51 @@ void Program::Rooms::tieSchedule() {
     form.txtReminder.change = [this] { schedule.txtReminder_Change(); };
     form.dtpWord.change = [this] { schedule.dtpWord_Change(); };
     form.chkWord.click = [this] { schedule.chkWord_Click(); };
-    form.picSlide.change = [this] {
-        form.speechFreq = static_cast<std::int16_t>(form.picSlide.value());
-        if (!form.loading)
-            settings.write(setting::kSpeechFreq, std::to_string(form.speechFreq));
-    };
     form.txtInterval.change = [this] {
         schedule.txtInterval_Change();
         statistics.showLastScanned();
     };
 }
 
+void Program::Rooms::tieCharacter() {
+    using platform::CharacterClick;
+    form.chkAgent.click = [this] { characterHost.chkAgent_Click(); };
+    form.lstChars.click = [this] { characterHost.lstChars_Click(); };
+    form.cmdCheckChars.click = [this] { characterHost.cmdCheckChars_Click(); };
+    machine.characters.setEvents(
+        {.click = [this](const CharacterClick& click) { characterHost.Agent1_Click(click); },
+         .dragStart = [this](const CharacterClick& /*click*/) { characterHost.Agent1_DragStart(); },
+         .dragComplete = [this](const CharacterClick& /*click*/) { characterHost.Agent1_DragComplete(); },
+         .hide = [this](const std::string& /*id*/, int cause) { characterHost.Agent1_Hide(cause); }});
+    form.picSlide.mouseDown = [this](int button, double x) { speechFrequency.picSlide_MouseDown(button, x); };
+    form.picSlide.mouseMove = [this](double x) { speechFrequency.picSlide_MouseMove(x); };
+    form.picSlide.mouseUp = [this] { speechFrequency.picSlide_MouseUp(); };
+    form.picSlide.choose = [this](int value) { speechFrequency.picSlide_Choose(value); };
+    form.picSlide.resize = [this] { speechFrequency.drawSpeechFreq(); };
+    form.frmFreq.mouseUp = [this](double x, double y) { speechFrequency.frmFreq_MouseUp(x, y); };
+}
+
+void Program::Rooms::tieSpeech() {
+    form.cmdSay.click = [this] { speechCommands.cmdSay_Click(); };
+    form.cmdDo.click = [this] { speechCommands.cmdDo_Click(); };
+    form.cmdRepeat.click = [this] { speechCommands.cmdRepeat_Click(); };
+    form.cmdSpeak.click = [this] { speechCommands.cmdSpeak_Click(); };
+    form.cmdStop.click = [this] { speechCommands.cmdStop_Click(); };
+    form.lstAnims.click = [this] { speechCommands.lstAnims_Click(); };
+    form.lstAnims.gotFocus = [this] { speechCommands.lstAnims_GotFocus(); };
+    form.txtSay.gotFocus = [this] { speechCommands.txtSay_GotFocus(); };
+    form.chkDude.click = [this] { speechCommands.chkDude_Click(); };
+    form.cmbDudeSex.click = [this] { speechCommands.cmbDudeSex_Click(); };
+}
+
 void Program::Rooms::tieProgram() {
     form.lstLang.click = [this] { loader.lstLang_Click(); };
     loader.loaded = [this] {
-        if (form.Timer1.enabled()) // running: what is on the screen shall change its language at once
-            statistics.showLastScanned();
+        if (!form.Timer1.enabled())
+            return; // not running yet
+        // What is on the screen, and who speaks there, shall change the language at once.
+        statistics.showLastScanned();
+        characterHost.languageChanged();
     };
     loader.quit = [this] {
         startUp.end();

@@ -9,7 +9,7 @@ namespace box = platform::box;
 void ShutDown::cmdExit_Click() {
     ui::FrmOptions& form = needs_.form;
     form.cmdExit.setPicture("close");
-    if (form.chkAgent.checked())
+    if (form.chkAgent.checked() && needs_.actor.character != nullptr)
         needs_.settings.write(setting::kAgentShow, needs_.actor.visible() ? "True" : "False");
     const auto& messages = needs_.speech.messages;
     const auto answer = needs_.speech.announcer.agentMsgBox(

@@ -34,7 +34,8 @@ bool StartUp::run() {
         &StartUp::startTimer,          &StartUp::restoreRules,
         &StartUp::showFolderHint,      &StartUp::enterTray,
         &StartUp::restoreReminder,     &StartUp::enableRemoveFolder,
-        &StartUp::endLoading,          &StartUp::startTabFrame,
+        &StartUp::endLoading,          &StartUp::bringCharacter,
+        &StartUp::startTabFrame,       &StartUp::showWindowWithoutTray,
     };
     for (const Step step : kSteps) {
         statement((this->*step)());
@@ -103,6 +104,8 @@ Status StartUp::beginLoading() {
 
 Status StartUp::readCharacterName() {
     needs_.actor.name = needs_.settings.read(setting::kAgentName);
+    if (needs_.characters)
+        needs_.characterHost.scanCharacters();
     return Done{};
 }
 
@@ -149,7 +152,7 @@ Status StartUp::readSpeechFrequency() {
     if (!frequency)
         return kOverflow;
     needs_.form.speechFreq = *frequency;
-    needs_.form.picSlide.setValue(*frequency);
+    needs_.speechFrequency.drawSpeechFreq();
     return Done{};
 }
 
@@ -230,9 +233,8 @@ Status StartUp::showFolderHint() {
 
 Status StartUp::enterTray() {
     needs_.form.trayTip = ui::trayTip(needs_.form.sbStatus.panel());
-    const bool shown = needs_.tray.add(needs_.form.trayTip);
-    // Without a notification area a hidden window could never be reached.
-    needs_.form.window.setVisible(!shown);
+    inTray_ = needs_.tray.add(needs_.form.trayTip);
+    needs_.form.window.setVisible(false);
     return Done{};
 }
 
@@ -250,6 +252,23 @@ Status StartUp::enableRemoveFolder() {
 Status StartUp::endLoading() {
     needs_.schedule.refreshReminderControls();
     needs_.form.loading = false;
+    return Done{};
+}
+
+/// The chosen character comes as it was when the program ended, shown or hidden.
+Status StartUp::bringCharacter() {
+    if (!needs_.characters)
+        return Done{};
+    needs_.characterHost.lstChars_Click();
+    needs_.characterHost.chkAgent_Click();
+    return Done{};
+}
+
+/// Without a notification area a hidden window could never be reached. It comes last: to the character's
+/// handlers a visible window means that the user acts in it.
+Status StartUp::showWindowWithoutTray() {
+    if (!inTray_)
+        needs_.form.window.setVisible(true);
     return Done{};
 }
 

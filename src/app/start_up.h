@@ -7,6 +7,7 @@
 #include "cleaner/nasty_file_list.h"
 #include "cleaner/statistics.h"
 #include "cleaner/watched_folder_list.h"
+#include "companion/character_host.h"
 #include "language/language_catalogue.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -16,6 +17,7 @@
 #include "platform/single_instance.h"
 #include "ui/frm_options.h"
 #include "ui/main_window.h"
+#include "ui/speech_frequency.h"
 
 #include <string>
 
@@ -29,6 +31,8 @@ public:
         Settings& settings;
         cleaner::Speech speech;
         companion::Actor& actor;
+        companion::CharacterHost& characterHost;
+        ui::SpeechFrequency& speechFrequency;
         language::LanguageCatalogue& catalogue;
         cleaner::NastyFileList& nastyFiles;
         cleaner::WatchedFolderList& watchedFolders;
@@ -72,7 +76,9 @@ private:
     platform::Status restoreReminder();
     platform::Status enableRemoveFolder();
     platform::Status endLoading();
+    platform::Status bringCharacter();
     platform::Status startTabFrame();
+    platform::Status showWindowWithoutTray();
 
     void restoreCharacterSwitch();
     void statement(const platform::Status& outcome);
@@ -82,6 +88,7 @@ private:
 
     Needs needs_;
     bool ended_ = false;
+    bool inTray_ = false;
 };
 
 } // namespace brovin::app

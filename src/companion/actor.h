@@ -28,13 +28,23 @@ public:
         if (character != nullptr)
             character->stop();
     }
+    void stopAll() const {
+        if (character != nullptr)
+            character->stopAll();
+    }
     void play(const std::string& animation) const {
         if (character != nullptr)
             character->play(animation);
     }
-    void speak(const std::string& text) const {
+    /// False: nobody will say it.
+    bool speak(const std::string& text) const { return character != nullptr && character->speak(text); }
+    void moveTo(int x, int y) const {
         if (character != nullptr)
-            character->speak(text);
+            character->moveTo(x, y);
+    }
+    void gestureAt(int x, int y) const {
+        if (character != nullptr)
+            character->gestureAt(x, y);
     }
     /// Makes it ready to perform: a hidden character appears, a visible one stops what it is doing.
     void prepare() const {

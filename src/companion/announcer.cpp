@@ -28,21 +28,21 @@ std::string withoutSpeechTags(std::string_view text) {
 
 Button Announcer::agentMsgBox(const std::string& text, BoxStyle style, const std::string& title,
                               ForceBox force) {
-    const bool speaks = needs_.form.chkAgent.checked();
+    const bool characterIsOn = needs_.form.chkAgent.checked();
     const bool wasVisible = needs_.actor.visible();
-    if (speaks)
-        perform(text, style, force);
+    // A character that could not be loaded must not swallow the message.
+    const bool spoken = characterIsOn && perform(text, style, force);
     Button answer = Button::None;
     if (force == ForceBox::Yes)
         answer = needs_.dialogs.messageBox(withoutSpeechTags(text), style, title);
-    else if (!speaks)
+    else if (!spoken)
         needs_.dialogs.messageBox(withoutSpeechTags(text), style, title);
-    if (speaks && !wasVisible)
+    if (characterIsOn && !wasVisible)
         needs_.actor.hide();
     return answer;
 }
 
-void Announcer::perform(const std::string& text, BoxStyle style, ForceBox force) {
+bool Announcer::perform(const std::string& text, BoxStyle style, ForceBox force) {
     needs_.actor.prepare();
     // Each test stands by itself: an exclamation has the bits of the critical and the question style too, and
     // plays all three.
@@ -57,8 +57,9 @@ void Announcer::perform(const std::string& text, BoxStyle style, ForceBox force)
         playFrom(PhraseList::AniQuestion);
 
     holdAttention();
-    needs_.actor.speak(text);
+    const bool spoken = needs_.actor.speak(text);
     leadBack();
+    return spoken;
 }
 
 void Announcer::holdAttention() const {

@@ -11,7 +11,7 @@
 namespace brovin::companion {
 
 /// Whether a message box is shown in every case, because the answer is needed, or only when no character
-/// speaks.
+/// can speak.
 enum class ForceBox : bool { No, Yes };
 
 /// What a message box shows of a spoken text: the speech tags between backslashes are left out.
@@ -39,7 +39,8 @@ public:
     void leadBack();
 
 private:
-    void perform(const std::string& text, platform::BoxStyle style, ForceBox force);
+    /// False: there is nobody to say the text.
+    bool perform(const std::string& text, platform::BoxStyle style, ForceBox force);
     void playFrom(language::PhraseList animations);
 
     Needs needs_;

@@ -2,6 +2,7 @@
 
 #include "desktop/text.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
@@ -14,7 +15,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
-#include <QSlider>
 #include <QTimeZone>
 
 #include <chrono>
@@ -35,6 +35,14 @@ void follow(Widget* widget, ui::Control& control, Show show) {
     };
     update();
     control.observe(std::move(update));
+}
+
+/// Fires the control's event whenever the widget gets the focus.
+void tellFocus(QWidget* widget, ui::Event<>& gotFocus) {
+    QObject::connect(qApp, &QApplication::focusChanged, widget, [widget, &gotFocus](QWidget*, QWidget* now) {
+        if (now == widget)
+            gotFocus();
+    });
 }
 
 QDateTime dateTimeOf(platform::DateTime when) {
@@ -106,6 +114,11 @@ void bind(QLineEdit* widget, ui::TextBox& control) {
     });
     QObject::connect(widget, &QLineEdit::textEdited,
                      [&control](const QString& text) { control.setText(text.toStdString()); });
+    tellFocus(widget, control.gotFocus);
+    control.place = [shown = QPointer<QLineEdit>(widget)] {
+        const QPoint corner = shown ? shown->mapToGlobal(QPoint(0, 0)) : QPoint();
+        return ui::Place{corner.x(), corner.y()};
+    };
 }
 
 void bind(QPlainTextEdit* widget, ui::TextBox& control) {
@@ -129,6 +142,7 @@ void bind(QListWidget* widget, ui::ListBox& control) {
         shown->setCurrentRow(control.selected());
     });
     QObject::connect(widget, &QListWidget::currentRowChanged, [&control](int row) { control.select(row); });
+    tellFocus(widget, control.gotFocus);
 }
 
 void bind(QComboBox* widget, ui::ComboBox& control) {
@@ -152,14 +166,6 @@ void bind(QDateTimeEdit* widget, ui::Picker& control) {
     });
     QObject::connect(widget, &QDateTimeEdit::dateTimeChanged,
                      [&control](const QDateTime& shown) { control.setValue(dateTimeOf(shown)); });
-}
-
-void bind(QSlider* widget, ui::Slider& control) {
-    follow(widget, control, [&control](QSlider* shown) {
-        shown->setRange(0, control.maximum());
-        shown->setValue(control.value());
-    });
-    QObject::connect(widget, &QSlider::valueChanged, [&control](int value) { control.setValue(value); });
 }
 
 void bind(QGroupBox* widget, ui::Panel& control) {

@@ -15,6 +15,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
 
@@ -125,13 +126,22 @@ void OptionsWindow::closeEvent(QCloseEvent* event) {
     form_.window.close();
 }
 
+/// The button on the page in view that Enter presses; null: none, or it cannot be used at present.
+QAbstractButton* OptionsWindow::defaultButton() const {
+    for (auto* button : findChildren<QPushButton*>())
+        if (button->isDefault() && button->isVisible() && button->isEnabled())
+            return button;
+    return nullptr;
+}
+
 void OptionsWindow::keyPressEvent(QKeyEvent* event) {
     auto* button = qobject_cast<QAbstractButton*>(focusWidget());
     if (event->key() == Qt::Key_F1)
         form_.cmdHelp.click();
     else if (event->key() == Qt::Key_Escape)
         form_.window.close();
-    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && button != nullptr)
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+             (button != nullptr || (button = defaultButton()) != nullptr))
         button->click();
     else
         QWidget::keyPressEvent(event);

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QAbstractButton;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -21,7 +22,8 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    /// F1 opens the help, Escape puts the window away, Enter presses the button that has the focus.
+    /// F1 opens the help, Escape puts the window away, Enter presses the button that has the focus, else
+    /// the default one.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -30,6 +32,7 @@ private:
     [[nodiscard]] QLayout* makeBottom();
     void followWindow();
     void showOnScreen();
+    [[nodiscard]] QAbstractButton* defaultButton() const;
 
     ui::FrmOptions& form_;
     bool placed_ = false;

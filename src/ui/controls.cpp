@@ -68,11 +68,6 @@ void ListControl::itemsChanged() {
     notify();
 }
 
-void Slider::setValue(int value) {
-    if (Control::change(value_, std::clamp(value, 0, maximum_)))
-        change();
-}
-
 void Picker::setValue(platform::DateTime value) {
     if (Control::change(value_, value))
         change();

@@ -57,6 +57,8 @@ class Panel : public Control {
 public:
     using Control::Control;
     Event<> mouseMove;
+    /// A button was released over it, at this place in it.
+    Event<double, double> mouseUp;
 };
 
 class CheckBox : public Control {
@@ -91,11 +93,19 @@ private:
     bool value_ = false;
 };
 
+/// A place on the screen, in pixels.
+struct Place {
+    int x = 0;
+    int y = 0;
+};
+
 class TextBox : public Control {
 public:
     using Control::Control;
     Event<> change;
     Event<> gotFocus;
+    /// Where its upper left corner is; empty until a shell shows it.
+    std::function<Place()> place;
 
     [[nodiscard]] const std::string& text() const { return text_; }
     /// Fires the change when the text becomes another one.
@@ -172,22 +182,6 @@ public:
 private:
     platform::DateTime value_{};
     std::string customFormat_ = "h:mm tt";
-};
-
-/// Chooses a whole number between 0 and a maximum.
-class Slider : public Control {
-public:
-    Slider(Form& form, std::string name, int maximum) : Control(form, std::move(name)), maximum_(maximum) {}
-    Event<> change;
-
-    [[nodiscard]] int maximum() const { return maximum_; }
-    [[nodiscard]] int value() const { return value_; }
-    /// Takes the nearer end for a value beyond it; fires the change when the value becomes another one.
-    void setValue(int value);
-
-private:
-    int maximum_;
-    int value_ = 0;
 };
 
 /// A frame that moves around what it marks.

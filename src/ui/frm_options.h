@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "ui/controls.h"
+#include "ui/slider.h"
 #include "ui/window.h"
 
 #include <array>
@@ -76,7 +77,7 @@ struct FrmOptions : Form {
     Label lblDudeSex{*this, "lblDudeSex"};
     ComboBox cmbDudeSex{*this, "cmbDudeSex"};
     Panel frmFreq{*this, "frmFreq"};
-    Slider picSlide{*this, "picSlide", 200};
+    Slider picSlide{*this, "picSlide"};
     Label lblFreq{*this, "lblFreq"};
 
     // Page 4: speech

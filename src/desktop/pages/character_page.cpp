@@ -1,3 +1,4 @@
+#include "desktop/frequency_slider.h"
 #include "desktop/pages/pages.h"
 #include "desktop/pages/parts.h"
 
@@ -6,7 +7,6 @@
 #include <QGroupBox>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSlider>
 
 namespace brovin::desktop {
 
@@ -24,9 +24,7 @@ QWidget* makeCharacterPage(ui::FrmOptions& form, QWidget* parent) {
 
     auto* frequency = bound<QGroupBox>(form.frmFreq, page);
     auto* sliding = new QVBoxLayout(frequency);
-    auto* slider = new QSlider(Qt::Horizontal, frequency);
-    bind(slider, form.picSlide);
-    sliding->addWidget(slider);
+    sliding->addWidget(new FrequencySlider(form.picSlide, form.frmFreq, frequency));
     auto* note = bound<QLabel>(form.lblFreq, frequency);
     note->setWordWrap(true);
     sliding->addWidget(note);

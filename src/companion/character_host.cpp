@@ -1,0 +1,240 @@
+#include "companion/character_host.h"
+
+#include "text/numbers.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace brovin::companion {
+namespace {
+
+using language::PhraseList;
+namespace setting = app::setting;
+
+constexpr std::string_view kFileEnding = ".acs";
+/// How far above the screen's lower edge a character stands that nobody has moved.
+constexpr int kStandingRoom = 147;
+/// A character whose corner is farther out than this is fetched back when it is loaded.
+constexpr int kFarthestOut = -50;
+constexpr int kLeftButton = 1;
+
+} // namespace
+
+void CharacterHost::scanCharacters() {
+    std::vector<ui::ListBox::Item> items;
+    for (const std::string& file : needs_.service.files()) {
+        const std::string_view name(file.data(), file.size() - std::min(file.size(), kFileEnding.size()));
+        items.push_back({needs_.regional.properCase(name), 0});
+    }
+    needs_.form.lstChars.setItems(std::move(items));
+    if (needs_.actor.name.empty())
+        needs_.actor.name = setting::kAgentName.fallback;
+    for (int i = 0; i < needs_.form.lstChars.count(); ++i)
+        if (needs_.form.lstChars.items()[static_cast<std::size_t>(i)].text == needs_.actor.name) {
+            needs_.form.lstChars.select(i);
+            return;
+        }
+}
+
+void CharacterHost::loadCharacter() {
+    Actor& actor = needs_.actor;
+    if (!needs_.form.chkAgent.checked() || actor.name.empty())
+        return;
+    if (needs_.service.character(actor.name) == nullptr) {
+        voiceIsSet_ = false;
+        needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
+    }
+    actor.character = needs_.service.character(actor.name);
+    if (actor.character != nullptr) {
+        place(*actor.character);
+        setVoice(*actor.character);
+    }
+    fillAnimations();
+}
+
+/// A stored place that does not fit its variable leaves the character where its service has put it.
+void CharacterHost::place(platform::Character& character) const {
+    const platform::ScreenSize screen = needs_.service.screen();
+    if (const auto left = text::leadingInt16(needs_.settings.read(setting::kAgentX)))
+        character.setLeft(*left);
+    if (character.left() > screen.width || character.left() < kFarthestOut)
+        character.setLeft(0);
+    const auto stored = needs_.settings.stored(setting::kAgentY);
+    if (!stored)
+        character.setTop(topAtFirst());
+    else if (const auto top = text::leadingInt16(*stored))
+        character.setTop(*top);
+    if (character.top() > screen.height || character.top() < kFarthestOut)
+        character.setTop(topAtFirst());
+}
+
+int CharacterHost::topAtFirst() const {
+    return needs_.service.screen().height - kStandingRoom;
+}
+
+void CharacterHost::setVoice(platform::Character& character) {
+    const language::LanguageTables& tables = needs_.tables;
+    if (!tables.langLanguageId.empty())
+        if (const auto id = text::leadingInt32(tables.langLanguageId))
+            character.setLanguageId(*id);
+    if (!tables.langModeId.empty())
+        character.setTtsModeId(tables.langModeId);
+    voiceIsSet_ = !tables.langLanguageId.empty() || !tables.langModeId.empty();
+}
+
+void CharacterHost::fillAnimations() {
+    std::vector<ui::ListBox::Item> items;
+    if (needs_.actor.character != nullptr)
+        for (std::string& name : needs_.actor.character->animationNames())
+            items.push_back({std::move(name), 0});
+    needs_.form.lstAnims.setItems(std::move(items));
+    if (!needs_.form.lstAnims.select(0))
+        needs_.form.cmdDo.setEnabled(false);
+}
+
+void CharacterHost::unloadCharacter() {
+    needs_.actor.character = nullptr;
+    if (!needs_.actor.name.empty())
+        needs_.service.unload(needs_.actor.name);
+}
+
+void CharacterHost::chkAgent_Click() {
+    const ui::CheckBox& box = needs_.form.chkAgent;
+    if (!needs_.form.loading)
+        needs_.settings.write(setting::kAgent, std::to_string(box.value()));
+    enableSpeechControls();
+    if (!needs_.form.window.visible())
+        return;
+    if (!box.checked()) {
+        unloadCharacter();
+        needs_.actor.name = needs_.settings.read(setting::kAgentName);
+    }
+    scanCharacters();
+    loadCharacter();
+}
+
+void CharacterHost::enableSpeechControls() {
+    ui::FrmOptions& form = needs_.form;
+    const bool on = form.chkAgent.checked();
+    for (ui::Control* control :
+         std::initializer_list<ui::Control*>{&form.cmdRepeat, &form.txtSay, &form.cmdSay, &form.cmdSpeak,
+                                             &form.lstAnims, &form.cmdDo, &form.cmdStop})
+        control->setEnabled(on);
+    if (form.lstAnims.selected() == ui::ListBox::kNone)
+        form.cmdDo.setEnabled(false); // nothing is chosen that could be done
+}
+
+void CharacterHost::lstChars_Click() {
+    const ui::FrmOptions& form = needs_.form;
+    if (form.lstChars.selected() == ui::ListBox::kNone || form.loading)
+        return;
+    unloadCharacter();
+    needs_.actor.name = form.lstChars.selectedText();
+    needs_.settings.write(setting::kAgentName, needs_.actor.name);
+    loadCharacter();
+    if (form.window.visible() || needs_.settings.read(setting::kAgentShow) == "True")
+        needs_.actor.show();
+    say(PhraseList::SpkHello);
+    nameLabels();
+}
+
+void CharacterHost::nameLabels() {
+    const language::MessageTable& messages = needs_.tables.messageTable;
+    needs_.form.lblSay.setCaption(messages.getMessage(50, {needs_.actor.name}));
+    needs_.form.lblDo.setCaption(messages.getMessage(51, {needs_.actor.name}));
+}
+
+void CharacterHost::languageChanged() {
+    if (needs_.form.lstChars.selected() != ui::ListBox::kNone)
+        nameLabels();
+    if (needs_.actor.character == nullptr)
+        return;
+    const bool visible = needs_.actor.visible();
+    // A language that names no voice leaves the choice to the character, which has it only afresh.
+    const bool names = !needs_.tables.langLanguageId.empty() || !needs_.tables.langModeId.empty();
+    if (voiceIsSet_ && !names) {
+        unloadCharacter();
+        loadCharacter();
+        if (visible)
+            needs_.actor.show();
+    } else {
+        setVoice(*needs_.actor.character);
+    }
+    if (visible) {
+        needs_.actor.stop(); // whatever it was about to say in the other language
+        say(PhraseList::SpkHello);
+    }
+}
+
+void CharacterHost::Agent1_Click(const platform::CharacterClick& click) {
+    if (click.button != kLeftButton)
+        return;
+    needs_.actor.show();
+    if (needs_.random.next() * 30 < 2) { // it has had enough
+        needs_.actor.stopAll();
+        say(PhraseList::SpkClickNoMore);
+        needs_.actor.hide();
+        return;
+    }
+    if (needs_.random.next() * 10 < 3)
+        play(PhraseList::AniClick);
+    if (const auto phrase = needs_.phrases.pickPhrase(clickList()))
+        needs_.actor.speak(*phrase);
+}
+
+/// The character's own answers and those of all, joined as they stand: a language file divides them itself.
+std::string CharacterHost::clickList() const {
+    static constexpr std::pair<std::string_view, PhraseList> kOwn[] = {
+        {"Peedy", PhraseList::SpkClickPeedy},
+        {"Genie", PhraseList::SpkClickGenie},
+        {"Merlin", PhraseList::SpkClickMerlin},
+        {"Robby", PhraseList::SpkClickRobby},
+    };
+    for (const auto& [name, list] : kOwn)
+        if (needs_.actor.name == name)
+            return needs_.tables.list(list) + needs_.tables.list(PhraseList::SpkClick);
+    return needs_.tables.list(PhraseList::SpkClick);
+}
+
+void CharacterHost::Agent1_DragStart() {
+    needs_.actor.stopAll();
+    play(PhraseList::AniClick);
+}
+
+void CharacterHost::Agent1_DragComplete() {
+    say(PhraseList::SpkCharMove);
+    const platform::Character* character = needs_.actor.character;
+    if (character == nullptr)
+        return;
+    const platform::ScreenSize screen = needs_.service.screen();
+    // Lost: more than half of it lies beyond an edge. Doubled, so that no half is cut off an odd size.
+    const int left = 2 * character->left();
+    const int top = 2 * character->top();
+    const bool lost = left < -character->width() || left > 2 * screen.width - character->width() ||
+                      top < -character->height() || top > 2 * screen.height - character->height();
+    const int x = lost ? 0 : character->left();
+    const int y = lost ? topAtFirst() : character->top();
+    needs_.settings.write(setting::kAgentX, std::to_string(x));
+    needs_.settings.write(setting::kAgentY, std::to_string(y));
+    if (lost)
+        needs_.actor.moveTo(x, y);
+}
+
+void CharacterHost::Agent1_Hide(int cause) {
+    if (cause == platform::kHiddenByItsMenu)
+        needs_.settings.write(setting::kAgentShow, "False");
+}
+
+void CharacterHost::say(PhraseList list) {
+    if (const auto phrase = needs_.phrases.pickPhrase(list))
+        needs_.actor.speak(*phrase);
+}
+
+void CharacterHost::play(PhraseList list) {
+    if (const auto animation = needs_.phrases.pickPhrase(list))
+        needs_.actor.play(*animation);
+}
+
+} // namespace brovin::companion

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/settings.h"
+#include "companion/actor.h"
+#include "companion/phrase_engine.h"
+#include "language/language_tables.h"
+#include "platform/character_service.h"
+#include "platform/random.h"
+#include "platform/regional.h"
+#include "ui/frm_options.h"
+
+#include <string>
+
+namespace brovin::companion {
+
+/// Finds the installed characters, keeps the chosen one loaded and on the screen, and lets it answer when the
+/// user clicks, drags or hides it. What the service refuses is passed over without a word.
+class CharacterHost {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        app::Settings& settings;
+        const language::LanguageTables& tables;
+        Actor& actor;
+        PhraseEngine& phrases;
+        platform::CharacterService& service;
+        const platform::Regional& regional;
+        platform::Random& random;
+    };
+    explicit CharacterHost(const Needs& needs) : needs_(needs) {}
+
+    /// Fills `lstChars` and selects the character in use; a character that has no file is not selected.
+    void scanCharacters();
+    /// Loads and places the character without showing it, while the character is on. A missing or broken file
+    /// leaves nobody loaded.
+    void loadCharacter();
+
+    void chkAgent_Click();
+    void lstChars_Click();
+    void cmdCheckChars_Click() { scanCharacters(); }
+
+    void Agent1_Click(const platform::CharacterClick& click);
+    void Agent1_DragStart();
+    void Agent1_DragComplete();
+    void Agent1_Hide(int cause);
+
+    /// The language has changed under a running program: labels, voice and, when it can be seen, a greeting.
+    void languageChanged();
+
+private:
+    void unloadCharacter();
+    void place(platform::Character& character) const;
+    void setVoice(platform::Character& character);
+    void fillAnimations();
+    void nameLabels();
+    void enableSpeechControls();
+    void say(language::PhraseList list);
+    void play(language::PhraseList list);
+    [[nodiscard]] std::string clickList() const;
+    [[nodiscard]] int topAtFirst() const;
+
+    Needs needs_;
+    bool voiceIsSet_ = false; ///< a language has chosen the loaded character's voice
+};
+
+} // namespace brovin::companion

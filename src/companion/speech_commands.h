@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/settings.h"
+#include "companion/actor.h"
+#include "companion/announcer.h"
+#include "companion/phrase_engine.h"
+#include "language/language_tables.h"
+#include "platform/random.h"
+#include "ui/frm_options.h"
+
+#include <string>
+
+namespace brovin::companion {
+
+/// What the user makes the character say and do, and how it may address him.
+class SpeechCommands {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        app::Settings& settings;
+        const language::LanguageTables& tables;
+        const Actor& actor;
+        PhraseEngine& phrases;
+        Announcer& announcer;
+        platform::Random& random;
+    };
+    explicit SpeechCommands(const Needs& needs) : needs_(needs) {}
+
+    void cmdSay_Click();
+    void cmdDo_Click();
+    void cmdRepeat_Click();
+    /// Tries the reminder out; in a message box where there is nobody to speak it.
+    void cmdSpeak_Click();
+    void cmdStop_Click() const { needs_.actor.stop(); }
+
+    void lstAnims_Click();
+    void lstAnims_GotFocus() { lstAnims_Click(); }
+    void txtSay_GotFocus();
+
+    void chkDude_Click();
+    void cmbDudeSex_Click();
+
+private:
+    void askForText();
+    /// Says one of the alternatives; `otherwise` where there is nothing to pick.
+    void say(const std::string& list, const std::string& otherwise);
+    void say(language::PhraseList list);
+    /// Enter presses this button, and no other one.
+    void setDefault(ui::Button& button);
+
+    Needs needs_;
+};
+
+} // namespace brovin::companion
