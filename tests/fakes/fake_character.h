@@ -16,12 +16,13 @@ public:
     bool isVisible = false;
     int x = 0;
     int y = 0;
+    int size = 128; ///< width and height
 
     [[nodiscard]] bool visible() const override { return isVisible; }
     [[nodiscard]] int left() const override { return x; }
     [[nodiscard]] int top() const override { return y; }
-    [[nodiscard]] int width() const override { return 128; }
-    [[nodiscard]] int height() const override { return 128; }
+    [[nodiscard]] int width() const override { return size; }
+    [[nodiscard]] int height() const override { return size; }
     void setLeft(int pixels) override { x = pixels; }
     void setTop(int pixels) override { y = pixels; }
     bool show() override {
@@ -61,6 +62,7 @@ public:
     std::vector<std::string> loaded;
 
     std::vector<std::string> installed; ///< file names
+    std::vector<std::string> broken;    ///< of these: files that do not load
     platform::ScreenSize screenSize{1024, 768};
     platform::CharacterEvents events;
 
@@ -68,12 +70,16 @@ public:
     [[nodiscard]] std::vector<std::string> files() override { return installed; }
     [[nodiscard]] platform::ScreenSize screen() const override { return screenSize; }
     void setEvents(platform::CharacterEvents tied) override { events = std::move(tied); }
-    bool load(const std::string& id, const std::string& /*fileName*/) override {
-        if (present)
+    bool load(const std::string& id, const std::string& fileName) override {
+        const bool sound = present && std::find(broken.begin(), broken.end(), fileName) == broken.end();
+        if (sound)
             loaded.push_back(id);
-        return present;
+        return sound;
     }
-    void unload(const std::string& id) override { std::erase(loaded, id); }
+    void unload(const std::string& id) override {
+        if (std::erase(loaded, id) > 0)
+            only.isVisible = false;
+    }
     [[nodiscard]] platform::Character* character(const std::string& id) override {
         return std::find(loaded.begin(), loaded.end(), id) == loaded.end() ? nullptr : &only;
     }
