@@ -132,7 +132,7 @@ struct Program::Rooms {
                      .tray = machine.tray,
                      .random = machine.random,
                      .clock = machine.clock,
-                     .characters = machine.characters.available()}};
+                     .characters = machine.characters}};
 
     void tieSettings();
     void tieCleaner();

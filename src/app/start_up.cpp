@@ -104,7 +104,7 @@ Status StartUp::beginLoading() {
 
 Status StartUp::readCharacterName() {
     needs_.actor.name = needs_.settings.read(setting::kAgentName);
-    if (needs_.characters)
+    if (needs_.characters.available())
         needs_.characterHost.scanCharacters();
     return Done{};
 }
@@ -186,7 +186,7 @@ Status StartUp::restoreControls() {
 /// Where no character can be shown, the switch stays off, and what is stored is kept for a machine that can.
 void StartUp::restoreCharacterSwitch() {
     ui::FrmOptions& form = needs_.form;
-    if (needs_.characters) {
+    if (needs_.characters.available()) {
         restore(form.chkAgent, setting::kAgent);
         return;
     }
@@ -257,7 +257,7 @@ Status StartUp::endLoading() {
 
 /// The chosen character comes as it was when the program ended, shown or hidden.
 Status StartUp::bringCharacter() {
-    if (!needs_.characters)
+    if (!needs_.characters.available())
         return Done{};
     needs_.characterHost.lstChars_Click();
     needs_.characterHost.chkAgent_Click();

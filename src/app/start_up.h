@@ -9,6 +9,7 @@
 #include "cleaner/watched_folder_list.h"
 #include "companion/character_host.h"
 #include "language/language_catalogue.h"
+#include "platform/character_service.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/notification_area.h"
@@ -45,7 +46,7 @@ public:
         platform::NotificationArea& tray;
         platform::Random& random;
         const platform::Clock& clock;
-        bool characters; ///< whether this machine can show characters
+        const platform::CharacterService& characters;
     };
     explicit StartUp(const Needs& needs) : needs_(needs) {}
 
