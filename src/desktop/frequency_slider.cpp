@@ -71,10 +71,17 @@ QRectF FrequencySlider::knobPlace() const {
 void FrequencySlider::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!isEnabled())
-        painter.setOpacity(0.4);
     drawTrack(painter);
     drawKnob(painter);
+}
+
+/// Nearly grey while it cannot be used.
+QColor FrequencySlider::fillColour() const {
+    const auto [red, green, blue] = control_.parts().fillColour;
+    const QColor grey = palette().color(QPalette::Mid);
+    return isEnabled() ? QColor(red, green, blue)
+                       : QColor((red + 2 * grey.red()) / 3, (green + 2 * grey.green()) / 3,
+                                (blue + 2 * grey.blue()) / 3);
 }
 
 void FrequencySlider::drawTrack(QPainter& painter) const {
@@ -86,11 +93,10 @@ void FrequencySlider::drawTrack(QPainter& painter) const {
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(track, kRound, kRound);
 
-    const auto [red, green, blue] = control_.parts().fillColour;
     QRectF fill = track;
     fill.setWidth(control_.parts().fillWidth);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(red, green, blue));
+    painter.setBrush(fillColour());
     painter.save();
     painter.setClipRect(fill); // keeps the track's round end where the fill is short
     painter.drawRoundedRect(track.adjusted(1, 1, -1, -1), kRound - 1, kRound - 1);

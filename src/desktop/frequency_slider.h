@@ -27,6 +27,7 @@ protected:
 private:
     [[nodiscard]] QRectF trackPlace() const;
     [[nodiscard]] QRectF knobPlace() const;
+    [[nodiscard]] QColor fillColour() const;
     void drawTrack(QPainter& painter) const;
     void drawKnob(QPainter& painter) const;
 
