@@ -162,10 +162,12 @@ TEST(CharacterHost, answersClicksByTheDraws) {
     };
     for (const auto& [name, draws, requests, why] : cases) {
         World world;
+        const platform::CharacterClick left{name, 1};
+        const platform::CharacterClick right{name, 2};
         world.actor.name = name;
         world.random.draws.assign(draws.begin(), draws.end());
-        EXPECT_EQ(requests, world.after([&] { world.host.Agent1_Click({name, 1}); })) << why;
-        EXPECT_TRUE(world.after([&, id = name] { world.host.Agent1_Click({id, 2}); }).empty()) << "right";
+        EXPECT_EQ(requests, world.after([&] { world.host.Agent1_Click(left); })) << why;
+        EXPECT_TRUE(world.after([&] { world.host.Agent1_Click(right); }).empty()) << "right";
     }
 }
 
