@@ -1,10 +1,11 @@
 # What has to be installed, by task. Read by run and test.
 
 packages_build=(
-    cmake g++ ninja-build
-    qt6-base-dev qt6-svg-dev
+    cmake g++ ninja-build pkg-config
+    libespeak-ng-dev qt6-base-dev qt6-multimedia-dev qt6-svg-dev
 )
 packages_run=(
+    espeak-ng-data
     fonts-dejavu-core
     qt6-qpa-plugins
     xdg-utils
@@ -20,4 +21,5 @@ packages_test=(
     clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev
     libxml2-utils
+    pulseaudio pulseaudio-utils
 )
