@@ -62,6 +62,8 @@ TEST(ProgramWithACharacter, livesThroughItsDays) {
     }));
     EXPECT_EQ("0", first.settings.setting("AgentX"));
 
+    first.characters.events.hide("Peedy", 3);
+    EXPECT_EQ("", first.settings.setting("AgentShow")) << "hidden by the program";
     first.character.isVisible = false; // its own menu hides it
     first.characters.events.hide("Peedy", platform::kHiddenByItsMenu);
     first.character.x = 70;

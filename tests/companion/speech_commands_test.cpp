@@ -105,15 +105,5 @@ TEST(SpeechCommands, tryTheReminderOut) {
     EXPECT_EQ("BedAnn", alone.dialogs.boxes[0].text);
 }
 
-TEST(SpeechCommands, moveTheDefaultButtonWithTheFocus) {
-    World world;
-    world.commands.lstAnims_GotFocus();
-    EXPECT_TRUE(world.form.cmdDo.isDefault());
-    EXPECT_TRUE(world.form.cmdDo.enabled());
-    world.commands.txtSay_GotFocus();
-    EXPECT_TRUE(world.form.cmdSay.isDefault());
-    EXPECT_FALSE(world.form.cmdDo.isDefault());
-}
-
 } // namespace
 } // namespace brovin::companion

@@ -74,14 +74,5 @@ TEST(SpeechFrequency, jumpsToAClickOnTheTrackOnly) {
     }
 }
 
-TEST(SpeechFrequency, takesAKeysValueUpToTheEnds) {
-    World world;
-    for (const auto& [wanted, value] : {std::pair(26, 26), std::pair(220, 200), std::pair(-1, 0)}) {
-        world.slider.picSlide_Choose(wanted);
-        EXPECT_EQ(value, world.form.picSlide.value());
-        EXPECT_EQ(std::to_string(value), world.store.setting("SpeechFreq"));
-    }
-}
-
 } // namespace
 } // namespace brovin::ui
