@@ -18,6 +18,7 @@ packages_bench=(
     findutils libbenchmark-dev
 )
 packages_test=(
+    at-spi2-core dbus-daemon desktop-file-utils
     clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev
     libxml2-utils

@@ -89,6 +89,11 @@ Status StartUp::chooseLanguage() {
 Status StartUp::refuseSecondInstance() {
     if (needs_.instance.isFirst())
         return Done{};
+    // Without an icon to click, starting the program again is how the user gets at its window.
+    if (!needs_.tray.available() && needs_.instance.showFirst()) {
+        end();
+        return Done{};
+    }
     const std::string text = needs_.speech.messages.getMessage(40, {needs_.speech.phrases.getDude()});
     const std::string title = needs_.speech.messages.getMessage(41, {needs_.speech.phrases.getDude()});
     needs_.dialogs.messageBox(text, box::kCritical, title);

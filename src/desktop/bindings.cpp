@@ -63,6 +63,9 @@ void bindCommon(QWidget* widget, ui::Control& control) {
             return;
         shown->setToolTip(plainToolTip(control.toolTip()));
         shown->setAccessibleName(withoutMnemonic(qt(control.caption())));
+        // What else there is to know. On this system the toolkit names a combo box by its choice, so that its
+        // caption is told here; without a description a screen reader would read the tool tip's mark-up.
+        shown->setAccessibleDescription(qtLines(control.toolTip()));
         shown->setEnabled(control.enabled());
         if (shown->isHidden() == control.visible())
             shown->setVisible(control.visible());

@@ -2,6 +2,7 @@
 
 #include "app/program.h"
 #include "desktop/absent_characters.h"
+#include "desktop/accessibility.h"
 #include "desktop/autostart_registry.h"
 #include "desktop/lock_file_instance.h"
 #include "desktop/options_window.h"
@@ -86,6 +87,7 @@ struct DesktopProgram::Parts {
 DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
+    installAccessibility();
     QDir().mkpath(places.settingsFolder);
     parts_ = std::make_unique<Parts>(places, info);
     DesktopMachine& machine = parts_->machine;
@@ -94,6 +96,7 @@ DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& inf
     machine.shell.setWindow(&window);
     machine.shell.setManual(places.installedFolder + QStringLiteral("/help"));
     machine.shell.ending = [&window] { window.letGo(); };
+    machine.instance.showYourself = [this] { comeUp(); };
     machine.tray.tie(form(), parts_->program.mainWindow(), parts_->busy);
     form().imgBrovin.setPicture("imgBrovin");
     form().imgLogo.setPicture("imgLogo");
@@ -105,6 +108,15 @@ DesktopProgram::~DesktopProgram() = default;
 bool DesktopProgram::start() {
     tellOfDamage(parts_->machine.dialogs, parts_->machine.settings);
     return parts_->program.Form_Load();
+}
+
+void DesktopProgram::comeUp() {
+    if (QWidget* question = QApplication::activeModalWidget()) {
+        question->raise();
+        question->activateWindow();
+    } else if (!parts_->busy()) {
+        form().mPopRestore.click();
+    }
 }
 
 ui::FrmOptions& DesktopProgram::form() {

@@ -33,6 +33,9 @@ public:
     [[nodiscard]] QRect trayIcon() const;
 
 private:
+    /// Brings the window to the front, or the question that is open before it.
+    void comeUp();
+
     struct Parts;
     std::unique_ptr<Parts> parts_;
 };

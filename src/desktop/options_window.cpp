@@ -2,6 +2,7 @@
 
 #include "desktop/bindings.h"
 #include "desktop/hover_button.h"
+#include "desktop/page_scroller.h"
 #include "desktop/pages/pages.h"
 #include "desktop/pictures.h"
 #include "desktop/status_line.h"
@@ -18,6 +19,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QStyle>
 
 namespace brovin::desktop {
 namespace {
@@ -27,6 +29,21 @@ constexpr MakePage kPages[ui::FrmOptions::kTabs] = {
     makeFoldersPage, makeNastyFilesPage, makeScanningPage, makeCharacterPage,
     makeSpeechPage,  makeRemindersPage,  makeProgramPage,  makeAboutPage,
 };
+
+void nameAfterTab(QWidget* page, ui::Label& tab) {
+    const auto name = [shown = QPointer<QWidget>(page), &tab] {
+        if (shown)
+            shown->setAccessibleName(qt(tab.caption()));
+    };
+    name();
+    tab.observe(name);
+}
+
+/// What a window manager puts around a window, as near as can be told before there is one.
+QSize decorationOf(const QWidget& window) {
+    const int edge = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    return {2 * edge, 2 * edge + window.style()->pixelMetric(QStyle::PM_TitleBarHeight)};
+}
 
 } // namespace
 
@@ -67,7 +84,8 @@ QWidget* OptionsWindow::makePages() {
     for (std::size_t i = 0; i < ui::FrmOptions::kTabs; ++i) {
         QWidget* page = kPages[i](form_, pages);
         page->setObjectName(qt(form_.picTab[i].name()));
-        pages->addWidget(page);
+        nameAfterTab(page, form_.lblTabs[i]);
+        pages->addWidget(new PageScroller(page, pages));
         const auto show = [stack = QPointer<QStackedWidget>(pages), &panel = form_.picTab[i], i] {
             if (stack && panel.visible())
                 stack->setCurrentIndex(static_cast<int>(i));
@@ -98,16 +116,24 @@ void OptionsWindow::followWindow() {
     if (!form_.window.visible())
         hide();
     else if (form_.window.state() == ui::WindowState::Minimized && isVisible() && !isMinimized())
-        showMinimized(); // in the task bar, where there is no icon to hide behind
+        QMetaObject::invokeMethod(this, &OptionsWindow::minimise, Qt::QueuedConnection);
     else if (isHidden() || (isMinimized() && form_.window.state() == ui::WindowState::Normal))
         showOnScreen();
+}
+
+/// Into the task bar, where there is no icon to hide behind. Where there is one the window is hidden by the
+/// time that this runs; minimising it first would let the desktop's late word of it undo a quick restore.
+void OptionsWindow::minimise() {
+    if (form_.window.visible() && form_.window.state() == ui::WindowState::Minimized)
+        showMinimized();
 }
 
 void OptionsWindow::showOnScreen() {
     if (!placed_) {
         const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-        resize(sizeHint().expandedTo({680, 0}).boundedTo(room.size()));
-        move(room.center() - rect().center());
+        const QSize around = decorationOf(*this);
+        resize(sizeHint().expandedTo({680, 0}).boundedTo(room.size() - around));
+        move(room.center() - QRect(QPoint(), size() + around).center());
         placed_ = true;
     }
     showNormal();

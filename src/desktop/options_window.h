@@ -31,6 +31,7 @@ private:
     [[nodiscard]] QWidget* makePages();
     [[nodiscard]] QLayout* makeBottom();
     void followWindow();
+    void minimise();
     void showOnScreen();
     [[nodiscard]] QAbstractButton* defaultButton() const;
 

@@ -19,6 +19,7 @@ PictureLabel::PictureLabel(ui::Image& control, int height, QWidget* parent)
         if (!shown)
             return;
         shown->setFocusPolicy(control.hand() ? Qt::StrongFocus : Qt::NoFocus);
+        shown->updateGeometry();
         shown->update();
     });
     connect(this, &QAbstractButton::clicked, [&control] { control.click(); });

@@ -27,6 +27,8 @@ void StatusLine::showText() {
     const QString text = qtLines(control_.panel()).replace(QLatin1Char('\n'), QLatin1Char(' '));
     setText(fontMetrics().elidedText(text, Qt::ElideMiddle, width()));
     setToolTip(plainToolTip(control_.panel()));
+    if (!text.isEmpty()) // which may be cut on the screen; without any, the line's own name stays
+        setAccessibleName(text);
 }
 
 void StatusLine::resizeEvent(QResizeEvent* event) {

@@ -8,11 +8,16 @@
 #include <QPointer>
 #include <QStyleOptionFocusRect>
 
+#include <algorithm>
+
 namespace brovin::desktop {
 namespace {
 
 constexpr int kPicture = 40; ///< height and width of the picture
 constexpr int kMargin = 7;   ///< room for the frame at all edges
+// Where the screen is too low for eight of these:
+constexpr int kSmallPicture = 22;
+constexpr int kSmallMargin = 3;
 
 } // namespace
 
@@ -21,7 +26,7 @@ TabButton::TabButton(ui::FrmOptions& form, std::size_t tab, QWidget* parent)
     bindCommon(this, image_);
     setFocusPolicy(Qt::StrongFocus);
     setCheckable(true);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     const auto follow = [shown = QPointer<TabButton>(this)] {
         if (!shown)
             return;
@@ -54,6 +59,11 @@ QSize TabButton::sizeHint() const {
             kPicture + metrics.height() + 2 * kMargin};
 }
 
+QSize TabButton::minimumSizeHint() const {
+    const QSize full = sizeHint();
+    return {full.width(), full.height() - (kPicture - kSmallPicture) - 2 * (kMargin - kSmallMargin)};
+}
+
 /// Dashes that wander along the edge, one dash in kSteps steps.
 void TabButton::drawFrame(QPainter& painter) const {
     constexpr qreal kDash = 4;
@@ -74,12 +84,15 @@ void TabButton::paintEvent(QPaintEvent* /*event*/) {
         painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 6, 6);
         drawFrame(painter);
     }
-    const QPixmap drawn = picture(qt(image_.picture()), kPicture, devicePixelRatioF());
-    painter.drawPixmap((width() - kPicture) / 2, kMargin, drawn);
     painter.setFont(captionFont());
+    const int room = height() - painter.fontMetrics().height();
+    const int margin = std::clamp((room - kPicture) / 2, kSmallMargin, kMargin);
+    const int side = std::clamp(room - 2 * margin, kSmallPicture, kPicture);
+    const QPixmap drawn = picture(qt(image_.picture()), side, devicePixelRatioF());
+    painter.drawPixmap((width() - side) / 2, margin, drawn);
     painter.setPen(palette().color(label_.highlighted() ? QPalette::HighlightedText : QPalette::WindowText));
-    painter.drawText(rect().adjusted(0, kPicture + kMargin - 1, 0, -kMargin),
-                     Qt::AlignHCenter | Qt::AlignVCenter, text());
+    painter.drawText(rect().adjusted(0, margin + side - 1, 0, -margin), Qt::AlignHCenter | Qt::AlignVCenter,
+                     text());
     if (!hasFocus())
         return;
     QStyleOptionFocusRect focus;

@@ -13,7 +13,8 @@ public:
     TabButton(ui::FrmOptions& form, std::size_t tab, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    /// The same with a smaller picture.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

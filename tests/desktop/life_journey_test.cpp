@@ -1,9 +1,9 @@
 #include "desktop/desktop_world.h"
 #include "desktop/journey.h"
+#include "desktop/program_process.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>
-#include <QProcess>
 
 namespace brovin::tests {
 namespace {
@@ -96,39 +96,9 @@ TEST(LifeJourney, livesBehindItsIconUntilToldToLeave) {
     EXPECT_TRUE(world.program->trayIcon().isEmpty());
 }
 
-/// The program as a process of its own, which can be killed.
-class Process {
-public:
-    explicit Process(const QString& root) {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_CONFIG_HOME", root + "/config");
-        environment.insert("XDG_DATA_HOME", root + "/data");
-        process_.setProcessEnvironment(environment);
-        process_.start(QStringLiteral(BROVIN_PROGRAM), {});
-    }
-    ~Process() { kill(); }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-
-    void kill() {
-        process_.kill(); // SIGKILL
-        process_.waitForFinished();
-    }
-    bool ends(int milliseconds) { return process_.waitForFinished(milliseconds); }
-
-private:
-    QProcess process_;
-};
-
 QByteArray contentOf(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool waitForWindow(const QString& title) {
-    QProcess search;
-    search.start("timeout", {"10", "xdotool", "search", "--sync", "--onlyvisible", "--name", title});
-    return search.waitForFinished(15'000) && search.exitCode() == 0;
 }
 
 TEST(LifeJourney, survivesAKillAndKeepsASecondCopyOut) {

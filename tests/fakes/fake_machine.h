@@ -129,8 +129,14 @@ public:
 class FakeSingleInstance final : public platform::SingleInstance {
 public:
     bool first = true;
+    bool answers = true; ///< the copy that runs
+    int shown = 0;       ///< how often that one was asked for its window
 
     [[nodiscard]] bool isFirst() override { return first; }
+    [[nodiscard]] bool showFirst() override {
+        shown += answers ? 1 : 0;
+        return answers;
+    }
 };
 
 class FakeRegistry final : public platform::Registry {

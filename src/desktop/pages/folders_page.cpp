@@ -3,6 +3,7 @@
 #include "desktop/picture_label.h"
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -12,22 +13,23 @@ namespace {
 
 /// The list, with the hint over its lower corner while it is empty.
 QLayout* listWithHint(QListWidget* list, ui::FrmOptions& form) {
-    auto* hint = new PictureLabel(form.picAdd, 72, list->viewport());
+    auto* hint =
+        new PictureLabel(form.picAdd, 72, list->parentWidget()); // in the list no screen reader finds it
     hint->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto* over = new QVBoxLayout(list->viewport());
-    over->addWidget(hint, 0, Qt::AlignLeft | Qt::AlignBottom); // its arrow points at the button below
-    auto* layout = new QVBoxLayout;
-    layout->addWidget(list);
+    auto* layout = new QGridLayout;
+    layout->addWidget(list, 0, 0);
+    layout->addWidget(hint, 0, 0, Qt::AlignLeft | Qt::AlignBottom); // its arrow points at the button below
     return layout;
 }
 
 /// "Scan by myself every [5] hours", in a line that every language can fill in its own way.
 QHBoxLayout* intervalRow(ui::FrmOptions& form, QWidget* page) {
+    auto* check = bound<QCheckBox>(form.chkCheck, page);
     auto* interval = bound<QLineEdit>(form.txtInterval, page);
     interval->setAlignment(Qt::AlignRight);
     interval->setMaxLength(6);
     interval->setFixedWidth(interval->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12);
-    return row({bound<QCheckBox>(form.chkCheck, page), interval, bound<QLabel>(form.lblHours, page)});
+    return row({check, interval, bound<QLabel>(form.lblHours, page)});
 }
 
 } // namespace

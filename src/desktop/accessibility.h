@@ -1,0 +1,9 @@
+#pragma once
+
+namespace brovin::desktop {
+
+/// Teaches the toolkit what the program's own widgets are to a screen reader: the window, tabs, links and
+/// pictures.
+void installAccessibility();
+
+} // namespace brovin::desktop

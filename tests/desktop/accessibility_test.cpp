@@ -1,0 +1,233 @@
+// What a screen reader finds in the real program: its tree is walked over the accessibility bus (AT-SPI),
+// page by page.
+
+#include "desktop/options_window.h"
+#include "desktop/program_process.h"
+#include "language/language_file.h"
+#include "ui/frm_options.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusInterface>
+#include <QDBusMetaType>
+#include <QDBusReply>
+#include <QFile>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace brovin::tests {
+
+/// How the accessibility bus names an object.
+struct Reference {
+    QString service;
+    QDBusObjectPath path;
+};
+
+QDBusArgument& operator<<(QDBusArgument& out, const Reference& reference) {
+    out.beginStructure();
+    out << reference.service << reference.path;
+    out.endStructure();
+    return out;
+}
+const QDBusArgument& operator>>(const QDBusArgument& in, Reference& reference) {
+    in.beginStructure();
+    in >> reference.service >> reference.path;
+    in.endStructure();
+    return in;
+}
+
+} // namespace brovin::tests
+Q_DECLARE_METATYPE(brovin::tests::Reference)
+
+namespace brovin::tests {
+namespace {
+
+const QString kAccessible = "org.a11y.atspi.Accessible";
+
+/// One thing that a screen reader can stop at.
+struct Node {
+    Reference reference;
+    std::string role;
+    std::string name;
+    std::string description;
+};
+
+class AccessibilityBus {
+public:
+    AccessibilityBus() {
+        qDBusRegisterMetaType<Reference>();
+        qDBusRegisterMetaType<QList<Reference>>();
+        QDBusInterface launcher("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus");
+        const QDBusReply<QString> address = launcher.call("GetAddress");
+        if (address.isValid())
+            bus_ = QDBusConnection::connectToBus(address.value(), "accessibility");
+    }
+    [[nodiscard]] bool connected() const { return bus_.isConnected(); }
+
+    /// The program's window, once it is there.
+    [[nodiscard]] std::optional<Reference> waitForWindow() const {
+        const Reference desktop{"org.a11y.atspi.Registry",
+                                QDBusObjectPath("/org/a11y/atspi/accessible/root")};
+        for (int i = 0; i < 100; ++i) {
+            for (const Reference& application : children(desktop))
+                if (property(application, "Name") == "Brovin" && !children(application).empty())
+                    return children(application).first();
+            QThread::msleep(100);
+        }
+        return std::nullopt;
+    }
+
+    /// Everything below that is on the screen, in the order in which it is read.
+    void collect(const Reference& from, std::vector<Node>& found) const {
+        constexpr unsigned kShowing = 1U << 25;
+        const QDBusReply<QList<uint>> state = call(from, "GetState");
+        if (!state.isValid() || (state.value().value(0) & kShowing) == 0)
+            return;
+        const QDBusReply<QString> role = call(from, "GetRoleName");
+        found.push_back(
+            {from, role.value().toStdString(), property(from, "Name"), property(from, "Description")});
+        for (const Reference& child : children(from))
+            collect(child, found);
+    }
+
+    void press(const Reference& what) const {
+        QDBusInterface action(what.service, what.path.path(), "org.a11y.atspi.Action", bus_);
+        action.call("DoAction", 0);
+    }
+
+private:
+    [[nodiscard]] QDBusMessage call(const Reference& what, const char* method) const {
+        return bus_.call(QDBusMessage::createMethodCall(what.service, what.path.path(), kAccessible, method));
+    }
+    [[nodiscard]] QList<Reference> children(const Reference& of) const {
+        const QDBusReply<QList<Reference>> reply = call(of, "GetChildren");
+        return reply.value();
+    }
+    [[nodiscard]] std::string property(const Reference& of, const char* name) const {
+        QDBusMessage get = QDBusMessage::createMethodCall(of.service, of.path.path(),
+                                                          "org.freedesktop.DBus.Properties", "Get");
+        get << kAccessible << name;
+        const QDBusReply<QDBusVariant> reply = bus_.call(get);
+        return reply.value().variant().toString().toStdString();
+    }
+
+    QDBusConnection bus_{QString()};
+};
+
+/// The role in which a control has to appear; empty: a control that is not a thing on the window.
+std::string roleOf(const ui::Control& control) {
+    static const std::set<std::string> elsewhere = {"Picture1", "mHelp", "mPopRestore", "mPopExit"};
+    const std::string& name = control.name();
+    if (elsewhere.contains(name) || name.starts_with("lblTabs")) // a tab is read as one with its caption
+        return "";
+    if (name.starts_with("imgTabs"))
+        return "page tab";
+    if (name.starts_with("picTab"))
+        return "filler";
+    if (name == "picAdd")
+        return "graphic";
+    if (name == "lblFeedback")
+        return "link";
+    if (dynamic_cast<const ui::Window*>(&control) != nullptr)
+        return "frame";
+    if (dynamic_cast<const ui::Image*>(&control) != nullptr) // the buttons too
+        return "push button";
+    if (dynamic_cast<const ui::CheckBox*>(&control) != nullptr)
+        return "check box";
+    if (dynamic_cast<const ui::OptionButton*>(&control) != nullptr)
+        return "radio button";
+    if (dynamic_cast<const ui::TextBox*>(&control) != nullptr)
+        return "text";
+    if (dynamic_cast<const ui::ListBox*>(&control) != nullptr)
+        return "list";
+    if (dynamic_cast<const ui::ComboBox*>(&control) != nullptr)
+        return "combo box";
+    if (dynamic_cast<const ui::Picker*>(&control) != nullptr)
+        return "spin box";
+    if (dynamic_cast<const ui::Slider*>(&control) != nullptr)
+        return "slider";
+    if (dynamic_cast<const ui::Panel*>(&control) != nullptr)
+        return "panel";
+    if (dynamic_cast<const ui::Label*>(&control) != nullptr ||
+        dynamic_cast<const ui::StatusBar*>(&control) != nullptr)
+        return "label";
+    return "";
+}
+
+/// What the language file that ships calls a control.
+std::string captionOf(const std::string& name) {
+    QFile file(QStringLiteral(BROVIN_ASSETS "/default.blp"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    if (name.starts_with("imgTabs") || name.starts_with("picTab"))
+        for (const QByteArray& line : bytes.split('\n'))
+            if (line.startsWith("envButtons="))
+                return line.mid(11).split(',').value(name.back() - '0').trimmed().toStdString();
+    const QByteArray key = "lbl" + QByteArray::fromStdString(name) + "=";
+    for (const QByteArray& line : bytes.split('\n'))
+        if (line.startsWith(key))
+            return line.mid(key.size()).replace("&", "").trimmed().toStdString();
+    return "";
+}
+
+/// The page that a control is on; nullopt: it is around the pages, or not on the window.
+std::optional<std::size_t> pageOf(const desktop::OptionsWindow& window, const std::string& control) {
+    for (const QWidget* widget = window.findChild<QWidget*>(QString::fromStdString(control));
+         widget != nullptr; widget = widget->parentWidget())
+        if (widget->objectName().startsWith("picTab"))
+            return static_cast<std::size_t>(widget->objectName().back().digitValue());
+    return std::nullopt;
+}
+
+bool tells(const Node& node, const std::string& role, const std::string& caption) {
+    return node.role == role && !node.name.empty() &&
+           (node.name.find(caption) != std::string::npos ||
+            node.description.find(caption) != std::string::npos);
+}
+
+TEST(Accessibility, everyControlHasANameAndARole) {
+    const AccessibilityBus bus;
+    ASSERT_TRUE(bus.connected());
+    const QTemporaryDir root;
+    const Process program(root.path(), {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"});
+    const auto window = bus.waitForWindow();
+    ASSERT_TRUE(window);
+
+    ui::FrmOptions form;
+    const desktop::OptionsWindow plan(form); // tells which control is on which page
+    form.picAnim.setVisible(false);          // there only while something is fetched
+    std::set<std::string> missing;
+    for (std::size_t page = 0; page < ui::FrmOptions::kTabs; ++page) {
+        std::vector<Node> shown;
+        bus.collect(*window, shown);
+        for (const Node& node : shown)
+            if (tells(node, "page tab", captionOf("imgTabs" + std::to_string(page))))
+                bus.press(node.reference);
+        shown.clear();
+        bus.collect(*window, shown);
+        for (const ui::Control* control : form.controls()) {
+            const std::string role = roleOf(*control);
+            const auto home = pageOf(plan, control->name());
+            const bool whole = control == &form.window;
+            if (role.empty() || (home && *home != page) || (!control->visible() && !whole))
+                continue;
+            const std::string caption = whole ? "Brovin" : captionOf(control->name());
+            EXPECT_NE("", caption) << control->name() << " has no name in the language file";
+            if (std::none_of(shown.begin(), shown.end(),
+                             [&](const Node& node) { return tells(node, role, caption); }))
+                missing.insert("page " + std::to_string(page) + ": " + role + " " + control->name() + " \"" +
+                               caption + "\"");
+        }
+    }
+    for (const std::string& control : missing)
+        ADD_FAILURE() << "not found: " << control;
+}
+
+} // namespace
+} // namespace brovin::tests

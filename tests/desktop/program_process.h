@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <functional>
+
+namespace brovin::tests {
+
+/// The program as a process of its own, which can be killed; its settings are below `root`.
+class Process {
+public:
+    explicit Process(const QString& root, const QStringList& environment = {}) {
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        variables.insert("XDG_CONFIG_HOME", root + "/config");
+        variables.insert("XDG_DATA_HOME", root + "/data");
+        for (const QString& variable : environment)
+            variables.insert(variable.section('=', 0, 0), variable.section('=', 1));
+        process_.setProcessEnvironment(variables);
+        process_.setProcessChannelMode(QProcess::ForwardedChannels);
+        process_.start(QStringLiteral(BROVIN_PROGRAM), {});
+    }
+    ~Process() { kill(); }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    void kill() {
+        process_.kill(); // SIGKILL
+        process_.waitForFinished();
+    }
+    bool ends(int milliseconds) { return process_.waitForFinished(milliseconds); }
+    [[nodiscard]] qint64 pid() const { return process_.processId(); }
+
+private:
+    QProcess process_;
+};
+
+/// Lets events through until the condition holds. False: it did not within ten seconds.
+inline bool waitUntil(const std::function<bool()>& condition) {
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!condition()) {
+        if (waiting.hasExpired(10'000))
+            return false;
+        QCoreApplication::processEvents();
+        QThread::msleep(20);
+    }
+    return true;
+}
+
+/// Whether a window of this title comes onto the screen within ten seconds.
+inline bool waitForWindow(const QString& title) {
+    QProcess search;
+    search.start("timeout", {"10", "xdotool", "search", "--sync", "--onlyvisible", "--name", title});
+    return search.waitForFinished(15'000) && search.exitCode() == 0;
+}
+
+/// Runs xdotool to its end; what it printed.
+inline QByteArray askDesktop(const QStringList& arguments) {
+    QProcess asking;
+    asking.start("xdotool", arguments);
+    asking.waitForFinished(10'000);
+    return asking.readAllStandardOutput().trimmed();
+}
+
+/// The title of the options window, as a pattern.
+inline const QString kWindow = "^Brovin v";
+
+inline bool windowOnScreen() {
+    return !askDesktop({"search", "--onlyvisible", "--name", kWindow}).isEmpty();
+}
+
+} // namespace brovin::tests

@@ -1,0 +1,29 @@
+#include "desktop/program_process.h"
+
+#include <gtest/gtest.h>
+
+namespace brovin::tests {
+namespace {
+
+/// Puts the window into the task bar, which is where it stays on a desktop without a notification area.
+bool minimise() {
+    return waitUntil([] {
+        askDesktop({"search", "--onlyvisible", "--name", kWindow, "windowminimize"});
+        return !windowOnScreen();
+    });
+}
+
+TEST(SecondStart, bringsTheFirstOnesWindowUpWhereThereIsNoNotificationArea) {
+    const QTemporaryDir root;
+    Process first(root.path());
+    ASSERT_TRUE(waitForWindow(kWindow)) << "without an icon it shows itself";
+    ASSERT_TRUE(minimise());
+    Process second(root.path());
+    EXPECT_TRUE(second.ends(10'000)) << "without a word";
+    EXPECT_TRUE(waitForWindow(kWindow));
+    EXPECT_EQ(QByteArray::number(first.pid()), askDesktop({"getactivewindow", "getwindowpid"}));
+    EXPECT_FALSE(first.ends(100));
+}
+
+} // namespace
+} // namespace brovin::tests
