@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <tuple>
+
 namespace brovin::app {
 namespace {
 
@@ -25,6 +28,11 @@ struct World : FakeMachine {
                     "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();
 };
+
+/// The time of day that a picker shows.
+std::string hourOf(const ui::Picker& picker) {
+    return fakes::FakeRegional().shortTime(picker.value());
+}
 
 TEST(Program, scansFromAnEmptyStoreToACleanFolder) {
     World world;
@@ -144,6 +152,71 @@ TEST(Program, asksWhetherToGoOnAfterAFailingStep) {
     cautious.dialogs.answers = {Button::No};
     EXPECT_FALSE(cautious.program.Form_Load());
     EXPECT_FALSE(cautious.tray.shown);
+}
+
+TEST(Program, startsWhateverIsWrittenInItsSettings) {
+    using Form = ui::FrmOptions;
+    const struct {
+        const char* key;
+        const char* nonsense;
+        std::string held; ///< what the program holds then
+        std::function<std::string(const Form&)> look;
+        int questions; ///< whether to try and go on
+    } cases[] = {
+        {"Force", "yes please", "0", [](const Form& f) { return std::to_string(f.chkForce.value()); }, 0},
+        {"Force", "7", "0", [](const Form& f) { return std::to_string(f.chkForce.value()); }, 1},
+        {"Log", "99999999999", "0", [](const Form& f) { return std::to_string(f.chkLog.value()); }, 1},
+        {"IconFiles", "-1", "0", [](const Form& f) { return std::to_string(f.chkIcon.value()); }, 1},
+        {"DotDash", "", "0", [](const Form& f) { return std::to_string(f.chkDotDash.value()); }, 0},
+        {"Backup", "nan", "0", [](const Form& f) { return std::to_string(f.optDaily.enabled()); }, 0},
+        {"CheckFreq", "4", "-1", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 1},
+        {"CheckFreq", "month", "0", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 0},
+        {"DudeSex", "1e9", "0", [](const Form& f) { return std::to_string(f.cmbDudeSex.selected() > 0); }, 1},
+        {"SpeechFreq", "loud", "0", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 0},
+        {"SpeechFreq", "40000", "0", [](const Form& f) { return std::to_string(f.speechFreq); }, 1},
+        {"SpeechFreq", "1000", "200", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 0},
+        {"Interval", "soon", "1", [](const Form& f) { return f.txtInterval.text(); }, 0},
+        {"Interval", "-3", "1", [](const Form& f) { return f.txtInterval.text(); }, 0},
+        {"Interval", "007 hours", "7", [](const Form& f) { return f.txtInterval.text(); }, 0},
+        {"KB", "plenty", "0", [](const Form& f) { return std::to_string(f.kbTotal); }, 0},
+        {"KB", "3000000000", "0", [](const Form& f) { return std::to_string(f.kbTotal); }, 1},
+        {"BackupDate", "31.2.2026", "23:00", [](const Form& f) { return hourOf(f.dtpBackup); }, 0},
+        {"BackupDate", "2026-02-31T05:00:00", "23:00", [](const Form& f) { return hourOf(f.dtpBackup); }, 0},
+        {"WordTime", "25:99", "09:15", [](const Form& f) { return hourOf(f.dtpWord); }, 0},
+        {"Weekly", "sometimes", "1", [](const Form& f) { return std::to_string(f.optDaily.value()); }, 0},
+        {"Tab", "99", "1", [](const Form& f) { return std::to_string(f.picTab[0].visible()); }, 1},
+        {"Tab", "-1", "1", [](const Form& f) { return std::to_string(f.picTab[0].visible()); }, 1},
+        {"Tab", "third", "1", [](const Form& f) { return std::to_string(f.picTab[0].visible()); }, 0},
+        {"Language", "/etc/passwd", "0", [](const Form& f) { return std::to_string(f.lstLang.selected()); },
+         0},
+        {"LastUpdateCheck", "yesterday", "1",
+         [](const Form& f) { return std::to_string(f.chkUpdate.value()); }, 0},
+    };
+    for (const auto& row : cases) {
+        World world;
+        world.settings.set(row.key, row.nonsense);
+        world.dialogs.answers = {Button::Yes};
+        const std::string what = std::string(row.key) + "=" + row.nonsense;
+        ASSERT_TRUE(world.program.Form_Load()) << what;
+        EXPECT_EQ(row.held, row.look(world.form)) << what;
+        EXPECT_EQ(static_cast<std::size_t>(row.questions), world.dialogs.boxes.size()) << what;
+        EXPECT_TRUE(world.tray.shown) << what;
+        EXPECT_TRUE(world.form.Timer1.enabled()) << what;
+        world.form.Timer1.tick(); // and it goes on
+    }
+}
+
+TEST(Program, asksForTheFirstOnesWindowWhereItCouldNotBeClicked) {
+    for (const auto& [tray, answers, shown, boxes] :
+         {std::tuple{true, true, 0, 1U}, std::tuple{false, true, 1, 0U}, std::tuple{false, false, 0, 1U}}) {
+        World second;
+        second.instance.first = false;
+        second.instance.answers = answers;
+        second.tray.present = tray;
+        EXPECT_FALSE(second.program.Form_Load());
+        EXPECT_EQ(shown, second.instance.shown);
+        EXPECT_EQ(boxes, second.dialogs.boxes.size());
+    }
 }
 
 TEST(Program, showsItsWindowWhereThereIsNoNotificationArea) {

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QMessageBox>
+#include <QProcess>
 
 namespace brovin::tests {
 namespace {
@@ -94,6 +95,40 @@ TEST(LifeJourney, livesBehindItsIconUntilToldToLeave) {
     journey.run();
     EXPECT_TRUE(world.form().exitConfirmed);
     EXPECT_TRUE(world.program->trayIcon().isEmpty());
+}
+
+TEST(LifeJourney, startsWithTheSystemWhenToldTo) {
+    DesktopWorld world;
+    world.start();
+    const QString entry = world.places.autostartFolder + "/brovin.desktop";
+    Journey journey;
+    journey.then(
+        "the icon in the tray", [&world] { return !world.program->trayIcon().isEmpty(); },
+        [&world] { clickAt(world.program->trayIcon().center()); });
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); },
+        [&world] { click(world.widget("imgTabs6")); });
+    for (const bool on : {true, false}) {
+        journey.then(
+            "the box", [&world] { return world.widget("chkStartWindows")->isVisible(); },
+            [&world] {
+                const QWidget* box = world.widget("chkStartWindows");
+                clickAt(box->mapToGlobal(QPoint(10, box->height() / 2)));
+            });
+        journey.then(
+            on ? "the entry" : "the entry's going", [entry, on] { return QFile::exists(entry) == on; },
+            [&world, entry, on] {
+                EXPECT_EQ(on, world.form().chkStartWindows.checked());
+                if (!on)
+                    return;
+                QProcess check;
+                check.start("desktop-file-validate", {entry});
+                EXPECT_TRUE(check.waitForFinished() && check.exitCode() == 0)
+                    << check.readAllStandardOutput().toStdString();
+            });
+    }
+    journey.run();
+    EXPECT_FALSE(QFile::exists(entry));
 }
 
 QByteArray contentOf(const QString& path) {

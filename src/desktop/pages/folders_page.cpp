@@ -39,7 +39,7 @@ QWidget* makeFoldersPage(ui::FrmOptions& form, QWidget* parent) {
     auto* layout = new QVBoxLayout(page);
     auto* list = bound<QListWidget>(form.lstFolders, page);
     list->setTextElideMode(Qt::ElideMiddle);
-    layout->addWidget(labelFor(list, form.lblFolders, page));
+    layout->addWidget(labelAbove(list, form.lblFolders, page));
     layout->addLayout(listWithHint(list, form), 1);
     layout->addLayout(
         row({bound<QPushButton>(form.cmdAddFolder, page), bound<QPushButton>(form.cmdRemoveFolder, page)}));

@@ -11,7 +11,7 @@ QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
     auto* list = bound<QListWidget>(form.lstFiles, page);
-    layout->addWidget(labelFor(list, form.lblFiles, page));
+    layout->addWidget(labelAbove(list, form.lblFiles, page));
     layout->addWidget(list, 1);
     layout->addLayout(
         row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page)}));

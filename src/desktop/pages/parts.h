@@ -22,6 +22,13 @@ inline QLabel* labelFor(QWidget* buddy, ui::Label& control, QWidget* page) {
     return label;
 }
 
+/// The same above its widget, where a long one may take several lines.
+inline QLabel* labelAbove(QWidget* buddy, ui::Label& control, QWidget* page) {
+    QLabel* label = labelFor(buddy, control, page);
+    label->setWordWrap(true);
+    return label;
+}
+
 /// Widgets side by side, with the room that is left behind them.
 inline QHBoxLayout* row(std::initializer_list<QWidget*> widgets) {
     auto* layout = new QHBoxLayout;
