@@ -2,7 +2,7 @@
 
 packages_build=(
     cmake g++ ninja-build pkg-config
-    libespeak-ng-dev qt6-base-dev qt6-multimedia-dev qt6-svg-dev
+    libespeak-ng-dev libxcb1-dev qt6-base-dev qt6-multimedia-dev qt6-svg-dev
 )
 packages_run=(
     espeak-ng-data
@@ -12,7 +12,7 @@ packages_run=(
 )
 # A desktop without a screen, for the demonstration and the tests that click.
 packages_virtual_desktop=(
-    openbox trayer x11-xserver-utils xdotool xvfb
+    openbox picom trayer x11-utils x11-xserver-utils xdotool xvfb
 )
 packages_bench=(
     findutils libbenchmark-dev

@@ -1,9 +1,9 @@
 #include "desktop/desktop_program.h"
 
 #include "app/program.h"
-#include "desktop/absent_characters.h"
 #include "desktop/accessibility.h"
 #include "desktop/autostart_registry.h"
+#include "desktop/character/desktop_character_service.h"
 #include "desktop/lock_file_instance.h"
 #include "desktop/options_window.h"
 #include "desktop/pictures.h"
@@ -24,6 +24,8 @@
 #include <QFile>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace brovin::desktop {
 namespace {
@@ -32,10 +34,19 @@ std::string bytesOf(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
+/// The user's own characters win.
+std::vector<std::string> characterFolders(const Places& places) {
+    std::vector<std::string> folders;
+    for (const QString& folder : {places.ownFolder, places.installedFolder})
+        folders.push_back(bytesOf(folder + QStringLiteral("/msagent/chars")));
+    return folders;
+}
+
 /// The machine beneath, on a Linux desktop.
 struct DesktopMachine {
     explicit DesktopMachine(const Places& places)
         : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
+          characters({characterFolders(places), silentAudio, [this] { return dialogs.open(); }}),
           registry(places.autostartFolder), instance(places.runningLock),
           scanLock(bytesOf(places.settingsFolder)) {}
 
@@ -46,7 +57,7 @@ struct DesktopMachine {
     QtShell shell;
     TrayIcon tray;
     QtClipboard clipboard;
-    AbsentCharacters characters;
+    DesktopCharacterService characters;
     AutostartRegistry registry;
     LockFileInstance instance;
     posix::FlockScanLock scanLock;

@@ -1,0 +1,96 @@
+#include "desktop/character/balloon_placement.h"
+
+#include "desktop/character/screens.h"
+
+#include <algorithm>
+
+namespace brovin::desktop {
+namespace {
+
+/// Behind QRect's own right() and bottom(), which name the last pixel.
+int rightEdge(const QRect& rect) {
+    return rect.x() + rect.width();
+}
+int bottomEdge(const QRect& rect) {
+    return rect.y() + rect.height();
+}
+
+/// About where a figure's mouth is.
+int mouthHeight(const QRect& figure) {
+    return figure.y() + figure.height() / 3;
+}
+
+BalloonSide chooseSide(QSize bubble, const QRect& figure, const QRect& room) {
+    if (figure.y() - room.y() >= bubble.height() + kTipLength)
+        return BalloonSide::Above;
+    const int right = rightEdge(room) - rightEdge(figure);
+    const int left = figure.x() - room.x();
+    if (std::max(left, right) >= bubble.width() + kTipLength)
+        return right >= left ? BalloonSide::Right : BalloonSide::Left;
+    if (bottomEdge(room) - bottomEdge(figure) >= bubble.height() + kTipLength)
+        return BalloonSide::Below;
+    return BalloonSide::Above;
+}
+
+/// The window's rectangle, before it is moved into the room.
+QRect windowAt(BalloonSide side, QSize bubble, const QRect& figure) {
+    const QSize upright(bubble.width(), bubble.height() + kTipLength);
+    const QSize lying(bubble.width() + kTipLength, bubble.height());
+    const int middle = figure.x() + (figure.width() - bubble.width()) / 2;
+    const int level = mouthHeight(figure) - bubble.height() / 2;
+    switch (side) {
+    case BalloonSide::Above:
+        return {QPoint(middle, figure.y() - upright.height()), upright};
+    case BalloonSide::Right:
+        return {QPoint(rightEdge(figure), level), lying};
+    case BalloonSide::Left:
+        return {QPoint(figure.x() - lying.width(), level), lying};
+    case BalloonSide::Below:
+        break;
+    }
+    return {QPoint(middle, bottomEdge(figure)), upright};
+}
+
+QRect bubbleIn(const QRect& window, BalloonSide side) {
+    switch (side) {
+    case BalloonSide::Above:
+        return window.adjusted(0, 0, 0, -kTipLength);
+    case BalloonSide::Right:
+        return window.adjusted(kTipLength, 0, 0, 0);
+    case BalloonSide::Left:
+        return window.adjusted(0, 0, -kTipLength, 0);
+    case BalloonSide::Below:
+        break;
+    }
+    return window.adjusted(0, kTipLength, 0, 0);
+}
+
+QPoint tipIn(const QRect& window, BalloonSide side, const QRect& figure) {
+    const QPoint target(figure.center().x(), mouthHeight(figure));
+    const int x = std::clamp(target.x(), window.left(), window.right());
+    const int y = std::clamp(target.y(), window.top(), window.bottom());
+    switch (side) {
+    case BalloonSide::Above:
+        return {x, window.bottom()};
+    case BalloonSide::Right:
+        return {window.left(), y};
+    case BalloonSide::Left:
+        return {window.right(), y};
+    case BalloonSide::Below:
+        break;
+    }
+    return {x, window.top()};
+}
+
+} // namespace
+
+BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room) {
+    BalloonPlace place;
+    place.side = chooseSide(bubble, figure, room);
+    place.window = movedInto(windowAt(place.side, bubble, figure), room);
+    place.bubble = bubbleIn(place.window, place.side);
+    place.tip = tipIn(place.window, place.side, figure);
+    return place;
+}
+
+} // namespace brovin::desktop

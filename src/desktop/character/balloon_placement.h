@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+#include <cstdint>
+
+namespace brovin::desktop {
+
+enum class BalloonSide : std::uint8_t { Above, Right, Left, Below };
+
+/// Where a balloon is on the screen. The window is large enough for the bubble and its tip.
+struct BalloonPlace {
+    BalloonSide side = BalloonSide::Above; ///< of the figure
+    QRect bubble;
+    QPoint tip; ///< where the tip ends, at the figure
+    QRect window;
+
+    bool operator==(const BalloonPlace&) const = default;
+};
+
+/// How far the tip reaches out of the bubble.
+inline constexpr int kTipLength = 14;
+
+/// Puts a bubble beside a figure: above it; where there is no room, to the side that has more; else below.
+/// Where no side has room it covers the figure, but never leaves `room` unless it is larger.
+[[nodiscard]] BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room);
+
+} // namespace brovin::desktop

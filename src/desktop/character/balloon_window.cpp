@@ -1,0 +1,122 @@
+#include "desktop/character/balloon_window.h"
+
+#include "desktop/character/screens.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace brovin::desktop {
+namespace {
+
+constexpr int kLeastFontPixels = 9; ///< what can still be read
+constexpr int kAround = 2 * kBubblePadding;
+
+QColor colour(const character::Colour& from) {
+    return {from.red, from.green, from.blue};
+}
+
+QFont fontOf(const character::BalloonSettings& settings) {
+    QFont font;
+    if (!settings.fontName.empty())
+        font.setFamily(QString::fromStdString(settings.fontName));
+    font.setPixelSize(std::max<int>(settings.fontHeightPixels, kLeastFontPixels));
+    font.setWeight(static_cast<QFont::Weight>(std::clamp<int>(settings.fontWeight, 1, 1000)));
+    font.setItalic(settings.italic);
+    return font;
+}
+
+/// A line as it stands, however odd: what would break it is a blank.
+QString plainLine(std::string_view text) {
+    QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    for (QChar& c : line)
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+            c == QChar::ParagraphSeparator)
+            c = QLatin1Char(' ');
+    return line;
+}
+
+/// nullopt: no letter in it has a direction.
+std::optional<Qt::LayoutDirection> directionIn(const QString& text) {
+    for (const char32_t c : text.toUcs4()) {
+        switch (QChar::direction(c)) {
+        case QChar::DirL:
+            return Qt::LeftToRight;
+        case QChar::DirR:
+        case QChar::DirAL:
+            return Qt::RightToLeft;
+        default:
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+BalloonWindow::BalloonWindow(const character::BalloonSettings& settings, const CharacterWindow& speaker)
+    : speaker_(speaker), charactersPerLine_(std::max<int>(settings.charactersPerLine, 1)),
+      bubble_({colour(settings.text), colour(settings.background), colour(settings.border)}) {
+    bubble_.setFont(fontOf(settings));
+}
+
+int BalloonWindow::textWidth(std::string_view text) const {
+    return static_cast<int>(std::ceil(QFontMetricsF(bubble_.font()).horizontalAdvance(plainLine(text))));
+}
+
+/// Narrower than it is where a line of so many characters would not fit the screen.
+int BalloonWindow::averageCharacterWidth() const {
+    const int fitting = (room().width() - kAround - kTipLength) / charactersPerLine_;
+    return std::max(std::min(bubble_.fontMetrics().averageCharWidth(), fitting), 1);
+}
+
+int BalloonWindow::mostLines() const {
+    return linesIn(room().height() / 2);
+}
+
+void BalloonWindow::show(const character::BalloonPage& page) {
+    QStringList lines;
+    for (const std::string& line : page.lines)
+        lines += plainLine(line);
+    const int height = std::min(page.height, linesIn(room().height()));
+    if (lines.size() > height)
+        lines = lines.mid(lines.size() - height);
+    const bool opens = !figure_;
+    if (opens)
+        figure_ = speaker_.figure().translated(-speaker_.place());
+    size_ = {page.width + kAround, height * bubble_.fontMetrics().lineSpacing() + kAround};
+    follow();
+    bubble_.write(lines, directionOf(lines));
+    if (opens)
+        bubble_.appear();
+}
+
+void BalloonWindow::hide() {
+    figure_.reset();
+    textDirection_.reset();
+    bubble_.disappear();
+}
+
+void BalloonWindow::follow() {
+    if (figure_)
+        bubble_.takeForm(placeBalloon(size_, figure_->translated(speaker_.place()), room()));
+}
+
+QRect BalloonWindow::room() const {
+    return roomAround(speaker_.figure());
+}
+
+int BalloonWindow::linesIn(int height) const {
+    return std::max((height - kAround - kTipLength) / bubble_.fontMetrics().lineSpacing(), 1);
+}
+
+/// The first letter decides for the whole text, also when it has scrolled away.
+Qt::LayoutDirection BalloonWindow::directionOf(const QStringList& lines) {
+    if (!textDirection_)
+        textDirection_ = directionIn(lines.join(QLatin1Char(' ')));
+    return textDirection_.value_or(direction_);
+}
+
+} // namespace brovin::desktop

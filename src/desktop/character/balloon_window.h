@@ -1,0 +1,51 @@
+#pragma once
+
+#include "character/character_data.h"
+#include "character/stage/balloon_view.h"
+#include "desktop/character/bubble.h"
+#include "desktop/character/character_window.h"
+
+#include <QRect>
+#include <QSize>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace brovin::desktop {
+
+/// The word balloon of a character, in the character's colours and in its font, or the installed one that
+/// comes nearest.
+class BalloonWindow final : public character::BalloonView {
+public:
+    BalloonWindow(const character::BalloonSettings& settings, const CharacterWindow& speaker);
+
+    void setClosed(std::function<void()> closed) { bubble_.closed = std::move(closed); }
+    /// The direction of texts that do not show one by their letters.
+    void setDirection(Qt::LayoutDirection direction) { direction_ = direction; }
+    /// The speaker has moved.
+    void follow();
+
+    [[nodiscard]] int textWidth(std::string_view text) const override;
+    [[nodiscard]] int averageCharacterWidth() const override;
+    [[nodiscard]] int mostLines() const override;
+    void show(const character::BalloonPage& page) override;
+    void hide() override;
+
+private:
+    [[nodiscard]] QRect room() const;
+    [[nodiscard]] int linesIn(int height) const;
+    [[nodiscard]] Qt::LayoutDirection directionOf(const QStringList& lines);
+
+    const CharacterWindow& speaker_;
+    int charactersPerLine_;
+    Qt::LayoutDirection direction_ = Qt::LeftToRight;
+    std::optional<Qt::LayoutDirection> textDirection_; ///< as soon as the text shows one
+    /// The speaker's picture in its frame when the balloon opened, so that the balloon does not dance with
+    /// it; nullopt: the balloon is closed.
+    std::optional<QRect> figure_;
+    QSize size_;
+    Bubble bubble_;
+};
+
+} // namespace brovin::desktop

@@ -1,0 +1,113 @@
+#include "desktop/character/character_window.h"
+
+#include "desktop/character/opaque_region.h"
+#include "desktop/character/x11_desktop.h"
+
+#include <QCloseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace brovin::desktop {
+
+CharacterWindow::CharacterWindow(const character::CharacterData& shown)
+    : images_(shown.images), painter_(shown, images_), hideAction_(menu_.addAction(QString())) {
+    setFixedSize(shown.width, shown.height);
+    QObject::connect(hideAction_, &QAction::triggered, this, [this] {
+        if (stage_ != nullptr)
+            stage_->hideByUser(character::VisibilityCause::UserHidByMenu);
+    });
+}
+
+void CharacterWindow::attach(character::Stage& stage) {
+    stage_ = &stage;
+    mouse_.emplace(stage);
+}
+
+void CharacterWindow::detach() {
+    stage_ = nullptr;
+    mouse_.reset();
+    menu_.hide();
+}
+
+QRect CharacterWindow::figure() const {
+    return (opaque_.isEmpty() ? rect() : opaque_).translated(place());
+}
+
+void CharacterWindow::showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) {
+    painter_.paint(frame, mouth, canvas_);
+    picture_ = QImage(reinterpret_cast<const uchar*>(canvas_.pixels.data()), canvas_.width, canvas_.height,
+                      QImage::Format_ARGB32_Premultiplied);
+    const QRegion shape = opaqueRegion(picture_);
+    opaque_ = shape.boundingRect();
+    setShape(shape);
+    update();
+}
+
+void CharacterWindow::setPlace(character::Place place) {
+    putAt({place.x, place.y});
+    if (moved)
+        moved();
+}
+
+void CharacterWindow::setShown(character::Shown shown) {
+    if (shown == character::Shown::Yes)
+        appear();
+    else
+        disappear();
+}
+
+bool CharacterWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowBlocked && mouse_)
+        mouse_->letGo();
+    return QWidget::event(event);
+}
+
+void CharacterWindow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    const qreal factor = devicePixelRatio();
+    const bool whole = std::floor(factor) == factor;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !whole && desktopBlends());
+    painter.drawImage(rect(), picture_);
+}
+
+void CharacterWindow::mousePressEvent(QMouseEvent* event) {
+    if (mouse_)
+        mouse_->press(*event);
+}
+
+void CharacterWindow::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (mouse_)
+        mouse_->pressAgain(*event);
+}
+
+void CharacterWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (mouse_)
+        mouse_->move(*event);
+}
+
+void CharacterWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (!mouse_)
+        return;
+    const bool inside = rect().contains(event->position().toPoint());
+    if (mouse_->release(*event, inside) == CharacterMouse::Released::RightClick)
+        menu_.popup(event->globalPosition().toPoint());
+}
+
+void CharacterWindow::hideEvent(QHideEvent* event) {
+    if (mouse_)
+        mouse_->forget();
+    menu_.hide();
+    QWidget::hideEvent(event);
+}
+
+/// By means of the desktop, since the window has no close box.
+void CharacterWindow::closeEvent(QCloseEvent* event) {
+    if (stage_ != nullptr)
+        stage_->hideByUser(character::VisibilityCause::UserHid);
+    QWidget::closeEvent(event);
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,105 @@
+#include "desktop/character/desktop_character.h"
+
+#include "desktop/character/character_language.h"
+#include "desktop/character/screens.h"
+
+#include <utility>
+
+namespace brovin::desktop {
+namespace {
+
+constexpr long kLastLanguageId = 0xFFFF;
+constexpr long kPrimaryLanguage = 0x3FF;
+
+} // namespace
+
+DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs)
+    : data_(std::move(data)), audio_(std::move(needs.audio)), window_(*data_),
+      balloon_(data_->balloon.value_or(character::BalloonSettings{}), window_),
+      stage_(data_, {.surface = window_,
+                     .balloon = balloon_,
+                     .sound = *audio_.sound,
+                     .voice = *audio_.voice,
+                     .chance = needs.chance,
+                     .attention = [this] { driver_.callSoon(); }}),
+      driver_(stage_, std::move(needs.tell)) {
+    window_.attach(stage_);
+    window_.moved = [this] { balloon_.follow(); };
+    balloon_.setClosed([this] { stage_.closeBalloon(); });
+    const character::LanguageId language = usersLanguage();
+    if (const auto* const info = character::chooseInfo(data_->info, language))
+        window_.setWindowTitle(QString::fromStdString(info->name));
+    speakIn(language);
+}
+
+DesktopCharacter::~DesktopCharacter() {
+    window_.detach();
+}
+
+void DesktopCharacter::comeIntoSight() {
+    const QRect frame(window_.place(), window_.size());
+    if (!visible() || onAnyScreen(frame))
+        return;
+    const QPoint place = movedInto(frame, roomAround(frame)).topLeft();
+    stage_.setPlace({place.x(), place.y()}, character::MoveCause::Service);
+}
+
+void DesktopCharacter::setLeft(int pixels) {
+    stage_.setPlace({pixels, top()}, character::MoveCause::Program);
+}
+
+void DesktopCharacter::setTop(int pixels) {
+    stage_.setPlace({left(), pixels}, character::MoveCause::Program);
+}
+
+bool DesktopCharacter::show() {
+    stage_.show(character::Manner::Animated);
+    return true;
+}
+
+bool DesktopCharacter::hide() {
+    stage_.hide(character::Manner::Animated);
+    return true;
+}
+
+bool DesktopCharacter::play(const std::string& animation) {
+    return static_cast<bool>(stage_.play(animation));
+}
+
+bool DesktopCharacter::speak(const std::string& text) {
+    return static_cast<bool>(stage_.speak(text));
+}
+
+bool DesktopCharacter::moveTo(int x, int y) {
+    stage_.moveTo({x, y}, character::kUsualMoveTime);
+    return true;
+}
+
+bool DesktopCharacter::gestureAt(int x, int y) {
+    stage_.gestureAt({x, y});
+    return true;
+}
+
+void DesktopCharacter::setLanguageId(long id) {
+    const bool names = id > 0 && id <= kLastLanguageId && (id & kPrimaryLanguage) != 0;
+    if (names)
+        speakIn(static_cast<character::LanguageId>(id));
+}
+
+void DesktopCharacter::setTtsModeId(const std::string& id) {
+    if (audio_.setMode)
+        audio_.setMode(id);
+}
+
+std::vector<std::string> DesktopCharacter::animationNames() const {
+    return stage_.animationNames();
+}
+
+void DesktopCharacter::speakIn(character::LanguageId language) {
+    window_.setHideCaption(hideCaption(language));
+    balloon_.setDirection(writingDirection(language));
+    if (audio_.setLanguage)
+        audio_.setLanguage(language);
+}
+
+} // namespace brovin::desktop

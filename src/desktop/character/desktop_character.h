@@ -1,0 +1,61 @@
+#pragma once
+
+#include "character/stage/stage.h"
+#include "desktop/character/balloon_window.h"
+#include "desktop/character/character_audio.h"
+#include "desktop/character/character_window.h"
+#include "desktop/character/stage_driver.h"
+#include "platform/character_service.h"
+
+#include <functional>
+#include <memory>
+
+namespace brovin::desktop {
+
+/// One character that is loaded: its windows, its voice, and the stage that they belong to. It can end at any
+/// time, and everything of it is gone at once.
+class DesktopCharacter final : public platform::Character {
+public:
+    struct Needs {
+        CharacterAudio audio;
+        character::Chance& chance;
+        std::function<void(character::Event)> tell;
+    };
+    DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs);
+    ~DesktopCharacter() override;
+
+    [[nodiscard]] const character::Guid& guid() const { return data_->guid; }
+    /// The screens have changed: out of sight, it comes back.
+    void comeIntoSight();
+
+    [[nodiscard]] bool visible() const override { return stage_.visible(); }
+    [[nodiscard]] int left() const override { return stage_.place().x; }
+    [[nodiscard]] int top() const override { return stage_.place().y; }
+    [[nodiscard]] int width() const override { return data_->width; }
+    [[nodiscard]] int height() const override { return data_->height; }
+    void setLeft(int pixels) override;
+    void setTop(int pixels) override;
+    bool show() override;
+    bool hide() override;
+    bool play(const std::string& animation) override;
+    bool speak(const std::string& text) override;
+    bool moveTo(int x, int y) override;
+    bool gestureAt(int x, int y) override;
+    void stop() override { stage_.stop(); }
+    void stopAll() override { stage_.stopAll(character::kStopEverything); }
+    void setLanguageId(long id) override;
+    void setTtsModeId(const std::string& id) override;
+    [[nodiscard]] std::vector<std::string> animationNames() const override;
+
+private:
+    void speakIn(character::LanguageId language);
+
+    std::shared_ptr<const character::CharacterData> data_;
+    CharacterAudio audio_;
+    CharacterWindow window_;
+    BalloonWindow balloon_;
+    character::Stage stage_;
+    StageDriver driver_;
+};
+
+} // namespace brovin::desktop

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "character/stage/chance.h"
+#include "desktop/character/character_audio.h"
+#include "desktop/character/character_folder.h"
+#include "desktop/character/desktop_character.h"
+#include "desktop/character/event_delivery.h"
+#include "platform/character_service.h"
+#include "posix/standard_random.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace brovin::desktop {
+
+/// Animated characters in windows of their own.
+class DesktopCharacterService final : public platform::CharacterService {
+public:
+    struct Needs {
+        std::vector<std::string> folders; ///< of character files; the one that wins first
+        AudioMaker makeAudio;
+        std::function<bool()> busy; ///< a box waits for an answer, and events wait with it
+    };
+    explicit DesktopCharacterService(Needs needs);
+
+    /// False on a desktop where a program cannot place its windows.
+    [[nodiscard]] bool available() const override;
+    [[nodiscard]] std::vector<std::string> files() override { return folder_.files(); }
+    [[nodiscard]] platform::ScreenSize screen() const override;
+    void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
+    /// Also false: the id is in use, or the very same character is loaded.
+    bool load(const std::string& id, const std::string& fileName) override;
+    void unload(const std::string& id) override;
+    [[nodiscard]] platform::Character* character(const std::string& id) override;
+
+private:
+    class StageChance final : public character::Chance {
+    public:
+        StageChance();
+        [[nodiscard]] double next() override { return random_.next(); }
+
+    private:
+        posix::StandardRandom random_;
+    };
+
+    [[nodiscard]] bool loaded(const character::Guid& guid) const;
+    void watchScreens();
+    void bringCharactersBack();
+
+    CharacterFolder folder_;
+    AudioMaker makeAudio_;
+    StageChance chance_;
+    EventDelivery delivery_;
+    std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
+    QObject screens_; ///< ends the watch over the screens
+};
+
+} // namespace brovin::desktop

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QImage>
+#include <QRegion>
+
+namespace brovin::desktop {
+
+/// Where a picture of 32 bits a pixel is not fully transparent. Empty: nowhere.
+[[nodiscard]] QRegion opaqueRegion(const QImage& picture);
+
+} // namespace brovin::desktop
