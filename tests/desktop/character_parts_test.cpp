@@ -1,0 +1,175 @@
+#include "desktop/character/balloon_placement.h"
+#include "desktop/character/character_folder.h"
+#include "desktop/character/character_language.h"
+#include "desktop/character/event_delivery.h"
+#include "desktop/character/opaque_region.h"
+#include "desktop/character_world.h"
+
+#include <random>
+
+namespace brovin::desktop {
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(BalloonPlacement, findsRoomBesideTheFigure) {
+    constexpr QRect kRoom(0, 0, 1000, 700);
+    constexpr QSize kBubble(200, 60);
+    const struct {
+        const char* what;
+        QRect figure;
+        BalloonSide side;
+        QRect bubble;
+        QPoint tip;
+    } kCases[] = {
+        {"above", {400, 300, 100, 90}, BalloonSide::Above, {350, 226, 200, 60}, {449, 299}},
+        {"just enough room above", {400, 74, 100, 90}, BalloonSide::Above, {350, 0, 200, 60}, {449, 73}},
+        {"a pixel less", {400, 73, 100, 90}, BalloonSide::Right, {514, 73, 200, 60}, {500, 103}},
+        {"more room to the left", {600, 20, 100, 90}, BalloonSide::Left, {386, 20, 200, 60}, {599, 50}},
+        {"moved in at the left", {10, 300, 100, 90}, BalloonSide::Above, {0, 226, 200, 60}, {59, 299}},
+        {"moved in at the right", {890, 600, 100, 90}, BalloonSide::Above, {800, 526, 200, 60}, {939, 599}},
+        {"a corner", {0, 0, 100, 90}, BalloonSide::Right, {114, 0, 200, 60}, {100, 30}},
+        {"only below", {0, 0, 1000, 90}, BalloonSide::Below, {400, 104, 200, 60}, {499, 90}},
+        {"nowhere", {0, 0, 1000, 700}, BalloonSide::Above, {400, 0, 200, 60}, {499, 73}},
+        {"off the screen", {-300, 900, 100, 90}, BalloonSide::Above, {0, 626, 200, 60}, {0, 699}},
+    };
+    for (const auto& [what, figure, side, bubble, tip] : kCases) {
+        const BalloonPlace place = placeBalloon(kBubble, figure, kRoom);
+        EXPECT_EQ(side, place.side) << what;
+        EXPECT_EQ(bubble, place.bubble) << what;
+        EXPECT_EQ(tip, place.tip) << what;
+        EXPECT_TRUE(place.window.contains(bubble) && place.window.contains(tip)) << what;
+        EXPECT_TRUE(kRoom.contains(place.window)) << what;
+    }
+}
+
+TEST(OpaqueRegion, isEveryPixelThatShowsAnything) {
+    std::mt19937 random(1);
+    for (const unsigned density : {0U, 1U, 5U, 9U, 10U}) {
+        QImage picture(37, 23, QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                picture.setPixel(x, y, random() % 10 < density ? 0x01000000U : 0);
+        const QRegion region = opaqueRegion(picture);
+        EXPECT_EQ(density == 0, region.isEmpty());
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                ASSERT_EQ(qAlpha(picture.pixel(x, y)) != 0, region.contains(QPoint(x, y))) << x << ' ' << y;
+    }
+}
+
+void put(const QString& path, const QByteArray& content) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+TEST(CharacterFolder, prefersTheUsersFilesAndNeverLeavesItsOwn) {
+    const QTemporaryDir scratch;
+    put(scratch.filePath("own/peedy.ACS"), "own");
+    put(scratch.filePath("own/notes.txt"), "");
+    put(scratch.filePath("own/sub/inner.acs"), "");
+    put(scratch.filePath("own/Åke.acs"), "ake");
+    put(scratch.filePath("all/Peedy.acs"), "all");
+    put(scratch.filePath("all/zoe.acs"), "zoe");
+    put(scratch.filePath("all/Zoe.acs"), "Zoe");
+    put(scratch.filePath("secret.acs"), "secret");
+    QDir(scratch.path()).mkdir("own/folder.acs");
+    CharacterFolder folder({scratch.filePath("own").toStdString(), scratch.filePath("all").toStdString(),
+                            scratch.filePath("missing").toStdString()});
+    EXPECT_EQ((Names{"peedy.ACS", "Zoe.acs", "Åke.acs"}), folder.files());
+    const struct {
+        std::string name;
+        std::string content; ///< "": there is no such file
+    } kCases[] = {{"PEEDY.acs", "own"},
+                  {"Peedy.acs", "own"},
+                  {"zoe.acs", "zoe"},
+                  {"ZOE.acs", "Zoe"},
+                  {"åke.ACS", "ake"},
+                  {"", ""},
+                  {"nobody.acs", ""},
+                  {"folder.acs", ""},
+                  {"../secret.acs", ""},
+                  {"sub/inner.acs", ""},
+                  {scratch.filePath("secret.acs").toStdString(), ""}};
+    for (const auto& [name, content] : kCases) {
+        const auto read = folder.read(name);
+        EXPECT_EQ(content, read ? std::string(read->begin(), read->end()) : "") << name;
+    }
+}
+
+TEST(CharacterLanguage, isKnownByItsPrimaryLanguage) {
+    EXPECT_EQ("&Hide", hideCaption(0x0C09)) << "Australian English";
+    EXPECT_EQ("&Ausblenden", hideCaption(0x0C07)) << "Austrian German";
+    EXPECT_EQ("&Hide", hideCaption(0x0439)) << "not known";
+    EXPECT_EQ(Qt::RightToLeft, writingDirection(0x040D));
+    EXPECT_EQ(Qt::LeftToRight, writingDirection(0x0405));
+}
+
+class Service : public testing::Test {
+protected:
+    QTemporaryDir scratch;
+    DesktopCharacterService service{{{scratch.path().toStdString()}, silentAudio, [] { return false; }}};
+};
+
+TEST_F(Service, saysNoToWhatItCannotLoad) {
+    character::CharacterData data = tests::drawnCharacter();
+    tests::writeCharacterFile(scratch.filePath("ring.acs"), data);
+    tests::writeCharacterFile(scratch.filePath("twin.acs"), data);
+    data.guid.first = 2;
+    tests::writeCharacterFile(scratch.filePath("other.acs"), data);
+    put(scratch.filePath("broken.acs"), "MZ, and no character");
+    QFile huge(scratch.filePath("huge.acs"));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{65} << 20));
+
+    EXPECT_TRUE(service.load("a", "ring.acs"));
+    EXPECT_FALSE(service.load("a", "other.acs")) << "the id is in use";
+    EXPECT_FALSE(service.load("b", "twin.acs")) << "the very same character";
+    for (const char* const file : {"missing.acs", "broken.acs", "huge.acs"})
+        EXPECT_FALSE(service.load("b", file)) << file;
+    EXPECT_EQ(nullptr, service.character("b"));
+    EXPECT_TRUE(service.load("b", "other.acs")) << "the id is still free";
+    service.unload("nobody");
+    service.unload("a");
+    EXPECT_TRUE(service.load("c", "twin.acs"));
+}
+
+TEST_F(Service, knowsTheAnimationsOfACharacter) {
+    tests::writeCharacterFile(scratch.filePath("ring.acs"), tests::drawnCharacter());
+    ASSERT_TRUE(service.load("a", "ring.acs"));
+    platform::Character& ring = *service.character("a");
+    EXPECT_EQ((Names{"Show", "Hide", "RestPose", "Jump"}), ring.animationNames());
+    EXPECT_TRUE(ring.play("JUMP"));
+    EXPECT_FALSE(ring.play("Dance"));
+    EXPECT_FALSE(ring.play(""));
+    EXPECT_FALSE(ring.speak("Again: \\Lst\\"));
+    EXPECT_EQ(120, ring.width());
+    EXPECT_FALSE(ring.visible());
+}
+
+TEST(EventDelivery, tellsInOrderFromTheEventLoopAlone) {
+    bool busy = true;
+    std::vector<int> told;
+    EventDelivery delivery([&busy] { return busy; });
+    platform::CharacterEvents events;
+    events.hide = [&](const std::string& /*id*/, int cause) {
+        told.push_back(cause);
+        if (cause == 3)
+            delivery.add("a", character::event::Disappeared{character::VisibilityCause::UserHidByMenu});
+    };
+    delivery.setEvents(events);
+    delivery.add("a", character::event::Disappeared{character::VisibilityCause::ProgramHid});
+    delivery.add("b", character::event::Disappeared{character::VisibilityCause::UserHid});
+    delivery.add("c", character::event::Disappeared{character::VisibilityCause::UserHid});
+    delivery.forget("b");
+    EXPECT_EQ(std::vector<int>{}, told);
+    tests::letPass(100);
+    EXPECT_EQ(std::vector<int>{}, told) << "the program is busy";
+    busy = false;
+    EXPECT_TRUE(tests::waitUntil([&told] { return told.size() == 3; }));
+    EXPECT_EQ((std::vector<int>{3, 1, 7}), told);
+}
+
+} // namespace
+} // namespace brovin::desktop

@@ -1,0 +1,235 @@
+#include "desktop/character/bubble.h"
+#include "desktop/character/character_window.h"
+#include "desktop/character_world.h"
+
+#include <QProcess>
+
+namespace brovin::tests {
+namespace {
+
+using desktop::Bubble;
+using desktop::CharacterWindow;
+using Lines = std::vector<std::string>;
+
+constexpr QPoint kPlace(400, 300);
+constexpr QPoint kOnRing(30, 60);
+constexpr QPoint kInHole(60, 60);
+constexpr QPoint kInCorner(5, 5);
+const QColor kRed(220, 30, 40);
+
+std::string pressed(const char* what, int button, int shift, QPoint place) {
+    return std::string(what) + ' ' + std::to_string(button) + ' ' + std::to_string(shift) + ' ' +
+           std::to_string(place.x()) + ' ' + std::to_string(place.y());
+}
+
+std::string property(const QWidget& window, const char* name) {
+    QProcess xprop;
+    xprop.start("xprop", {"-id", QString::number(window.winId()), name});
+    xprop.waitForFinished(5000);
+    return xprop.readAllStandardOutput().toStdString();
+}
+
+/// How much of a picture has a colour.
+double share(const QImage& picture, const QColor& colour) {
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixelColor(x, y) == colour ? 1 : 0;
+    return static_cast<double>(count) / (picture.width() * picture.height());
+}
+
+TEST(CharacterWindow, coversAndHearsItsShapeAlone) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    Journey::takePicture("character");
+    const QImage screen = CharacterWorld::screen();
+    EXPECT_EQ(kRed, screen.pixelColor(kPlace + kOnRing));
+    EXPECT_EQ(QColor(Qt::blue), screen.pixelColor(kPlace + kInHole));
+    EXPECT_EQ(QColor(Qt::blue), screen.pixelColor(kPlace + kInCorner));
+
+    input(at(kPlace + kInCorner) + QStringList{"click", "1"} + at(kPlace + kInHole) +
+          QStringList{"click", "1"});
+    EXPECT_EQ((std::vector<QPoint>{kPlace + kInCorner, kPlace + kInHole}), world.below.clicks);
+    EXPECT_EQ(Lines{}, world.events);
+
+    input(at(kPlace + kOnRing) + QStringList{"click", "1", "sleep", "0.7", "click", "2", "sleep", "0.7",
+                                             "keydown", "ctrl", "click", "1", "keyup", "ctrl"});
+    EXPECT_EQ((Lines{pressed("click", 1, 0, kPlace + kOnRing), pressed("click", 4, 0, kPlace + kOnRing),
+                     pressed("click", 1, 2, kPlace + kOnRing)}),
+              world.events);
+    EXPECT_TRUE(world.below.hasTheFocus());
+}
+
+TEST(CharacterWindow, liesOnTopAndOutsideOfTheTaskBar) {
+    CharacterWorld world;
+    for (const char* const time : {"at first", "when it comes back"}) {
+        world.showAt(kPlace);
+        const std::string state = property(*CharacterWorld::window<CharacterWindow>(), "_NET_WM_STATE");
+        for (const char* const wanted : {"SKIP_TASKBAR", "SKIP_PAGER", "_NET_WM_STATE_ABOVE"})
+            EXPECT_NE(std::string::npos, state.find(wanted)) << wanted << ' ' << time << ": " << state;
+        world.below.raise();
+        letPass(200);
+        EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(kPlace + kOnRing)) << time;
+        world.ring().hide();
+        EXPECT_TRUE(waitUntil([&world] { return !world.ring().visible(); }));
+    }
+}
+
+TEST(CharacterWindow, followsTheHandThatDragsIt) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    const QPoint grip = kPlace + kOnRing;
+    constexpr QPoint kWay(230, -170);
+    input(at(grip) + QStringList{"mousedown", "1"} + at(grip + QPoint(30, -10)) + at(grip + kWay) +
+          QStringList{"mouseup", "1"});
+    EXPECT_EQ((Lines{pressed("drag", 1, 0, grip), pressed("dropped", 1, 0, grip + kWay)}), world.events)
+        << "and no click";
+    EXPECT_EQ(kPlace + kWay, QPoint(world.ring().left(), world.ring().top()));
+    letPass(200);
+    EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(grip + kWay));
+    EXPECT_EQ(QColor(Qt::blue), CharacterWorld::screen().pixelColor(grip));
+}
+
+TEST(CharacterWindow, hidesByItsMenu) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    world.ring().setLanguageId(0x0409);
+    const auto menu = [] { return QApplication::activePopupWidget() != nullptr; };
+    const auto open = [&] {
+        input(at(kPlace + kOnRing) + QStringList{"click", "3"});
+        EXPECT_TRUE(waitUntil(menu));
+    };
+    open();
+    Journey::takePicture("menu");
+    input({"key", "Escape"});
+    EXPECT_TRUE(waitUntil([&] { return !menu(); }));
+    letPass(600); // or the next click would be the second of a double click
+    open();
+    input({"key", "h"});
+    EXPECT_TRUE(waitUntil([&world] { return world.events.size() == 3; }));
+    const std::string click = pressed("click", 2, 0, kPlace + kOnRing);
+    EXPECT_EQ((Lines{click, click, "hide 7"}), world.events);
+    EXPECT_EQ(QColor(Qt::blue), CharacterWorld::screen().pixelColor(kPlace + kOnRing));
+}
+
+TEST(CharacterWindow, isHiddenByWhateverClosesIt) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    CharacterWorld::window<CharacterWindow>()->close();
+    EXPECT_TRUE(waitUntil([&world] { return !world.events.empty(); }));
+    EXPECT_EQ((Lines{"hide 1"}), world.events);
+    EXPECT_FALSE(world.ring().visible());
+}
+
+TEST(CharacterWindow, comesBackWhenItsScreenShrinks) {
+    CharacterWorld world;
+    world.showAt({850, 650});
+    const auto change = [](const QString& command) {
+        EXPECT_EQ(0, QProcess::execute("xrandr", command.split(' '))) << command.toStdString();
+    };
+    change("--newmode small 23.75 640 664 720 800 480 483 487 500");
+    change("--addmode screen small");
+    change("--output screen --mode small");
+    EXPECT_TRUE(waitUntil([&world] { return world.ring().left() < 640; }));
+    letPass(300);
+    EXPECT_EQ(QPoint(520, 360), QPoint(world.ring().left(), world.ring().top()));
+    EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(QPoint(520, 360) + kOnRing));
+    change("--output screen --mode 1024x768");
+    EXPECT_TRUE(waitUntil([&world] { return world.service->screen().width == 1024; }));
+    letPass(300);
+}
+
+TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {
+    const struct {
+        const char* name;
+        QPoint place;
+        std::string text;
+    } kCases[] = {
+        {"middle", {450, 400}, "<b>5 & 6</b> &amp; élève, žluťoučký, Ελλάδα \U0001F99C\U0001F600"},
+        {"top-left", {0, 0}, "Right here, at last \U0001F44D"},
+        {"top-right", {904, 40}, "Hello there, this is a sentence of some length to fill several lines."},
+        {"bottom-left", {0, 648}, "مرحبا بالعالم (Brovin 2) كيف الحال؟"},
+        {"bottom-right", {904, 648}, "שלום עולם, זה Brovin שמדבר."},
+        {"off-the-screen", {-90, 300}, "Where am I?"},
+    };
+    CharacterWorld world;
+    for (const auto& [name, place, text] : kCases) {
+        world.showAt(place);
+        world.ring().speak(text);
+        const auto* const bubble = CharacterWorld::window<Bubble>();
+        EXPECT_TRUE(waitUntil([&] { return bubble->isVisible(); })) << name;
+        letPass(2600); // until most is said
+        Journey::takePicture(QStringLiteral("balloon-") + name);
+        const QRect room = QApplication::primaryScreen()->availableGeometry();
+        const QRect window(bubble->place(), bubble->size());
+        EXPECT_TRUE(room.contains(window)) << name;
+        const QRect ring = CharacterWorld::window<CharacterWindow>()->figure();
+        EXPECT_FALSE(window.intersects(ring)) << name;
+        EXPECT_TRUE(window.adjusted(-1, -1, 1, 1).intersects(ring.intersected(room)))
+            << name << ": it touches";
+        EXPECT_GT(share(CharacterWorld::screen().copy(window), QColor(255, 255, 225)), 0.5) << name;
+        EXPECT_GT(share(CharacterWorld::screen().copy(window), Qt::black), 0.02) << name << ": the text";
+        EXPECT_TRUE(world.below.hasTheFocus()) << name;
+        world.ring().stopAll();
+        world.ring().hide();
+        EXPECT_TRUE(waitUntil([&world] { return !world.ring().visible(); }));
+    }
+}
+
+TEST(Balloon, goesWithItsCharacterUntilItIsClickedAway) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    world.ring().speak("One two three four five six seven eight nine ten eleven twelve.");
+    const auto* const bubble = CharacterWorld::window<Bubble>();
+    ASSERT_TRUE(waitUntil([&] { return bubble->isVisible(); }));
+    const QPoint before = bubble->place();
+    world.ring().setLeft(kPlace.x() + 150);
+    EXPECT_EQ(before + QPoint(150, 0), bubble->place());
+    letPass(200);
+    input(at(QRect(bubble->place(), bubble->size()).center()) + QStringList{"click", "1"});
+    EXPECT_TRUE(waitUntil([&] { return !bubble->isVisible(); }));
+    EXPECT_EQ(Lines{}, world.events) << "it is not the character that was clicked";
+}
+
+TEST(CharacterService, holdsEventsWhileABoxIsOpenAndEndsACharacterInTheMiddleOfThem) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    world.busy = true;
+    input(at(kPlace + kOnRing) + QStringList{"click", "1", "sleep", "0.7", "click", "1"});
+    EXPECT_EQ(Lines{}, world.events);
+
+    int told = 0;
+    platform::CharacterEvents events;
+    events.click = [&](const platform::CharacterClick& click) {
+        ++told;
+        world.ring().speak("These words are never finished.");
+        world.ring().stop();
+        world.ring().play("Jump");
+        letPass(300); // as an open box would
+        EXPECT_EQ(1, told) << "the next event waits for this one's end";
+        world.service->unload(click.id);
+    };
+    world.service->setEvents(events);
+    world.busy = false;
+    EXPECT_TRUE(waitUntil([&told] { return told > 0; }));
+    letPass(500);
+    EXPECT_EQ(1, told) << "nothing more is told of what has been unloaded";
+    EXPECT_EQ(nullptr, CharacterWorld::window<CharacterWindow>());
+    EXPECT_TRUE(world.service->load(CharacterWorld::kId, "ring.acs"));
+}
+
+TEST(CharacterService, unloadsACharacterThatSpeaks) {
+    CharacterWorld world;
+    world.showAt(kPlace);
+    world.ring().speak("One two three four five.");
+    ASSERT_TRUE(waitUntil([] { return CharacterWorld::window<Bubble>()->isVisible(); }));
+    world.service->unload(CharacterWorld::kId);
+    letPass(200);
+    EXPECT_EQ(nullptr, CharacterWorld::window<Bubble>());
+    EXPECT_EQ(QColor(Qt::blue), CharacterWorld::screen().pixelColor(kPlace + kOnRing));
+    EXPECT_EQ(nullptr, world.service->character(CharacterWorld::kId));
+    EXPECT_EQ(Lines{}, world.events);
+}
+
+} // namespace
+} // namespace brovin::tests

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "desktop/character/desktop_character_service.h"
+#include "desktop/drawn_character.h"
+#include "desktop/journey.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QImage>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace brovin::tests {
+
+/// Lets the event loop run until the condition holds; false: it did not within ten seconds.
+inline bool waitUntil(const std::function<bool()>& condition) {
+    QElapsedTimer time;
+    time.start();
+    while (!condition() && !time.hasExpired(10'000))
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    return condition();
+}
+
+inline void letPass(int milliseconds) {
+    QElapsedTimer time;
+    time.start();
+    while (!time.hasExpired(milliseconds))
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+/// Input through the X server; comes back when it has been made, while events go on.
+inline void input(const QStringList& arguments) {
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    EXPECT_TRUE(waitUntil([&process] { return process.state() == QProcess::NotRunning; }));
+    letPass(100);
+}
+
+inline QStringList at(QPoint place) {
+    return {"mousemove", QString::number(place.x()), QString::number(place.y()), "sleep", "0.1"};
+}
+
+/// Another program's window, as far as a character can tell: blue, with the focus in a line of text.
+class BlueWindow final : public QWidget {
+public:
+    std::vector<QPoint> clicks; ///< on the screen
+
+    BlueWindow() {
+        setPalette(Qt::blue);
+        line_.move(20, 20);
+        setGeometry(100, 100, 824, 568);
+        show();
+        EXPECT_TRUE(waitUntil([this] { return isActiveWindow() && line_.hasFocus(); }));
+        letPass(200);
+    }
+    [[nodiscard]] bool hasTheFocus() const { return isActiveWindow() && line_.hasFocus(); }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override { clicks.push_back(event->globalPosition().toPoint()); }
+
+private:
+    QLineEdit line_{this};
+};
+
+/// The service with the drawn character, loaded and shown over the blue window, and what it tells.
+struct CharacterWorld {
+    QTemporaryDir scratch;
+    BlueWindow below;
+    bool busy = false;
+    std::vector<std::string> events; ///< "click 1 0 412 300", "hide 3"
+    std::unique_ptr<desktop::DesktopCharacterService> service;
+
+    static constexpr const char* kId = "Ring";
+
+    explicit CharacterWorld(const character::CharacterData& data = drawnCharacter()) {
+        writeCharacterFile(scratch.filePath("ring.acs"), data);
+        service = std::make_unique<desktop::DesktopCharacterService>(desktop::DesktopCharacterService::Needs{
+            {scratch.path().toStdString()}, desktop::silentAudio, [this] { return busy; }});
+        service->setEvents(
+            {.click = [this](const auto& click) { note("click", click); },
+             .dragStart = [this](const auto& click) { note("drag", click); },
+             .dragComplete = [this](const auto& click) { note("dropped", click); },
+             .hide = [this](const std::string& /*id*/,
+                            int cause) { events.push_back("hide " + std::to_string(cause)); }});
+        EXPECT_TRUE(service->load(kId, "RING.ACS"));
+    }
+
+    [[nodiscard]] platform::Character& ring() const { return *service->character(kId); }
+
+    void showAt(QPoint place) const {
+        ring().setLeft(place.x());
+        ring().setTop(place.y());
+        ring().show();
+        EXPECT_TRUE(waitUntil([this] { return ring().visible(); }));
+        letPass(300);
+    }
+
+    void note(const std::string& what, const platform::CharacterClick& click) {
+        events.push_back(what + ' ' + std::to_string(click.button) + ' ' + std::to_string(click.shift) + ' ' +
+                         std::to_string(click.x) + ' ' + std::to_string(click.y));
+    }
+
+    template <class Window>
+    [[nodiscard]] static Window* window() {
+        for (QWidget* const widget : QApplication::topLevelWidgets())
+            if (auto* const found = dynamic_cast<Window*>(widget))
+                return found;
+        return nullptr;
+    }
+
+    [[nodiscard]] static QImage screen() { return QApplication::primaryScreen()->grabWindow(0).toImage(); }
+};
+
+} // namespace brovin::tests
