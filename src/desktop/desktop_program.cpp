@@ -13,6 +13,8 @@
 #include "desktop/qt_shell.h"
 #include "desktop/timer_binding.h"
 #include "desktop/tray_icon.h"
+#include "desktop/voice/espeak_voice.h"
+#include "desktop/voice/sound_player.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/posix_file_system.h"
@@ -24,7 +26,9 @@
 #include <QFile>
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brovin::desktop {
@@ -32,6 +36,15 @@ namespace {
 
 std::string bytesOf(const QString& path) {
     return QFile::encodeName(path).toStdString();
+}
+
+/// Every character speaks with a voice of its own.
+CharacterAudio spokenAudio(const std::shared_ptr<const character::CharacterData>& data) {
+    auto own = std::make_unique<voice::EspeakVoice>(*data);
+    voice::EspeakVoice* const speaks = own.get(); // lives as long as what is returned
+    return {std::move(own), std::make_unique<voice::SoundPlayer>(data),
+            [speaks](character::LanguageId language) { speaks->setLanguageId(language); },
+            [speaks](const std::string& mode) { speaks->setTtsModeId(mode); }};
 }
 
 /// The user's own characters win.
@@ -46,7 +59,7 @@ std::vector<std::string> characterFolders(const Places& places) {
 struct DesktopMachine {
     explicit DesktopMachine(const Places& places)
         : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
-          characters({characterFolders(places), silentAudio, [this] { return dialogs.open(); }}),
+          characters({characterFolders(places), spokenAudio, [this] { return dialogs.open(); }}),
           registry(places.autostartFolder), instance(places.runningLock),
           scanLock(bytesOf(places.settingsFolder)) {}
 
