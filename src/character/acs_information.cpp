@@ -120,7 +120,8 @@ LoadResult<InformationHead> readInformationHead(ByteReader& in) {
     head.format.minor = in.u16();
     head.format.major = in.u16();
     if (in.ok() && head.format.major < kFormatMajor)
-        return LoadError{LoadProblem::UnsupportedVersion, kInformation, "is of an older version", in.position()};
+        return LoadError{LoadProblem::UnsupportedVersion, kInformation, "is of an older version",
+                         in.position()};
     if (in.ok() && head.format.major > kFormatMajor)
         return LoadError{LoadProblem::NewerVersion, kInformation, "is of a newer version", in.position()};
     head.localized = readLocator(in);

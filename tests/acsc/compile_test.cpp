@@ -95,7 +95,8 @@ TEST(Check, failsAboveItsLimitOnly) {
 
 TEST(Edges, areToldWithAnimationSideAndFrames) {
     DotFolder dot;
-    dot.replace(QStringLiteral("animations/all.json"), QStringLiteral("\"y\": -2"), QStringLiteral("\"y\": -6"));
+    dot.replace(QStringLiteral("animations/all.json"), QStringLiteral("\"y\": -2"),
+                QStringLiteral("\"y\": -6"));
     Problems problems;
     const CharacterSource source = dot.read(problems);
     EXPECT_EQ(QStringList{QStringLiteral("Show: top in frames 2")}, touchedEdges(source, problems));
