@@ -22,6 +22,7 @@
 #include "ui/speech_frequency.h"
 
 #include <chrono>
+#include <optional>
 #include <utility>
 
 namespace brovin::app {
@@ -113,6 +114,7 @@ struct Program::Rooms {
                          .regional = machine.regional}};
     Mascot mascot{speech, machine.random};
     RunKey runKey;
+    std::optional<update::UpdateCheck> updateCheck; ///< where the machine can
     ShutDown shutDown{{form, settings, speech, actor, machine.characters, machine.tray, machine.shell}};
     StartUp startUp{{.form = form,
                      .settings = settings,
@@ -140,6 +142,7 @@ struct Program::Rooms {
     void tieCharacter();
     void tieSpeech();
     void tieProgram();
+    void tieUpdates();
     void tieWindow();
 };
 
@@ -151,6 +154,7 @@ Program::Program(const Machine& machine, ProgramInfo info, std::string command)
     rooms_->tieCharacter();
     rooms_->tieSpeech();
     rooms_->tieProgram();
+    rooms_->tieUpdates();
     rooms_->tieWindow();
 }
 
@@ -260,7 +264,27 @@ void Program::Rooms::tieProgram() {
     form.chkStartWindows.click = [this] { runKey.chkStartWindows_Click(); };
     form.cmdExit.click = [this] { shutDown.cmdExit_Click(); };
     form.mPopExit.click = [this] { shutDown.cmdExit_Click(); };
-    form.cmdUpdate.setEnabled(false); // this build cannot ask for updates
+}
+
+void Program::Rooms::tieUpdates() {
+    form.cmdUpdate.setEnabled(machine.updates != nullptr);
+    if (machine.updates == nullptr)
+        return;
+    updateCheck.emplace(update::UpdateCheck::Needs{.form = form,
+                                                   .settings = settings,
+                                                   .messages = tables.messageTable,
+                                                   .phrases = phrases,
+                                                   .announcer = announcer,
+                                                   .catalogue = catalogue,
+                                                   .folder = machine.folder,
+                                                   .dialogs = machine.dialogs,
+                                                   .pump = machine.pump,
+                                                   .running = {info.major, info.minor, info.revision},
+                                                   .machine = *machine.updates});
+    form.cmdUpdate.click = [this] { updateCheck->cmdUpdate_Click(); };
+    scanRun.finished = [this] { updateCheck->checkForUpdates(); };
+    scheduler.checkForUpdates = [this] { updateCheck->checkForUpdates(); };
+    updateCheck->replaced = [this] { shutDown.Form_Unload(); };
 }
 
 void Program::Rooms::tieWindow() {

@@ -18,6 +18,7 @@
 #include "platform/single_instance.h"
 #include "ui/frm_options.h"
 #include "ui/main_window.h"
+#include "update/update_check.h"
 
 #include <memory>
 #include <string>
@@ -41,6 +42,7 @@ struct Machine {
     platform::Clock& clock;
     platform::Random& random;
     platform::EventPump& pump;
+    const update::Machine* updates = nullptr; ///< null: this machine cannot ask for updates
 };
 
 /// The whole program: builds every room, ties the controls' events to their handlers, and starts.

@@ -68,6 +68,8 @@ void Scheduler::Timer1_Timer() {
     remind();
     announceWord();
     scanWhenDue();
+    if (needs_.form.exitConfirmed)
+        return; // an update takes the program's place
     needs_.tray.add(needs_.form.trayTip); // comes back where the panel was restarted, else changes nothing
     checkWhenDue();
 }

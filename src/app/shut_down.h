@@ -26,9 +26,10 @@ public:
 
     /// Asks, and ends the program on Yes; refused while a scan runs.
     void cmdExit_Click();
+    /// Ends the program without a question; refused while a scan runs.
+    void Form_Unload();
 
 private:
-    void Form_Unload();
     void leaveCharacter();
 
     Needs needs_;

@@ -115,6 +115,8 @@ void ScanRun::cmdNuke_Click() {
             "", ForceBox::No);
         return;
     }
+    if (needs_.form.exitConfirmed)
+        return; // an update takes the program's place
     needs_.form.lastScanTime = needs_.clock.now();
     needs_.statistics.showLastScanned();
     needs_.shell.setForegroundWindow();

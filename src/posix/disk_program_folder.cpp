@@ -6,6 +6,7 @@
 #include "posix/open_folder.h"
 #include "posix/plain_name.h"
 #include "posix/system_call.h"
+#include "posix/write_all.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -97,6 +98,28 @@ platform::Result<std::unique_ptr<platform::LineWriter>> DiskProgramFolder::openT
     if (mode == platform::OpenMode::Replace && ::ftruncate(file.number(), 0) != 0)
         return lastFailure();
     return std::unique_ptr<platform::LineWriter>(std::make_unique<LineFile>(std::move(file)));
+}
+
+platform::Status DiskProgramFolder::replace(const std::string& name, std::string_view content) {
+    if (!isPlainName(name))
+        return systemFailure(EINVAL);
+    if (const platform::Status made = makeFolders(paths_.own); !made)
+        return made.failure();
+    const std::string fresh = join(paths_.own, name + ".new"); // a left-over of a killed copy gives way
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    ::unlink(fresh.c_str());
+    const Descriptor file(
+        uninterrupted([&] { return ::open(fresh.c_str(), flags, S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH); }));
+    if (!file)
+        return lastFailure();
+    platform::Status written = writeAll(file.number(), content);
+    if (written && ::fsync(file.number()) != 0)
+        written = lastFailure();
+    if (written && ::rename(fresh.c_str(), join(paths_.own, name).c_str()) != 0)
+        written = lastFailure();
+    if (!written)
+        ::unlink(fresh.c_str());
+    return written;
 }
 
 std::string DiskProgramFolder::path(const std::string& name) {

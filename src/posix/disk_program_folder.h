@@ -22,6 +22,7 @@ public:
     [[nodiscard]] std::optional<std::string> read(const std::string& name, std::size_t limit) override;
     platform::Result<std::unique_ptr<platform::LineWriter>> openText(const std::string& name,
                                                                      platform::OpenMode mode) override;
+    platform::Status replace(const std::string& name, std::string_view content) override;
     [[nodiscard]] std::string path(const std::string& name) override;
 
 private:

@@ -35,10 +35,16 @@ std::string ListControl::selectedText() const {
 }
 
 bool ListControl::select(int index) {
+    if (!place(index))
+        return false;
+    click();
+    return true;
+}
+
+bool ListControl::place(int index) {
     if (index < kNone || index >= count())
         return false;
     change(selected_, index);
-    click();
     return true;
 }
 

@@ -137,6 +137,9 @@ public:
     [[nodiscard]] int selected() const { return selected_; }
     /// Selects and fires the click, even when the selection stays. False: no such item; nothing happens.
     bool select(int index);
+    /// Selects and fires nothing: the choice is the same, only its place in the list is another. False: no
+    /// such item; nothing happens.
+    bool place(int index);
 
     void add(Item item);
     /// Removes an item that exists; where it was selected, nothing is selected then. Fires nothing.
@@ -195,6 +198,20 @@ public:
 
 private:
     int step_ = 0;
+};
+
+/// A moving picture from a file, which is named by its full path.
+class Animation : public Control {
+public:
+    using Control::Control;
+    [[nodiscard]] const std::string& file() const { return file_; }
+    void open(std::string file) { change(file_, std::move(file)); }
+    [[nodiscard]] bool playing() const { return playing_; }
+    void setPlaying(bool playing) { change(playing_, playing); }
+
+private:
+    std::string file_;
+    bool playing_ = false;
 };
 
 /// The line of text at the window's lower edge: its first panel.

@@ -20,20 +20,6 @@ private:
     double maximum_ = 100;
 };
 
-/// A moving picture from a file in the program's folder.
-class Animation : public Control {
-public:
-    using Control::Control;
-    [[nodiscard]] const std::string& file() const { return file_; }
-    void open(std::string file) { change(file_, std::move(file)); }
-    [[nodiscard]] bool playing() const { return playing_; }
-    void setPlaying(bool playing) { change(playing_, playing); }
-
-private:
-    std::string file_;
-    bool playing_ = false;
-};
-
 /// The window that fetches a new version of the program.
 struct FrmDownload : Form {
     Window window{*this, "frmDownload"};
@@ -43,6 +29,15 @@ struct FrmDownload : Form {
     Button cmdCancel{*this, "cmdCancel"};
     ProgressBar ProgressBar1{*this, "ProgressBar1"};
     Animation Animation1{*this, "Animation1"};
+};
+
+/// Where download windows are shown.
+class DownloadWindowHost {
+public:
+    virtual ~DownloadWindowHost() = default;
+
+    /// Shows the form's window in front of all others, which wait, until the form says that it is invisible.
+    virtual void showModal(FrmDownload& form) = 0;
 };
 
 } // namespace brovin::ui

@@ -111,7 +111,7 @@ struct FrmOptions : Form {
     CheckBox chkUpdate{*this, "chkUpdate"};
     ComboBox cmbCheck{*this, "cmbCheck"};
     Button cmdUpdate{*this, "cmdUpdate"};
-    Image picAnim{*this, "picAnim"};
+    Animation picAnim{*this, "picAnim"}; ///< moves while a language pack is fetched
 
     // Page 7: about
     Image imgBrovin{*this, "imgBrovin"};

@@ -48,6 +48,12 @@ public:
             files[name].clear();
         return std::unique_ptr<platform::LineWriter>(std::make_unique<Writer>(files[name]));
     }
+    platform::Status replace(const std::string& name, std::string_view content) override {
+        if (refusesWriting)
+            return platform::Failure{28, "No space left on device"};
+        files[name] = content;
+        return platform::Done{};
+    }
     [[nodiscard]] std::string path(const std::string& name) override { return "/program/" + name; }
 
 private:

@@ -137,6 +137,21 @@ TEST_F(ProgramFolderTest, saysWhyItCannotWrite) {
     EXPECT_EQ("Is a directory", reasonOf(folder_.openText("log", OpenMode::Append)));
 }
 
+TEST_F(ProgramFolderTest, replacesAFileAsAWhole) {
+    EXPECT_EQ("", reasonOf(folder_.replace("a.blp", "first")));
+    EXPECT_EQ("", reasonOf(folder_.replace("a.blp", "second")));
+    EXPECT_EQ("second", onDisk("own/data/a.blp"));
+    disk_.addText("elsewhere", "kept");
+    disk_.addLink("own/data/a.blp.new", disk_.path("elsewhere"));
+    EXPECT_EQ("", reasonOf(folder_.replace("a.blp", "third")));
+    EXPECT_EQ("kept", onDisk("elsewhere")) << "a planted link is not followed";
+    EXPECT_EQ("third", onDisk("own/data/a.blp"));
+    disk_.addFolder("own/data/a.blp.new");
+    EXPECT_NE("", reasonOf(folder_.replace("a.blp", "fourth")));
+    EXPECT_EQ("third", onDisk("own/data/a.blp")) << "the old one stays";
+    EXPECT_NE("", reasonOf(folder_.replace("../a.blp", "x")));
+}
+
 TEST_F(ProgramFolderTest, keepsLinesOfSeveralWritersWhole) {
     constexpr int kWriters = 4;
     constexpr int kLines = 200;

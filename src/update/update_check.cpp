@@ -1,0 +1,188 @@
+#include "update/update_check.h"
+
+#include "text/strings.h"
+#include "update/address.h"
+#include "update/update_download.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace brovin::update {
+namespace {
+
+namespace box = platform::box;
+namespace setting = app::setting;
+using companion::ForceBox;
+using platform::Button;
+
+/// The longest answer that is read, in bytes.
+constexpr std::size_t kLongestAnswer = std::size_t{64} * 1024;
+
+constexpr const char* kPackTitle = "Language update";
+
+/// The scheduler stands still during a check, and a check does not begin in the midst of another.
+class Standstill {
+public:
+    Standstill(ui::Timer& timer, bool& checking) : timer_(timer), checking_(checking) {
+        checking_ = true;
+        timer_.setEnabled(false);
+    }
+    ~Standstill() {
+        checking_ = false;
+        timer_.setEnabled(restart);
+    }
+    Standstill(const Standstill&) = delete;
+    Standstill& operator=(const Standstill&) = delete;
+
+    bool restart = true;
+
+private:
+    ui::Timer& timer_;
+    bool& checking_;
+};
+
+/// The shown entry of a language file.
+std::string entryText(const ui::FrmOptions& form, const language::LanguageCatalogue& catalogue,
+                      const std::string& file) {
+    const auto entry = catalogue.entryOf(file);
+    return entry ? form.lstLang.items()[static_cast<std::size_t>(*entry)].text : file;
+}
+
+} // namespace
+
+UpdateCheck::UpdateCheck(const Needs& needs)
+    : needs_(needs),
+      pack_({needs.form, needs.catalogue, needs.folder, needs.machine.transfer, needs.machine.key}) {}
+
+UpdateCheck::Outcome UpdateCheck::check() {
+    if (checking_)
+        return Outcome::Offered; // the check under way tells what there is to tell
+    Standstill standstill(needs_.form.Timer1, checking_);
+    const auto answer = needs_.machine.transfer.openUrl(
+        {urlFor("myid=brovin&myver=" + needs_.running.text())}, kLongestAnswer);
+    const auto offer = answer ? programOffer(*answer) : std::nullopt;
+    const bool newer = offer && countsAsNewer(offer->version, needs_.running);
+    if (newer && offerProgram(*offer) == Ending::Replaced) {
+        standstill.restart = false;
+        return Outcome::Offered;
+    }
+    if (!answer) // whoever cannot be reached has no packs either, and each question would have to run out
+        return Outcome::NoAnswer;
+    const bool packs = offerPacks();
+    if (newer || packs)
+        return Outcome::Offered;
+    return answer->empty() ? Outcome::NoAnswer : Outcome::Nothing;
+}
+
+std::string UpdateCheck::urlFor(const std::string& query) const {
+    return needs_.machine.server + "/download/brovinupdate.php?" + query;
+}
+
+UpdateCheck::Ending UpdateCheck::offerProgram(const ProgramOffer& offer) {
+    if (ask(questionFor(offer), needs_.messages.getMessage(34)))
+        return download(offer);
+    needs_.settings.write(setting::kNoCheck, "1");
+    cancelled();
+    return Ending::GoesOn;
+}
+
+std::string UpdateCheck::questionFor(const ProgramOffer& offer) const {
+    std::string question = needs_.messages.getMessage(31, {needs_.phrases.getDude()});
+    question += needs_.messages.getMessage(32, {std::to_string(offer.version.major),
+                                                std::to_string(offer.version.minor),
+                                                std::to_string(offer.version.revision)});
+    if (offer.sizeKb)
+        question += " - " + needs_.messages.getMessage(33) + ": " + std::to_string(*offer.sizeKb) + " KB";
+    return question;
+}
+
+UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
+    ui::FrmDownload form;
+    UpdateDownload window({form, needs_.messages, needs_.dialogs, needs_.machine.transfer,
+                           needs_.machine.downloads, needs_.machine.key, needs_.pump},
+                          offer, needs_.folder.path("DOWNLOAD.AVI"));
+    form.window.setVisible(true);
+    needs_.machine.windows.showModal(form);
+    if (window.cancelled()) {
+        cancelled();
+        return Ending::GoesOn;
+    }
+    if (const platform::Status started = window.install(); !started) {
+        tell("The update could not be started: " + started.failure().reason + ".\r\n\r\nIt is kept in " +
+                 window.localFile() + ".exe until the next download.",
+             box::kCritical, needs_.messages.getMessage(34));
+        return Ending::GoesOn;
+    }
+    needs_.form.exitConfirmed = true;
+    needs_.pump.pump();
+    replaced();
+    return Ending::Replaced;
+}
+
+bool UpdateCheck::offerPacks() {
+    // A pack that is taken makes the catalogue anew, so the questions are those of the one at the beginning.
+    const auto files = needs_.catalogue.langFiles;
+    const auto versions = needs_.catalogue.langVersions;
+    bool any = false;
+    for (std::size_t slot = 0; slot < files.size(); ++slot) {
+        if (files[slot].empty())
+            continue;
+        const auto answer = needs_.machine.transfer.openUrl(
+            {urlFor("myid=lang&mylang=" + queryValue(files[slot]) + "&myver=" + versions[slot])},
+            kLongestAnswer);
+        const auto offer = answer ? packOffer(*answer) : std::nullopt;
+        if (!offer)
+            continue;
+        any = true;
+        if (ask("Version " + offer->version + " of the " +
+                    entryText(needs_.form, needs_.catalogue, files[slot]) +
+                    " language pack is available. Would you like to download it now?",
+                kPackTitle))
+            fetchPack(*offer, files[slot]);
+    }
+    return any;
+}
+
+void UpdateCheck::fetchPack(const PackOffer& offer, const std::string& file) {
+    const PackOutcome outcome = pack_.fetch(offer, file);
+    if (outcome.installed)
+        tell(needs_.messages.getMessage(36), box::kInformation, kPackTitle);
+    else if (outcome.reason.empty())
+        tell(needs_.messages.getMessage(37), box::kExclamation, kPackTitle);
+    else
+        tell("The language pack was not taken, and the old one stays.\r\n\r\n" + outcome.reason,
+             box::kExclamation, kPackTitle);
+}
+
+void UpdateCheck::cancelled() {
+    needs_.form.sbStatus.setPanel(needs_.messages.getMessage(35));
+}
+
+void UpdateCheck::cmdUpdate_Click() {
+    if (needs_.form.scanBusy || checking_)
+        return; // a scan ends with a check
+    needs_.settings.write(setting::kNoCheck, "0");
+    const std::string before = needs_.form.sbStatus.panel();
+    const std::string asking = needs_.messages.getMessage(27);
+    needs_.form.sbStatus.setPanel(asking);
+    needs_.pump.pump();
+    const Outcome outcome = check();
+    if (needs_.form.sbStatus.panel() == asking)
+        needs_.form.sbStatus.setPanel(before);
+    const std::string title = needs_.messages.getMessage(30);
+    if (outcome == Outcome::Nothing)
+        tell(needs_.messages.getMessage(28, {needs_.phrases.getDude()}), box::kInformation, title);
+    else if (outcome == Outcome::NoAnswer)
+        tell(needs_.messages.getMessage(29), box::kExclamation, title);
+}
+
+void UpdateCheck::tell(const std::string& text, platform::BoxStyle style, const std::string& title) {
+    needs_.announcer.agentMsgBox(text, style, title, ForceBox::No);
+}
+
+bool UpdateCheck::ask(const std::string& question, const std::string& title) {
+    return needs_.announcer.agentMsgBox(question, box::kYesNo | box::kQuestion, title, ForceBox::Yes) ==
+           Button::Yes;
+}
+
+} // namespace brovin::update

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "app/settings.h"
+#include "companion/announcer.h"
+#include "companion/phrase_engine.h"
+#include "language/language_catalogue.h"
+#include "language/message_table.h"
+#include "platform/dialogs.h"
+#include "platform/download_folder.h"
+#include "platform/event_pump.h"
+#include "platform/internet_transfer.h"
+#include "platform/makers_key.h"
+#include "platform/program_folder.h"
+#include "ui/frm_download.h"
+#include "ui/frm_options.h"
+#include "update/answers.h"
+#include "update/language_pack.h"
+
+#include <optional>
+#include <string>
+
+namespace brovin::update {
+
+/// What it takes of the machine to update the program.
+struct Machine {
+    platform::InternetTransfer& transfer;
+    platform::DownloadFolder& downloads;
+    const platform::MakersKey& key;
+    ui::DownloadWindowHost& windows;
+    std::string server; ///< where the maker's server is, without a path
+};
+
+/// Asks the maker's server for a newer program and newer language files, and offers what there is.
+class UpdateCheck {
+public:
+    struct Needs {
+        ui::FrmOptions& form;
+        app::Settings& settings;
+        const language::MessageTable& messages;
+        companion::PhraseEngine& phrases;
+        companion::Announcer& announcer;
+        language::LanguageCatalogue& catalogue;
+        platform::ProgramFolder& folder;
+        platform::Dialogs& dialogs;
+        platform::EventPump& pump;
+        Version running;
+        Machine machine;
+    };
+    explicit UpdateCheck(const Needs& needs);
+
+    /// An installer has been started, and the program is to make room for it.
+    ui::Event<> replaced;
+
+    /// Finding nothing is no news; the user is only told of what is on offer.
+    void checkForUpdates() { check(); }
+    /// The button: whoever presses it wants an answer.
+    void cmdUpdate_Click();
+
+private:
+    enum class Outcome { Nothing, NoAnswer, Offered };
+    enum class Ending { GoesOn, Replaced };
+
+    Outcome check();
+    [[nodiscard]] std::string urlFor(const std::string& query) const;
+    Ending offerProgram(const ProgramOffer& offer);
+    Ending download(const ProgramOffer& offer);
+    [[nodiscard]] std::string questionFor(const ProgramOffer& offer) const;
+    bool offerPacks();
+    void fetchPack(const PackOffer& offer, const std::string& file);
+    void cancelled();
+    void tell(const std::string& text, platform::BoxStyle style, const std::string& title);
+    [[nodiscard]] bool ask(const std::string& question, const std::string& title);
+
+    Needs needs_;
+    LanguagePack pack_;
+    bool checking_ = false;
+};
+
+} // namespace brovin::update

@@ -1,0 +1,276 @@
+#include "update/update_download.h"
+
+#include "text/strings.h"
+#include "update/proof.h"
+
+#include <charconv>
+#include <utility>
+
+namespace brovin::update {
+namespace {
+
+namespace box = platform::box;
+using platform::TransferState;
+
+constexpr std::uint64_t kKb = 1024;
+constexpr std::size_t kPiece = 1024;
+/// What is shorter is an error page.
+constexpr std::uint64_t kShortest = 1000;
+constexpr std::uint64_t kLargest = std::uint64_t{2} << 30U;
+
+/// The first letters of the program's file name, by which its temporary files are known.
+constexpr std::string_view kPrefix = "bro";
+
+std::uint64_t lengthOf(const std::optional<std::string>& header) {
+    std::uint64_t length = 0;
+    if (!header)
+        return 0;
+    const auto [end, error] = std::from_chars(header->data(), header->data() + header->size(), length);
+    return error == std::errc() && end == header->data() + header->size() ? length : 0;
+}
+
+} // namespace
+
+UpdateDownload::UpdateDownload(const Needs& needs, ProgramOffer offer, const std::string& animation)
+    : needs_(needs), offer_(std::move(offer)) {
+    needs_.form.cmdStart.click = [this] { cmdStart_Click(); };
+    needs_.form.cmdCancel.click = [this] { cmdCancel_Click(); };
+    needs_.form.window.close = [this] { Form_Close(); };
+    needs_.transfer.stateChanged = [this](TransferState state) { Inet1_StateChanged(state); };
+    dress(animation);
+}
+
+UpdateDownload::~UpdateDownload() {
+    needs_.transfer.stateChanged = nullptr;
+}
+
+void UpdateDownload::dress(const std::string& animation) {
+    ui::FrmDownload& form = needs_.form;
+    std::string title = needs_.messages.getMessage(34);
+    if (offer_.sizeKb)
+        title += " - " + needs_.messages.getMessage(33) + ": " + std::to_string(*offer_.sizeKb) + " KB";
+    form.window.setCaption(title);
+    form.cmdStart.setCaption(needs_.messages.getMessage(66));
+    form.cmdCancel.setCaption(needs_.messages.getMessage(67));
+    form.cmdStart.setDefault(true);
+    form.ProgressBar1.setValue(0);
+    show(needs_.messages.getMessage(71));
+    form.Animation1.open(animation);
+    splitChanges(offer_.changes);
+}
+
+void UpdateDownload::show(std::string text) {
+    needs_.form.lblText.setCaption(text::replaceAll(text, "&", ""));
+}
+
+void UpdateDownload::splitChanges(std::string_view list) {
+    needs_.form.txtUpdates.setText(text::replaceAll(list, "|", "\r\n"));
+    if (!list.empty())
+        show(needs_.messages.getMessage(72) + " " + needs_.form.lblText.caption());
+}
+
+void UpdateDownload::cmdStart_Click() {
+    if (running())
+        return;
+    needs_.form.cmdStart.setEnabled(false);
+    for (const std::string_view ending : {".tmp", ".tmp.exe", ".tmp.exe.deb"})
+        needs_.folder.removeLeftOvers(kPrefix, ending);
+    cancelRequested_ = false;
+    auto file = needs_.folder.create(kPrefix);
+    if (!file) {
+        const platform::Failure& failure = file.failure();
+        fail(needs_.messages.getMessage(70, {std::to_string(failure.number), failure.reason}));
+        return;
+    }
+    file_ = std::move(*file);
+    localFile_ = file_->name();
+    show(needs_.messages.getMessage(69));
+    if (needs_.key.present())
+        request(Phase::Asking, statementUrl(offer_.url));
+    else
+        request(Phase::Receiving, offer_.url);
+    needs_.pump.pump();
+}
+
+void UpdateDownload::request(Phase phase, const std::string& url) {
+    phase_ = phase;
+    const platform::Status started = needs_.transfer.execute({url});
+    if (!started)
+        fail(needs_.messages.getMessage(
+            70, {std::to_string(started.failure().number), started.failure().reason}));
+}
+
+void UpdateDownload::Inet1_StateChanged(TransferState state) {
+    if (!running() || cancelRequested_)
+        return;
+    if (state == TransferState::Error) {
+        const platform::Failure failure = needs_.transfer.failure();
+        constexpr int kNotFound = 404;
+        if (phase_ == Phase::Asking && failure.number == kNotFound)
+            distrust("The server has no signature for it.");
+        else
+            fail(needs_.messages.getMessage(70, {std::to_string(failure.number), failure.reason}));
+    } else if (phase_ == Phase::Asking)
+        readStatement();
+    else
+        receive();
+}
+
+void UpdateDownload::readStatement() {
+    std::string text;
+    for (;;) {
+        const auto piece = needs_.transfer.readPiece(kPiece);
+        if (cancelRequested_)
+            return;
+        if (!piece || text.size() > kLongestStatement)
+            return distrust("Its signature cannot be read.");
+        if ((*piece).empty())
+            break;
+        text.append(*piece);
+    }
+    if (const auto reason = whyNotOffered(text, {offer_.version.text(), offer_.sizeKb}, needs_.key))
+        return distrust(*reason);
+    statement_ = *statementOf(text);
+    request(Phase::Receiving, offer_.url);
+}
+
+void UpdateDownload::receive() {
+    cancelRequested_ = false;
+    const std::uint64_t length = lengthOf(needs_.transfer.header("Content-length"));
+    if (length < kShortest) {
+        needs_.transfer.cancel();
+        return fail(needs_.messages.getMessage(76));
+    }
+    if (length > kLargest || (needs_.key.present() && length != statement_.size)) {
+        needs_.transfer.cancel();
+        return distrust("It has another size than the one that was signed.");
+    }
+    needs_.form.ProgressBar1.setMaximum(static_cast<double>(length) / kKb);
+    needs_.form.Animation1.setPlaying(true);
+    if (readBody(length))
+        finish(length);
+}
+
+/// False: it did not come as announced or was cancelled, and that has been dealt with.
+bool UpdateDownload::readBody(std::uint64_t length) {
+    std::uint64_t come = 0;
+    while (!cancelRequested_) {
+        const auto piece = needs_.transfer.readPiece(kPiece);
+        if (cancelRequested_)
+            break;
+        if (!piece) {
+            distrust("The connection broke: " + piece.failure().reason + ".");
+            return false;
+        }
+        if ((*piece).empty())
+            break;
+        come += (*piece).size();
+        const platform::Status written = come <= length ? file_->append(*piece) : platform::Done{};
+        if (come > length || !written) {
+            needs_.transfer.cancel();
+            distrust(come > length ? "More came than the server had announced."
+                                   : "The disk did not take it: " + written.failure().reason + ".");
+            return false;
+        }
+        showAmounts(come, length);
+        needs_.pump.pump();
+    }
+    if (cancelRequested_)
+        return false;
+    if (come < length)
+        distrust("Less came than the server had announced.");
+    return come == length;
+}
+
+void UpdateDownload::showAmounts(std::uint64_t come, std::uint64_t length) {
+    needs_.form.ProgressBar1.setValue(static_cast<double>(come) / kKb);
+    show(needs_.messages.getMessage(73, {std::to_string(come / kKb), std::to_string(length / kKb)}));
+}
+
+void UpdateDownload::finish(std::uint64_t length) {
+    if (const platform::Status closed = file_->close(); !closed)
+        return distrust("The disk did not take it: " + closed.failure().reason + ".");
+    if (file_->size() != length)
+        return distrust("The disk did not take all of it.");
+    const std::string reason = whyNotTrusted();
+    if (cancelRequested_)
+        return;
+    if (!reason.empty())
+        return distrust(reason);
+    if (const platform::Status copied = file_->alsoNamed(".exe"); !copied)
+        return distrust("The disk did not take it: " + copied.failure().reason + ".");
+    complete();
+}
+
+/// Empty: it is trusted.
+std::string UpdateDownload::whyNotTrusted() {
+    if (!needs_.key.present())
+        return {};
+    const auto hash = file_->sha512([this] {
+        needs_.pump.pump();
+        return !cancelRequested_;
+    });
+    if (!hash)
+        return "It cannot be read again: " + hash.failure().reason + ".";
+    return whyNotReceived(statement_, {file_->size(), *hash}).value_or("");
+}
+
+void UpdateDownload::complete() {
+    phase_ = Phase::Complete;
+    needs_.form.Animation1.setPlaying(false);
+    show(needs_.messages.getMessage(74));
+    needs_.form.cmdCancel.setCaption(needs_.messages.getMessage(75));
+    needs_.form.cmdStart.setDefault(false);
+    needs_.form.cmdCancel.setDefault(true);
+}
+
+/// Nothing is kept of what came, and the user may try again.
+void UpdateDownload::fail(const std::string& text) {
+    phase_ = Phase::Ready;
+    if (file_)
+        file_->remove();
+    file_.reset();
+    needs_.form.Animation1.setPlaying(false);
+    needs_.form.ProgressBar1.setValue(0);
+    show(text);
+    needs_.form.cmdStart.setEnabled(true);
+}
+
+void UpdateDownload::distrust(const std::string& reason) {
+    fail(needs_.messages.getMessage(77) + " " + reason);
+}
+
+void UpdateDownload::cmdCancel_Click() {
+    if (phase_ == Phase::Complete)
+        needs_.form.window.setVisible(false); // what follows is the installation
+    else
+        Form_Close();
+}
+
+void UpdateDownload::Form_Close() {
+    if (cancelRequested_)
+        return;
+    if (running() &&
+        needs_.dialogs.messageBox(needs_.messages.getMessage(68), box::kYesNo | box::kExclamation,
+                                  "Cancel Update") != platform::Button::Yes)
+        return;
+    leave();
+}
+
+void UpdateDownload::leave() {
+    cancelRequested_ = true;
+    needs_.transfer.cancel();
+    if (file_)
+        file_->remove(); // a reading loop beneath may still hold it
+    needs_.form.Animation1.setPlaying(false);
+    cancelled_ = true;
+    needs_.form.window.setVisible(false);
+}
+
+platform::Status UpdateDownload::install() {
+    if (phase_ != Phase::Complete || !file_)
+        return platform::Failure{0, "There is no installer"};
+    return file_->startInstaller();
+}
+
+} // namespace brovin::update
