@@ -4,6 +4,7 @@
 #include "desktop/accessibility.h"
 #include "desktop/autostart_registry.h"
 #include "desktop/character/desktop_character_service.h"
+#include "desktop/download_window.h"
 #include "desktop/lock_file_instance.h"
 #include "desktop/options_window.h"
 #include "desktop/pictures.h"
@@ -15,6 +16,9 @@
 #include "desktop/tray_icon.h"
 #include "desktop/voice/espeak_voice.h"
 #include "desktop/voice/sound_player.h"
+#include "desktop/update/curl_transfer.h"
+#include "desktop/update/private_downloads.h"
+#include "desktop/update/sodium_key.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/posix_file_system.h"
@@ -57,11 +61,12 @@ std::vector<std::string> characterFolders(const Places& places) {
 
 /// The machine beneath, on a Linux desktop.
 struct DesktopMachine {
-    explicit DesktopMachine(const Places& places)
+    DesktopMachine(const Places& places, const UpdateSource& source)
         : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
-          characters({characterFolders(places), spokenAudio, [this] { return dialogs.open(); }}),
+          characters({characterFolders(places), spokenAudio, [this] { return busy(); }}),
           registry(places.autostartFolder), instance(places.runningLock),
-          scanLock(bytesOf(places.settingsFolder)) {}
+          scanLock(bytesOf(places.settingsFolder)),
+          key(source.key), updates{transfer, downloads, key, downloadWindows, source.server} {}
 
     QtSettingsStore settings;
     posix::PosixFileSystem files;
@@ -78,10 +83,17 @@ struct DesktopMachine {
     posix::SystemClock clock;
     posix::StandardRandom random;
     QtEventPump pump;
+    CurlTransfer transfer;
+    PrivateDownloads downloads{downloadFolderPath()};
+    SodiumKey key;
+    DownloadWindows downloadWindows;
+    update::Machine updates;
 
+    /// Whether the program waits for an answer, and other events have to wait for the program.
+    [[nodiscard]] bool busy() const { return dialogs.open() || transfer.waiting() || downloadWindows.open(); }
     [[nodiscard]] app::Machine pieces() {
         return {settings, files,    folder,   dialogs,  shell, tray,   clipboard, characters,
-                registry, instance, scanLock, regional, clock, random, pump};
+                registry, instance, scanLock, regional, clock, random, pump,      &updates};
     }
 };
 
@@ -97,26 +109,29 @@ void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings) {
 } // namespace
 
 struct DesktopProgram::Parts {
-    Parts(const Places& places, const app::ProgramInfo& info)
-        : machine(places), program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath())) {}
+    Parts(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates)
+        : machine(places, updates),
+          program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath())) {}
 
     DesktopMachine machine;
     app::Program program;
-    std::function<bool()> busy = [this] { return machine.dialogs.open(); };
+    std::function<bool()> busy = [this] { return machine.busy(); };
     OptionsWindow window{program.frmOptions()};
     TimerBinding tick{program.frmOptions().Timer1, busy};
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
 
-DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info) {
+DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info,
+                               const UpdateSource& updates) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
     installAccessibility();
     QDir().mkpath(places.settingsFolder);
-    parts_ = std::make_unique<Parts>(places, info);
+    parts_ = std::make_unique<Parts>(places, info, updates);
     DesktopMachine& machine = parts_->machine;
     OptionsWindow& window = parts_->window;
     machine.dialogs.setOwner(&window);
+    machine.downloadWindows.setOwner(&window);
     machine.shell.setWindow(&window);
     machine.shell.setManual(places.installedFolder + QStringLiteral("/help"));
     machine.shell.ending = [&window] { window.letGo(); };

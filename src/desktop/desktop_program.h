@@ -6,6 +6,7 @@
 #include <QRect>
 
 #include <memory>
+#include <string>
 
 namespace brovin::ui {
 struct FrmOptions;
@@ -15,11 +16,17 @@ namespace brovin::desktop {
 
 class OptionsWindow;
 
+/// Where updates come from, and who vouches for them.
+struct UpdateSource {
+    std::string server; ///< without a path
+    std::string key;    ///< the maker's public key in hex or base64; empty: this build has none
+};
+
 /// The program on a desktop: the machine beneath, the core on it, and the options window before it. There
 /// must be a QApplication.
 class DesktopProgram {
 public:
-    DesktopProgram(const Places& places, const app::ProgramInfo& info);
+    DesktopProgram(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates = {});
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;

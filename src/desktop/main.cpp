@@ -11,6 +11,7 @@
 #include "posix/standard_random.h"
 #include "posix/system_clock.h"
 #include "posix/terminal.h"
+#include "update/address.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -18,6 +19,7 @@
 #include <QFile>
 
 #include <iostream>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -26,6 +28,15 @@ namespace {
 using namespace brovin;
 
 const app::ProgramInfo kInfo{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
+
+/// Where updates come from: the build's server, or the one of the command line. nullopt: not a safe one.
+std::optional<desktop::UpdateSource> updateSource(std::string server) {
+    while (server.ends_with('/'))
+        server.pop_back();
+    if (!update::mayFetch(server, platform::PlainHttp::OnlyFromThisMachine))
+        return std::nullopt;
+    return desktop::UpdateSource{std::move(server), kUpdateKey};
+}
 
 std::string bytesOf(const QString& path) {
     return QFile::encodeName(path).toStdString();
@@ -86,12 +97,17 @@ int main(int argc, char** argv) {
         const QCoreApplication application(argc, argv);
         return scan(line.scanOptions, desktop::findPlaces(programFolder));
     }
+    const auto updates = updateSource(line.updateServer.empty() ? kUpdateServer : line.updateServer);
+    if (!updates) {
+        std::cerr << "brovin: --update-server wants an https address, or an http address of this machine\n";
+        return static_cast<int>(headless::ScanStatus::BadUsage);
+    }
     if (!choosePlatform()) {
         std::cerr << "brovin: there is no display; \"brovin --scan\" works without one\n";
         return 1;
     }
     QApplication application(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("brovin"));
-    desktop::DesktopProgram program(desktop::findPlaces(programFolder), kInfo);
+    desktop::DesktopProgram program(desktop::findPlaces(programFolder), kInfo, *updates);
     return program.start() ? QApplication::exec() : 0;
 }

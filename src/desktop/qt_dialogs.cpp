@@ -74,6 +74,8 @@ QString titleOf(const std::string& title) {
 } // namespace
 
 QWidget* QtDialogs::visibleOwner() const {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal; // a question about a window that waits for the answer
     return owner_ != nullptr && owner_->isVisible() ? owner_ : nullptr;
 }
 

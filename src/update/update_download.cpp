@@ -52,6 +52,8 @@ void UpdateDownload::dress(const std::string& animation) {
     form.window.setCaption(title);
     form.cmdStart.setCaption(needs_.messages.getMessage(66));
     form.cmdCancel.setCaption(needs_.messages.getMessage(67));
+    form.txtUpdates.setCaption(needs_.messages.getMessage(72)); // what a screen reader calls them
+    form.ProgressBar1.setCaption(title);
     form.cmdStart.setDefault(true);
     form.ProgressBar1.setValue(0);
     show(needs_.messages.getMessage(71));

@@ -1,3 +1,4 @@
+#include "desktop/animation_label.h"
 #include "desktop/pages/pages.h"
 #include "desktop/pages/parts.h"
 
@@ -8,6 +9,10 @@
 
 namespace brovin::desktop {
 
+namespace {
+constexpr int kAnimationHeight = 64;
+}
+
 QWidget* makeProgramPage(ui::FrmOptions& form, QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
@@ -16,7 +21,8 @@ QWidget* makeProgramPage(ui::FrmOptions& form, QWidget* parent) {
     layout->addWidget(languages, 1);
     layout->addWidget(bound<QCheckBox>(form.chkStartWindows, page));
     layout->addLayout(row({bound<QCheckBox>(form.chkUpdate, page), bound<QComboBox>(form.cmbCheck, page)}));
-    layout->addLayout(row({bound<QPushButton>(form.cmdUpdate, page)}));
+    layout->addLayout(row({bound<QPushButton>(form.cmdUpdate, page),
+                           new AnimationLabel(form.picAnim, kAnimationHeight, page)}));
     return page;
 }
 

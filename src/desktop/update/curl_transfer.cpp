@@ -1,0 +1,132 @@
+#include "desktop/update/curl_transfer.h"
+
+#include "text/strings.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace brovin::desktop {
+
+using platform::Failure;
+using platform::TransferState;
+
+std::function<void()> CurlTransfer::waker() {
+    return [this] {
+        if (!called_.exchange(true))
+            QMetaObject::invokeMethod(
+                &context_, [this] { awake(); }, Qt::QueuedConnection);
+    };
+}
+
+void CurlTransfer::awake() {
+    called_ = false;
+    if (loop_ != nullptr)
+        loop_->quit();
+    if (!fetching_)
+        announce();
+}
+
+/// Tells once how an asynchronous request has got on.
+void CurlTransfer::announce() {
+    if (!request_ || announced_)
+        return;
+    Arrival arrival = request_->take();
+    if (!arrival.response && !arrival.ended)
+        return;
+    announced_ = true;
+    chunk_ = std::move(arrival.bytes);
+    read_ = 0;
+    if (!arrival.response)
+        failure_ = arrival.failure.value_or(Failure{0, "The server has nothing to say"});
+    const auto tell = stateChanged;
+    if (tell)
+        tell(arrival.response ? TransferState::Response : TransferState::Error);
+}
+
+void CurlTransfer::wait(QEventLoop::ProcessEventsFlags events) {
+    QEventLoop loop;
+    QEventLoop* const outer = std::exchange(loop_, &loop);
+    loop.exec(events);
+    loop_ = outer;
+    if (outer != nullptr)
+        outer->quit(); // it may have waited for the same
+}
+
+platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequest& request,
+                                                    std::size_t limit) {
+    if (fetching_ || request_)
+        return Failure{0, "Another request is under way"};
+    fetching_ = true;
+    called_ = false;
+    CurlRequest fetch(request, patience_, waker());
+    QElapsedTimer since;
+    since.start();
+    QTimer deadline;
+    QObject::connect(&deadline, &QTimer::timeout, &context_, [this] { awake(); });
+    deadline.start(patience_.text);
+    std::string text;
+    std::optional<Failure> failure;
+    for (bool ended = false; !ended && !failure;) {
+        Arrival arrival = fetch.take();
+        text += arrival.bytes;
+        ended = arrival.ended;
+        failure = arrival.failure;
+        if (text.size() > limit)
+            failure = Failure{0, "The answer is too long"};
+        else if (since.hasExpired(patience_.text.count()))
+            failure = Failure{0, "The server is too slow"};
+        else if (!ended)
+            wait(QEventLoop::ExcludeUserInputEvents);
+    }
+    fetching_ = false;
+    if (failure)
+        return *failure;
+    return text;
+}
+
+platform::Status CurlTransfer::execute(const platform::TransferRequest& request) {
+    if (fetching_)
+        return Failure{0, "Another request is under way"};
+    cancel();
+    announced_ = false;
+    called_ = false;
+    request_ = std::make_unique<CurlRequest>(request, patience_, waker());
+    return platform::Done{};
+}
+
+std::optional<std::string> CurlTransfer::header(std::string_view name) const {
+    return request_ ? request_->header(text::asciiLower(name)) : std::nullopt;
+}
+
+platform::Result<std::string_view> CurlTransfer::readPiece(std::size_t most) {
+    while (read_ == chunk_.size()) {
+        if (!request_)
+            return std::string_view();
+        Arrival arrival = request_->take();
+        chunk_ = std::move(arrival.bytes);
+        read_ = 0;
+        if (!chunk_.empty())
+            break;
+        if (arrival.failure)
+            return *arrival.failure;
+        if (arrival.ended)
+            return std::string_view();
+        wait(QEventLoop::AllEvents);
+    }
+    const std::string_view piece = std::string_view(chunk_).substr(read_, most);
+    read_ += piece.size();
+    return piece;
+}
+
+void CurlTransfer::cancel() {
+    request_.reset();
+    chunk_.clear();
+    read_ = 0;
+    if (loop_ != nullptr)
+        loop_->quit();
+}
+
+} // namespace brovin::desktop

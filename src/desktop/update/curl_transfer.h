@@ -1,0 +1,52 @@
+#pragma once
+
+#include "desktop/update/curl_request.h"
+#include "desktop/update/patience.h"
+#include "platform/internet_transfer.h"
+
+#include <QEventLoop>
+#include <QObject>
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+namespace brovin::desktop {
+
+/// Web requests on the program's thread. Each runs in a thread of its own, which only moves bytes; the
+/// program hears of them through its event loop.
+class CurlTransfer final : public platform::InternetTransfer {
+public:
+    explicit CurlTransfer(const Patience& patience = {}) : patience_(patience) {}
+
+    /// Whether the program waits for a text: what else happens has to wait with it.
+    [[nodiscard]] bool waiting() const { return fetching_; }
+
+    platform::Result<std::string> openUrl(const platform::TransferRequest& request,
+                                          std::size_t limit) override;
+    platform::Status execute(const platform::TransferRequest& request) override;
+    [[nodiscard]] platform::Failure failure() const override { return failure_; }
+    [[nodiscard]] std::optional<std::string> header(std::string_view name) const override;
+    platform::Result<std::string_view> readPiece(std::size_t most) override;
+    void cancel() override;
+
+private:
+    [[nodiscard]] std::function<void()> waker();
+    void awake();
+    void announce();
+    /// Lets events through until something may have come.
+    void wait(QEventLoop::ProcessEventsFlags events);
+
+    Patience patience_;
+    bool fetching_ = false;
+    bool announced_ = false;
+    platform::Failure failure_;
+    std::string chunk_;
+    std::size_t read_ = 0; ///< of the chunk
+    std::atomic<bool> called_ = false;
+    QEventLoop* loop_ = nullptr;
+    QObject context_;
+    std::unique_ptr<CurlRequest> request_; ///< goes first: its thread calls the others
+};
+
+} // namespace brovin::desktop
