@@ -16,6 +16,7 @@ namespace {
 using platform::Failure;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
+constexpr std::uint64_t kPage = 64 * 1024;
 constexpr int kRedirects = 5;
 constexpr long kSuccess = 200;
 constexpr std::chrono::milliseconds kLookAround{200};
@@ -182,8 +183,6 @@ std::optional<Failure> CurlRequest::outcomeOf(Hop& hop, int code) const {
         return Failure{static_cast<int>(hop.status), "The server answered " + std::to_string(hop.status)};
     if (hop.status == kSuccess && hop.announced && hop.come > *hop.announced)
         return Failure{CURLE_RECV_ERROR, "More came than the server had announced"};
-    if (isRedirect(hop.status) && code == CURLE_WRITE_ERROR)
-        return std::nullopt; // whatever stands on the page that leads on
     if (code != CURLE_OK)
         return Failure{code, hop.reason[0] == '\0' ? curl_easy_strerror(static_cast<CURLcode>(code))
                                                    : hop.reason.data()};
@@ -223,9 +222,10 @@ void CurlRequest::takeHeader(Hop& hop, std::string_view line) {
 
 /// False: the request is over.
 bool CurlRequest::takeBytes(Hop& hop, std::string_view bytes) {
-    if (hop.status != kSuccess)
-        return false;
     hop.come += bytes.size();
+    if (hop.status !=
+        kSuccess) // the page that goes with a redirect has to end, or libcurl forgets the redirect
+        return isRedirect(hop.status) && hop.come < kPage;
     {
         std::unique_lock lock(mutex_);
         const auto before = Clock::now();
