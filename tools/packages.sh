@@ -16,7 +16,7 @@ packages_virtual_desktop=(
     openbox picom trayer x11-utils x11-xserver-utils xdotool xvfb
 )
 packages_bench=(
-    findutils libbenchmark-dev
+    curl findutils libbenchmark-dev
 )
 packages_test=(
     at-spi2-core dbus-daemon desktop-file-utils

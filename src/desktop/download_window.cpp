@@ -35,7 +35,8 @@ DownloadWindow::DownloadWindow(ui::FrmDownload& form, QWidget* owner) : QDialog(
     changes->setVisible(!form.txtUpdates.text().empty());
     layout->addWidget(changes, 1);
     progress_ = new QProgressBar(this);
-    bindCommon(progress_, form.ProgressBar1);
+    progress_->setObjectName(qt(form.ProgressBar1.name()));
+    progress_->setAccessibleName(qt(form.ProgressBar1.caption()));
     progress_->setRange(0, kProgressSteps);
     layout->addWidget(progress_);
     layout->addLayout(makeButtons());
@@ -76,6 +77,7 @@ QLayout* DownloadWindow::makeButtons() {
     bind(cancel, form_.cmdCancel);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
+    start->setFocus();
     buttons->addWidget(start);
     buttons->addWidget(cancel);
     return buttons;
