@@ -107,6 +107,8 @@ void DownloadWindows::showModal(ui::FrmDownload& form) {
     window.exec();
     form.window.setVisible(false); // the desktop may have closed it without asking
     open_ = false;
+    if (owner_ != nullptr && owner_->isVisible())
+        owner_->activateWindow(); // not every desktop gives it the keyboard back by itself
 }
 
 } // namespace brovin::desktop

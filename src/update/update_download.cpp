@@ -61,7 +61,7 @@ void UpdateDownload::dress(const std::string& animation) {
     splitChanges(offer_.changes);
 }
 
-void UpdateDownload::show(std::string text) {
+void UpdateDownload::show(const std::string& text) {
     needs_.form.lblText.setCaption(text::replaceAll(text, "&", ""));
 }
 

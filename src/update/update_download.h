@@ -55,7 +55,7 @@ private:
     enum class Phase { Ready, Asking, Receiving, Complete };
 
     void dress(const std::string& animation);
-    void show(std::string text);
+    void show(const std::string& text);
     void request(Phase phase, const std::string& url);
     void readStatement();
     void receive();

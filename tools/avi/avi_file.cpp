@@ -53,6 +53,7 @@ std::vector<QRgb> paletteOf(const QList<QImage>& frames) {
     std::sort(ordered.begin(), ordered.end()); // the same palette in every build
     ordered.resize(std::min<std::size_t>(ordered.size(), kColours));
     std::vector<QRgb> palette;
+    palette.reserve(ordered.size());
     for (const auto& [count, colour] : ordered)
         palette.push_back(colour);
     return palette;

@@ -32,9 +32,9 @@ struct Arguments {
     std::map<std::string, std::string, std::less<>> options;
     std::vector<std::string> rest;
 
-    [[nodiscard]] std::string get(std::string_view name, std::string fallback = {}) const {
+    [[nodiscard]] std::string get(std::string_view name, const std::string& fallback = {}) const {
         const auto found = options.find(name);
-        return found == options.end() ? std::move(fallback) : found->second;
+        return found == options.end() ? fallback : found->second;
     }
 };
 

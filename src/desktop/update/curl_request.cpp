@@ -16,7 +16,7 @@ namespace {
 using platform::Failure;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
-constexpr std::uint64_t kPage = 64 * 1024;
+constexpr std::uint64_t kPage = std::uint64_t{64} * 1024;
 constexpr int kRedirects = 5;
 constexpr long kSuccess = 200;
 constexpr std::chrono::milliseconds kLookAround{200};
