@@ -2,7 +2,9 @@
 
 #include "text/strings.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QTimer>
 
 #include <algorithm>
@@ -13,11 +15,17 @@ namespace brovin::desktop {
 using platform::Failure;
 using platform::TransferState;
 
+bool WakeUp::event(QEvent* event) {
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    awake_();
+    return true;
+}
+
 std::function<void()> CurlTransfer::waker() {
     return [this] {
         if (!called_.exchange(true))
-            QMetaObject::invokeMethod(
-                &context_, [this] { awake(); }, Qt::QueuedConnection);
+            QCoreApplication::postEvent(&wakeUp_, new QEvent(QEvent::User));
     };
 }
 
@@ -65,7 +73,7 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
     QElapsedTimer since;
     since.start();
     QTimer deadline;
-    QObject::connect(&deadline, &QTimer::timeout, &context_, [this] { awake(); });
+    QObject::connect(&deadline, &QTimer::timeout, &wakeUp_, [this] { awake(); });
     deadline.start(patience_.text);
     std::string text;
     std::optional<Failure> failure;

@@ -8,10 +8,21 @@
 #include <QObject>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 
 namespace brovin::desktop {
+
+/// Hears of what another thread has to tell.
+class WakeUp final : public QObject {
+public:
+    explicit WakeUp(std::function<void()> awake) : awake_(std::move(awake)) {}
+    bool event(QEvent* event) override;
+
+private:
+    std::function<void()> awake_;
+};
 
 /// Web requests on the program's thread. Each runs in a thread of its own, which only moves bytes; the
 /// program hears of them through its event loop.
@@ -45,7 +56,7 @@ private:
     std::size_t read_ = 0; ///< of the chunk
     std::atomic<bool> called_ = false;
     QEventLoop* loop_ = nullptr;
-    QObject context_;
+    WakeUp wakeUp_{[this] { awake(); }};
     std::unique_ptr<CurlRequest> request_; ///< goes first: its thread calls the others
 };
 
