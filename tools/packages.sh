@@ -21,7 +21,7 @@ packages_bench=(
 packages_test=(
     at-spi2-core dbus-daemon desktop-file-utils
     clang clang-format clang-tidy libclang-rt-dev
-    libgtest-dev
+    libgtest-dev openssl
     libxml2-utils
     pulseaudio pulseaudio-utils
 )

@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -126,6 +128,27 @@ TEST_F(TransferTest, refusesUnsafeAddresses) {
     const auto refused = transfer_.openUrl({"http://127.0.0.1:1/"}, 1000);
     ASSERT_FALSE(refused);
     EXPECT_NE("", refused.failure().reason) << "nobody listens there";
+}
+
+TEST_F(TransferTest, refusesACertificateThatNobodyVouchesFor) {
+    const QTemporaryDir scratch;
+    const auto path = [&scratch](const char* name) { return scratch.filePath(QLatin1String(name)); };
+    ASSERT_EQ(0,
+              QProcess::execute("openssl", {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj",
+                                            "/CN=localhost", "-keyout", path("key"), "-out", path("cert")}));
+    QProcess server;
+    server.start("openssl", {"s_server", "-4", "-accept", "127.0.0.1:0", "-www", "-key", path("key"), "-cert",
+                             path("cert")});
+    QByteArray line;
+    while (!line.startsWith("ACCEPT") && (server.canReadLine() || server.waitForReadyRead(5000)))
+        line = server.readLine();
+    ASSERT_TRUE(line.startsWith("ACCEPT"));
+    const std::string port = line.trimmed().split(':').back().toStdString();
+    const auto text = transfer_.openUrl({"https://localhost:" + port + "/"}, 100'000);
+    ASSERT_FALSE(text);
+    EXPECT_NE(std::string::npos, text.failure().reason.find("certificate")) << text.failure().reason;
+    server.kill();
+    server.waitForFinished();
 }
 
 TEST_F(TransferTest, isCancelledAtOnce) {
