@@ -66,12 +66,10 @@ UpdateCheck::Outcome UpdateCheck::check() {
         standstill.restart = false;
         return Outcome::Offered;
     }
-    if (!answer) // whoever cannot be reached has no packs either, and each question would have to run out
-        return Outcome::NoAnswer;
-    const bool packs = offerPacks();
+    const bool packs = offerPacks(answer ? Server::Reached : Server::Silent);
     if (newer || packs)
         return Outcome::Offered;
-    return answer->empty() ? Outcome::NoAnswer : Outcome::Nothing;
+    return !answer || answer->empty() ? Outcome::NoAnswer : Outcome::Nothing;
 }
 
 std::string UpdateCheck::urlFor(const std::string& query) const {
@@ -119,7 +117,7 @@ UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
     return Ending::Replaced;
 }
 
-bool UpdateCheck::offerPacks() {
+bool UpdateCheck::offerPacks(Server server) {
     // A pack that is taken makes the catalogue anew, so the questions are those of the one at the beginning.
     const auto files = needs_.catalogue.langFiles;
     const auto versions = needs_.catalogue.langVersions;
@@ -130,6 +128,9 @@ bool UpdateCheck::offerPacks() {
         const auto answer = needs_.machine.transfer.openUrl(
             {urlFor("myid=lang&mylang=" + queryValue(files[slot]) + "&myver=" + versions[slot])},
             kLongestAnswer);
+        if (!answer && server == Server::Silent)
+            break; // each further question would have to run out too, language after language
+        server = Server::Reached;
         const auto offer = answer ? packOffer(*answer) : std::nullopt;
         if (!offer)
             continue;

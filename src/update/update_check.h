@@ -59,13 +59,14 @@ public:
 private:
     enum class Outcome { Nothing, NoAnswer, Offered };
     enum class Ending { GoesOn, Replaced };
+    enum class Server { Reached, Silent };
 
     Outcome check();
     [[nodiscard]] std::string urlFor(const std::string& query) const;
     Ending offerProgram(const ProgramOffer& offer);
     Ending download(const ProgramOffer& offer);
     [[nodiscard]] std::string questionFor(const ProgramOffer& offer) const;
-    bool offerPacks();
+    bool offerPacks(Server server);
     void fetchPack(const PackOffer& offer, const std::string& file);
     void cancelled();
     void tell(const std::string& text, platform::BoxStyle style, const std::string& title);

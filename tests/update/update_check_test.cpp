@@ -80,9 +80,19 @@ TEST(UpdateCheck, saysNothingWhenNobodyAsked) {
     world.form.chkCheck.setValue(0);
     world.form.Timer1.tick();
     EXPECT_EQ(1U, world.dialogs.boxes.size());
-    EXPECT_EQ(3U, world.transfer.requests.size()) << "a server that is away is asked once";
+    EXPECT_EQ(4U, world.transfer.requests.size()) << "a server that is away is not asked about each language";
     world.form.Timer1.tick();
-    EXPECT_EQ(3U, world.transfer.requests.size()) << "once a day";
+    EXPECT_EQ(4U, world.transfer.requests.size()) << "once a day";
+}
+
+TEST(UpdateCheck, offersLanguagesThoughTheAnswerAboutTheProgramIsLost) {
+    World world;
+    world.transfer.pages[kAsk].unreachable = true;
+    world.transfer.pages[kAskPack].body = "http://maker.example/default.blp,1.9";
+    world.dialogs.answers = {Button::No};
+    world.form.cmdUpdate.click();
+    ASSERT_EQ(1U, world.dialogs.boxes.size());
+    EXPECT_EQ("Language update", world.lastBox().title);
 }
 
 TEST(UpdateCheck, holdsTheSchedulerMeanwhile) {
