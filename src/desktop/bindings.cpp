@@ -145,6 +145,11 @@ void bind(QListWidget* widget, ui::ListBox& control) {
         shown->setCurrentRow(control.selected());
     });
     QObject::connect(widget, &QListWidget::currentRowChanged, [&control](int row) { control.select(row); });
+    // A click below the last entry takes the toolkit's highlight away, but chooses nothing else.
+    QObject::connect(widget, &QListWidget::itemSelectionChanged, [widget] {
+        if (widget->currentItem() != nullptr && widget->selectedItems().isEmpty())
+            widget->currentItem()->setSelected(true);
+    });
     tellFocus(widget, control.gotFocus);
 }
 

@@ -56,6 +56,8 @@ OptionsWindow::OptionsWindow(ui::FrmOptions& form) : form_(form) {
     upper->addWidget(makePages(), 1);
     layout->addLayout(upper, 1);
     layout->addLayout(makeBottom());
+    minimiseSoon_.setSingleShot(true);
+    connect(&minimiseSoon_, &QTimer::timeout, this, &OptionsWindow::minimise);
     followWindow();
     form.window.observe([shown = QPointer<OptionsWindow>(this)] {
         if (shown)
@@ -116,7 +118,7 @@ void OptionsWindow::followWindow() {
     if (!form_.window.visible())
         hide();
     else if (form_.window.state() == ui::WindowState::Minimized && isVisible() && !isMinimized())
-        QMetaObject::invokeMethod(this, &OptionsWindow::minimise, Qt::QueuedConnection);
+        minimiseSoon_.start();
     else if (isHidden() || (isMinimized() && form_.window.state() == ui::WindowState::Normal))
         showOnScreen();
 }

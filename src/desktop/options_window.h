@@ -2,6 +2,7 @@
 
 #include "ui/frm_options.h"
 
+#include <QTimer>
 #include <QWidget>
 
 class QAbstractButton;
@@ -36,6 +37,7 @@ private:
     [[nodiscard]] QAbstractButton* defaultButton() const;
 
     ui::FrmOptions& form_;
+    QTimer minimiseSoon_; ///< when the handler that is running has come back
     bool placed_ = false;
     bool lettingGo_ = false;
 };

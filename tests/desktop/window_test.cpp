@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPalette>
 #include <QRegularExpression>
 #include <QScreen>
@@ -174,6 +175,16 @@ QWidget* pressTab() {
     for (int i = 0; i < 5 && QApplication::focusWidget() == before; ++i)
         QTest::keyClick(before, Qt::Key_Tab);
     return QApplication::focusWidget();
+}
+
+TEST(Window, showsWhatIsChosenAfterAClickBesideTheEntries) {
+    const WindowWorld world;
+    world.turnTo(6);
+    auto* languages = qobject_cast<QListWidget*>(world.widget("lstLang"));
+    ASSERT_EQ(1U, languages->selectedItems().size());
+    QTest::mouseClick(languages->viewport(), Qt::LeftButton, {}, languages->viewport()->rect().center());
+    EXPECT_EQ(1U, languages->selectedItems().size());
+    EXPECT_EQ(0, world.form().lstLang.selected());
 }
 
 TEST(Keyboard, tabReachesEverythingInReadingOrder) {

@@ -26,6 +26,7 @@ std::vector<std::string> CharacterFolder::files() {
                 byLowerCase.emplace(std::move(lower), std::move(name));
         }
     std::vector<std::string> names;
+    names.reserve(byLowerCase.size());
     for (auto& [lower, name] : byLowerCase)
         names.push_back(std::move(name));
     return names;

@@ -12,11 +12,11 @@
 namespace brovin::voice {
 namespace {
 
-constexpr const char* kEnglishUs = "en-us";
+constexpr const char* kAmericanTag = "en-us";
 
 std::string usersLanguage() {
     const QLocale user = QLocale::system();
-    return user.language() == QLocale::C ? kEnglishUs : user.bcp47Name().toLower().toStdString();
+    return user.language() == QLocale::C ? kAmericanTag : user.bcp47Name().toLower().toStdString();
 }
 
 std::string withVariant(const std::string& voice, const std::string& variant) {
@@ -67,7 +67,7 @@ std::string EspeakVoice::identifier() const {
     if (!chosen_.empty())
         return chosen_;
     const VoiceCatalogue& voices = engine_->voices();
-    for (const std::string& tag : {language_, usersLanguage(), std::string(kEnglishUs)})
+    for (const std::string& tag : {language_, usersLanguage(), std::string(kAmericanTag)})
         if (const auto voice = tag.empty() ? std::nullopt : voices.voiceFor(tag))
             return *voice;
     return voices.voices.empty() ? std::string() : voices.voices.front().identifier;
