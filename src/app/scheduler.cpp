@@ -69,7 +69,7 @@ void Scheduler::Timer1_Timer() {
     announceWord();
     scanWhenDue();
     if (needs_.form.exitConfirmed)
-        return; // an update takes the program's place
+        return;                           // an update takes the program's place
     needs_.tray.add(needs_.form.trayTip); // comes back where the panel was restarted, else changes nothing
     checkWhenDue();
 }

@@ -37,8 +37,8 @@ public:
     /// Opens a text file for writing; it is made when it is missing.
     virtual Result<std::unique_ptr<LineWriter>> openText(const std::string& name, OpenMode mode) = 0;
 
-    /// Writes a whole file, in place of one that is there, in a single step: at every moment the name stands for
-    /// the old content or the new one. Failure: the old one stays.
+    /// Writes a whole file, in place of one that is there, in a single step: at every moment the name stands
+    /// for the old content or the new one. Failure: the old one stays.
     virtual Status replace(const std::string& name, std::string_view content) = 0;
 
     /// Where the file is, or would be written, for other programs to open.
