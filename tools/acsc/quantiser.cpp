@@ -37,8 +37,8 @@ std::vector<Sample> gather(const ColourCounts& counts) {
     }
     std::vector<Sample> samples;
     for (const auto& [key, bin] : bins) {
-        const auto mean = [&](double sum) {
-            return static_cast<std::uint32_t>(std::lround(sum / bin.weight));
+        const auto mean = [weight = bin.weight](double sum) {
+            return static_cast<std::uint32_t>(std::lround(sum / weight));
         };
         samples.push_back({perceived(mean(bin.red) << 16U | mean(bin.green) << 8U | mean(bin.blue)),
                            std::sqrt(bin.weight)});
