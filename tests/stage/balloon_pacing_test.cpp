@@ -66,16 +66,35 @@ TEST(LineBreaker, takesAnyTextInLinearTime) {
         }
 }
 
-struct PageCase {
-    std::size_t reached;
-    Lines lines;
-    std::string_view why;
-};
-
-void expectPages(const BalloonSettings& settings, int mostLines, int height,
-                 const std::vector<PageCase>& cases) {
-    const BalloonPacing pacing("one two three four", settings, {50, mostLines}, tenPerByte);
-    for (const auto& [reached, lines, why] : cases) {
+TEST(BalloonPacing, showsWordsAsTheyAreSpokenOrAllAtOnce) {
+    BalloonSettings growing;
+    BalloonSettings fixed;
+    fixed.sizeToText = false;
+    fixed.lines = 3;
+    BalloonSettings whole = fixed;
+    whole.autoPace = false;
+    whole.lines = 2;
+    const struct {
+        BalloonSettings settings;
+        int mostLines;
+        int height;
+        std::size_t reached;
+        Lines lines;
+        std::string_view why;
+    } cases[] = {
+        {growing, 20, 4, 0, {}, "nothing yet, but room for all"},
+        {growing, 20, 4, 7, {"one", "two"}, "two words"},
+        {growing, 20, 4, 18, {"one", "two", "three", "four"}, "the whole"},
+        {growing, 2, 2, 7, {"one", "two"}, "no higher than the screen allows"},
+        {growing, 2, 2, 13, {"two", "three"}, "then it scrolls"},
+        {fixed, 20, 3, 3, {"one"}, "a fixed height"},
+        {fixed, 20, 3, 18, {"two", "three", "four"}, "scrolls, too"},
+        {whole, 20, 2, 0, {"one", "two"}, "as much as there is room for"},
+        {whole, 20, 2, 3, {"one", "two"}, "nothing changes while it is in sight"},
+        {whole, 20, 2, 13, {"two", "three"}, "the word being spoken stays in sight"},
+    };
+    for (const auto& [settings, mostLines, height, reached, lines, why] : cases) {
+        const BalloonPacing pacing("one two three four", settings, {50, mostLines}, tenPerByte);
         const BalloonPage page = pacing.page(reached);
         EXPECT_EQ(lines, page.lines) << why;
         EXPECT_EQ(height, page.height) << why;
@@ -83,42 +102,9 @@ void expectPages(const BalloonSettings& settings, int mostLines, int height,
     }
 }
 
-TEST(BalloonPacing, showsWordsAsTheyAreSpoken) {
-    BalloonSettings settings;
-    expectPages(settings, 20, 4,
-                {{0, {}, "nothing yet, but room for all"},
-                 {3, {"one"}, "a word"},
-                 {7, {"one", "two"}, "the next line"},
-                 {18, {"one", "two", "three", "four"}, "the whole"}});
-    expectPages(
-        settings, 2, 2,
-        {{7, {"one", "two"}, "no higher than the screen allows"}, {13, {"two", "three"}, "then it scrolls"}});
-    settings.sizeToText = false;
-    settings.lines = 3;
-    expectPages(settings, 20, 3,
-                {{3, {"one"}, "a fixed height"}, {18, {"two", "three", "four"}, "scrolls, too"}});
-}
-
-TEST(BalloonPacing, showsAllAtOnceWithoutAutoPace) {
-    BalloonSettings settings;
-    settings.autoPace = false;
-    settings.sizeToText = false;
-    settings.lines = 2;
-    expectPages(settings, 20, 2,
-                {{0, {"one", "two"}, "as much as there is room for"},
-                 {3, {"one", "two"}, "nothing changes while it is in sight"},
-                 {13, {"two", "three"}, "the word being spoken stays in sight"}});
-}
-
 TEST(BalloonPacing, hidesLaterWhenThereIsMoreToRead) {
-    const struct {
-        std::string text;
-        int ms;
-    } cases[] = {{"", 2'000},
-                 {"Hello", 2'250},
-                 {"\u00E4\u00F6", 2'100},
-                 {std::string(80, 'x'), 6'000},
-                 {std::string(1'000, 'x'), 6'000}};
+    const std::pair<std::string, int> cases[] = {
+        {"", 2'000}, {"Hello", 2'250}, {"\u00E4\u00F6", 2'100}, {std::string(1'000, 'x'), 6'000}};
     for (const auto& [text, ms] : cases)
         EXPECT_EQ(Milliseconds{ms}, BalloonPacing(text, {}, {100, 20}, tenPerByte).hideDelay()) << text;
 }

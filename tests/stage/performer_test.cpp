@@ -7,11 +7,15 @@
 namespace brovin::character {
 namespace {
 
+Lines frames(Lines names) {
+    for (std::string& name : names)
+        name.insert(0, "frame ");
+    return names;
+}
+
 /// The frames that are shown when these animations are played by name one after another.
 Lines framesOf(const TestCharacter& character, const Lines& played) {
-    StageWorld world(character);
-    world.logsEvents = false;
-    world.appear();
+    QuietWorld world(character);
     for (const std::string& name : played)
         EXPECT_TRUE(world.stage->play(name)) << name;
     return untimed(world.pass(Milliseconds{5'000}));
@@ -34,7 +38,16 @@ TestCharacter reader() {
         .animation("Stiff", {{}}, Transition::ExitBranches)
         .animation("Void", {})
         .animation("Fall", {{}})
-        .ledBackBy("Void");
+        .ledBackBy("Void")
+        .animation("Maze", {{.exit = 1, .branches = {{0, 100}}}, {.exit = 0}})
+        .animation("Reading", {{.exit = 1, .branches = {{0, 100}}}, {}})
+        .ledBackBy("ReadReturn")
+        .animation("SitReturn", {{}, {}, {}})
+        .animation("Sit", {{}})
+        .ledBackBy("SitReturn")
+        .animation("LieReturn", {{}, {.branches = {{0, 100}}}})
+        .animation("Lie", {{}})
+        .ledBackBy("LieReturn");
     // A way back that is to be led back from itself, by the animation that it leads back from.
     Animation& wayBack = character.data.animations[character.index("ReadReturn")];
     wayBack.transition = Transition::ReturnAnimation;
@@ -57,18 +70,12 @@ TEST(Performer, leadsBackFromTheLastAnimation) {
          "the pose goes on"},
         {{"Read", "readblink", "Wave"}, {"Read0", "readblink0", "ReadReturn0", "Wave0"}, "the pose goes on"},
         {{"Read", "Reader"}, {"Read0", "ReadReturn0", "Reader0"}, "the name does not say that it goes on"},
-        {{"Greet", "Wave"},
-         {"Greet0", "Greet1", "Greet2", "Greet3", "Wave0"},
-         "played to its end, no exit there"},
+        {{"Greet", "Wave"}, {"Greet0", "Greet1", "Greet3", "Wave0"}, "played to its end, no exit there"},
         {{"Stiff", "Wave"}, {"Stiff0", "Wave0"}, "no exits"},
         {{"Fall", "Wave"}, {"Fall0", "Wave0"}, "a way back without frames"},
     };
     for (const auto& [played, shown, why] : cases) {
-        Lines expected;
-        for (const std::string& frame : shown)
-            if (frame != "Greet2") // not seen: it only marks where the animation is left
-                expected.push_back("frame " + frame);
-        EXPECT_EQ(expected, framesOf(reader(), played)) << why;
+        EXPECT_EQ(frames(shown), framesOf(reader(), played)) << why;
     }
 }
 
@@ -78,84 +85,42 @@ TEST(Performer, leavesByTheExitOfThePoseThatItStandsIn) {
         .animation("Greet", {{.branches = {{2, 100}}}, {}, {.ms = 0, .pictured = false}, {.ms = 0}},
                    Transition::ExitBranches)
         .animation("Wave", {{}});
-    auto& frames = character.data.animations[character.index("Greet")].frames;
-    frames[0].exitFrame = 1;
-    frames[2].branches = {{4, 100}};
-    frames.emplace_back(); // the end point
-    EXPECT_EQ((Lines{"frame Greet0", "frame Greet1", "frame Wave0"}), framesOf(character, {"Greet", "Wave"}));
+    auto& greet = character.data.animations[character.index("Greet")].frames;
+    greet[0].exitFrame = 1;
+    greet[2].branches = {{4, 100}};
+    greet.emplace_back(); // the end point
+    EXPECT_EQ(frames({"Greet0", "Greet1", "Wave0"}), framesOf(character, {"Greet", "Wave"}));
 }
 
-/// What is seen in the second after a stop, and in the second after Wave is then asked for.
-struct AfterStop {
-    Lines seen;
-    Lines beforeWave;
-};
-
-AfterStop stopAfter(const TestCharacter& character, const Lines& played, Milliseconds time) {
-    StageWorld world(character);
-    world.logsEvents = false;
-    world.appear();
-    for (const std::string& name : played)
-        EXPECT_TRUE(world.stage->play(name)) << name;
-    static_cast<void>(world.pass(time));
-    world.stage->stop();
-    AfterStop after;
-    after.seen = untimed(world.pass(Milliseconds{1'000}));
-    EXPECT_TRUE(world.stage->play("Wave"));
-    after.beforeWave = untimed(world.pass(Milliseconds{1'000}));
-    return after;
-}
-
-TEST(Performer, takesTheNeutralPoseWhereTheWayOutLeadsRound) {
-    TestCharacter character;
-    character.animation("RestPose", {{.ms = 0}})
-        .animation("Maze", {{.exit = 1, .branches = {{0, 100}}}, {.exit = 0}})
-        .animation("Wave", {{}});
-    const auto [seen, beforeWave] = stopAfter(character, {"Maze"}, Milliseconds{0});
-    EXPECT_EQ((Lines{"frame Maze1", "frame Maze0", "frame RestPose0"}), seen);
-    EXPECT_EQ((Lines{"frame Wave0"}), beforeWave);
-
-    StageWorld world(character);
-    world.logsEvents = false;
-    world.appear();
-    ASSERT_TRUE(world.stage->play("Maze"));
-    static_cast<void>(world.settle());
-    world.stage->stop();
-    ASSERT_TRUE(world.stage->play("Wave"));
-    EXPECT_EQ((Lines{"frame Maze1", "frame Maze0", "frame RestPose0", "frame Wave0"}),
-              untimed(world.pass(Milliseconds{1'000})))
-        << "asked for on the way";
-}
-
-TEST(Performer, leadsBackFromALoopThatWasLeftByItsExits) {
-    TestCharacter character;
-    character.animation("RestPose", {{.ms = 0}})
-        .animation("ReadReturn", {{}})
-        .animation("Reading", {{.exit = 1, .branches = {{0, 100}}}, {}})
-        .ledBackBy("ReadReturn")
-        .animation("Wave", {{}});
-    const auto [seen, beforeWave] = stopAfter(character, {"Reading"}, Milliseconds{0});
-    EXPECT_EQ((Lines{"frame Reading1"}), seen);
-    EXPECT_EQ((Lines{"frame ReadReturn0", "frame Wave0"}), beforeWave);
-}
-
-TEST(Performer, letsAWayBackGoOnWhenItIsStopped) {
-    TestCharacter character;
-    character.animation("RestPose", {{.ms = 0}})
-        .animation("ReadReturn", {{}, {}, {}})
-        .animation("Read", {{}})
-        .ledBackBy("ReadReturn")
-        .animation("Wave", {{}});
-    const auto [seen, beforeWave] = stopAfter(character, {"Read", "Wave"}, Milliseconds{150});
-    EXPECT_EQ((Lines{"frame ReadReturn1", "frame ReadReturn2"}), seen);
-    EXPECT_EQ((Lines{"frame Wave0"}), beforeWave) << "and not once more";
-
-    Animation& wayBack = character.data.animations[character.index("ReadReturn")];
-    wayBack.frames.back().branches = {{0, 100}};
-    const auto [round, afterwards] = stopAfter(character, {"Read", "Wave"}, Milliseconds{5'050});
-    ASSERT_FALSE(round.empty());
-    EXPECT_EQ("frame RestPose0", round.back()) << "one that never ends is given up";
-    EXPECT_EQ((Lines{"frame Wave0"}), afterwards);
+TEST(Performer, findsItsWayOutWhenItIsStopped) {
+    const struct {
+        Lines played;
+        int after;        ///< ms
+        Lines seen;       ///< in the second after the stop
+        Lines beforeWave; ///< when Wave is then asked for
+        std::string_view why;
+    } cases[] = {
+        {{"Maze"}, 0, {"Maze1", "Maze0", "RestPose0"}, {}, "the neutral pose where the way out leads round"},
+        {{"Reading"}, 0, {"Reading1"}, {"ReadReturn0"}, "a loop that was left by its exits is led back from"},
+        {{"Sit", "Wave"}, 150, {"SitReturn1", "SitReturn2"}, {}, "a way back goes on, and not once more"},
+        {{"Lie", "Wave"},
+         5'050,
+         {"LieReturn0", "LieReturn1", "RestPose0"},
+         {},
+         "one that never ends is given up"},
+    };
+    for (const auto& [played, after, seen, beforeWave, why] : cases) {
+        QuietWorld world(reader());
+        for (const std::string& name : played)
+            ASSERT_TRUE(world.stage->play(name)) << name;
+        world.pass(Milliseconds{after});
+        world.stage->stop();
+        EXPECT_EQ(frames(seen), untimed(world.pass(Milliseconds{1'000}))) << why;
+        ASSERT_TRUE(world.stage->play("Wave"));
+        Lines before = frames(beforeWave);
+        before.emplace_back("frame Wave0");
+        EXPECT_EQ(before, untimed(world.pass(Milliseconds{1'000}))) << why;
+    }
 }
 
 } // namespace

@@ -52,6 +52,20 @@ private:
     void tell(const Event& event);
 };
 
+/// A world whose character is on the screen in the resting pose.
+struct ShownWorld : StageWorld {
+    explicit ShownWorld(const TestCharacter& character = usualCharacter()) : StageWorld(character) {
+        appear();
+    }
+};
+
+/// The same without events in the log.
+struct QuietWorld : ShownWorld {
+    explicit QuietWorld(const TestCharacter& character = usualCharacter()) : ShownWorld(character) {
+        logsEvents = false;
+    }
+};
+
 /// "complete", "failed 8004200A" and the like.
 [[nodiscard]] std::string outcomeOf(const RequestHandle& request);
 

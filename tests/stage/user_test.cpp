@@ -10,10 +10,9 @@ constexpr Pointer kLeftAt(int x, int y) {
 }
 
 TEST(User, clicksWithoutDisturbingRequests) {
-    StageWorld world;
-    world.appear();
+    ShownWorld world;
     const Asked search = world.stage->play("Search");
-    static_cast<void>(world.pass(Milliseconds{50}));
+    world.pass(Milliseconds{50});
     world.stage->click({.button = 2, .shift = 3, .at = {7, 8}});
     world.stage->doubleClick(kLeftAt(1, 2));
     EXPECT_EQ((Lines{"50 click 2 3 7,8", "50 double click 1 0 1,2"}), world.settle());
@@ -21,8 +20,7 @@ TEST(User, clicksWithoutDisturbingRequests) {
 }
 
 TEST(User, dragsTheCharacterByWhereItWasSeized) {
-    StageWorld world;
-    world.appear();
+    ShownWorld world;
     world.stage->beginDrag(kLeftAt(30, 40));
     world.stage->dragTo({130, 240});
     EXPECT_EQ((Place{100, 200}), world.surface.place);
@@ -38,25 +36,23 @@ TEST(User, dragsTheCharacterByWhereItWasSeized) {
 }
 
 TEST(User, keepsTheCharacterFromMovingWhileHoldingIt) {
-    StageWorld world;
-    world.appear();
+    ShownWorld world;
     const RequestHandle gliding = world.stage->moveTo({500, 0}, Milliseconds{1'000});
-    static_cast<void>(world.pass(Milliseconds{600}));
+    world.pass(Milliseconds{600});
     world.stage->beginDrag(kLeftAt(0, 0));
     const RequestHandle later = world.stage->moveTo({0, 500}, Milliseconds{1'000});
     const Asked wave = world.stage->play("Wave");
-    static_cast<void>(world.pass(Milliseconds{1'000}));
+    world.pass(Milliseconds{1'000});
     EXPECT_EQ("failed 80042010", outcomeOf(gliding));
     EXPECT_EQ("failed 80042010", outcomeOf(later));
     EXPECT_EQ("complete", outcomeOf(*wave)) << "other requests go on";
 }
 
 TEST(User, dropsACharacterThatHidesMeanwhile) {
-    StageWorld world;
-    world.appear();
+    ShownWorld world;
     world.stage->beginDrag(kLeftAt(10, 10));
     world.stage->hide(Manner::Fast);
-    static_cast<void>(world.settle());
+    world.settle();
     world.stage->endDrag(kLeftAt(90, 90));
     EXPECT_TRUE(world.settle().empty());
     EXPECT_EQ((Place{0, 0}), world.stage->place());
@@ -67,14 +63,13 @@ TEST(User, dropsACharacterThatHidesMeanwhile) {
 TEST(User, clicksAFinishedBalloonAway) {
     TestCharacter character = usualCharacter();
     character.data.balloon->autoHide = false;
-    StageWorld world(character);
-    world.appear();
+    ShownWorld world(character);
     ASSERT_TRUE(world.stage->speak("Hello"));
-    static_cast<void>(world.settle());
+    world.settle();
     world.stage->click(kLeftAt(1, 1));
     EXPECT_EQ((Lines{"0 click 1 0 1,1"}), world.settle()) << "it is still speaking";
     world.voice.end();
-    static_cast<void>(world.pass(std::chrono::hours{1}));
+    world.pass(std::chrono::hours{1});
     world.logsEvents = false;
     world.stage->click(kLeftAt(1, 1));
     EXPECT_EQ((Lines{"balloon gone"}), untimed(world.settle()));
