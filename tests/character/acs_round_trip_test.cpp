@@ -1,15 +1,16 @@
 #include "character/acs_reader.h"
 #include "character/acs_writer.h"
-#include "character/soundness.h"
 #include "random_character.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string_view>
 
 namespace brovin::character {
 namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using Change = void (*)(CharacterData&);
 
 CharacterData smallest() {
     CharacterData character;
@@ -26,7 +27,27 @@ std::string repeated(std::string_view piece, std::size_t times) {
     return text;
 }
 
-/// Writes and reads a character; empty when it came back the same.
+void inform(CharacterData& character, std::string name, std::string description, std::string extra) {
+    character.info = {{0x0409, std::move(name), std::move(description), std::move(extra)}};
+}
+
+Animation& animate(CharacterData& character, std::vector<Frame> frames = {}, const std::string& name = "a") {
+    return character.animations.emplace_back(Animation{name, Transition::None, {}, std::move(frames)});
+}
+
+Frame frameOf(std::size_t images, std::size_t branches, std::size_t mouths) {
+    Frame frame;
+    frame.images.resize(images);
+    frame.branches.resize(branches);
+    frame.mouths.resize(mouths);
+    return frame;
+}
+
+EncodedImage plainImage(std::uint16_t width, std::uint16_t height, std::size_t bytes) {
+    return {width, height, ImageCoding::Plain, SharedBytes(Bytes(bytes, 7))};
+}
+
+/// Writes and reads a character; empty when it came back the same, and gives the same bytes again.
 std::string difference(const CharacterData& character) {
     const auto file = writeCharacter(character);
     if (!file)
@@ -34,90 +55,52 @@ std::string difference(const CharacterData& character) {
     const auto back = readCharacter(SharedBytes(*file));
     if (!back)
         return "not read: " + message(back.error());
-    return *back == character ? "" : "not the same";
+    const auto again = writeCharacter(*back);
+    return !(*back == character) ? "not the same" : !again || *again != *file ? "other bytes" : "";
 }
 
 TEST(AcsRoundTrip, keepsWhateverAChanceMakes) {
     for (std::uint32_t seed = 0; seed < 150; ++seed)
-        ASSERT_EQ("", difference(RandomCharacter(seed).make())) << "seed " << seed;
+        ASSERT_EQ("", difference(randomCharacter(seed))) << "seed " << seed;
 }
-
-TEST(AcsRoundTrip, isTheSameBytesEachTime) {
-    for (std::uint32_t seed = 0; seed < 20; ++seed) {
-        const auto first = writeCharacter(RandomCharacter(seed).make());
-        const auto again = writeCharacter(RandomCharacter(seed).make());
-        ASSERT_TRUE(first && again);
-        const auto back = readCharacter(SharedBytes(*first));
-        ASSERT_TRUE(back);
-        const auto rewritten = writeCharacter(*back);
-        ASSERT_TRUE(rewritten);
-        EXPECT_EQ(*first, *again) << "seed " << seed;
-        EXPECT_EQ(*first, *rewritten) << "seed " << seed;
-    }
-}
-
-using Change = void (*)(CharacterData&);
 
 TEST(AcsRoundTrip, keepsTheLargestOfEverything) {
-    const struct {
-        std::string_view what;
-        Change enlarge;
-    } kCases[] = {
+    const std::pair<std::string_view, Change> kCases[] = {
         {"nothing at all", [](CharacterData&) {}},
         {"frame", [](CharacterData& c) { c.width = c.height = 1024; }},
-        {"names",
-         [](CharacterData& c) {
-             c.info = {{1, repeated("\u0416", 255), "", ""}};
-         }},
+        {"names", [](CharacterData& c) { inform(c, repeated("\u0416", 255), "", ""); }},
         {"texts",
-         [](CharacterData& c) {
-             c.info = {{1, "", repeated("\U0001F600", 32767), repeated("x", 65535)}};
-         }},
+         [](CharacterData& c) { inform(c, "", repeated("\U0001F600", 32767), repeated("x", 65535)); }},
         {"languages", [](CharacterData& c) { c.info.resize(256); }},
         {"palette", [](CharacterData& c) { c.palette.resize(256); }},
         {"states", [](CharacterData& c) { c.states.resize(256); }},
         {"animations of a state",
          [](CharacterData& c) {
-             c.animations = {{"a", Transition::None, {}, {}}};
+             animate(c);
              c.states = {{"s", std::vector<std::uint32_t>(65535)}};
          }},
         {"animations",
          [](CharacterData& c) {
              for (int i = 0; i < 4096; ++i)
-                 c.animations.push_back({std::to_string(i), Transition::ExitBranches, {}, {}});
+                 animate(c, std::vector<Frame>(), std::to_string(i));
          }},
-        {"frames",
-         [](CharacterData& c) {
-             c.animations = {{"a", Transition::None, {}, std::vector<Frame>(65535)}};
-         }},
-        {"frame",
-         [](CharacterData& c) {
-             c.images.resize(1);
-             Frame frame;
-             frame.images.resize(256);
-             frame.branches.resize(255);
-             frame.mouths.resize(255);
-             c.animations = {{"a", Transition::None, {}, {frame}}};
-         }},
+        {"frames", [](CharacterData& c) { animate(c, std::vector<Frame>(65535)); }},
         {"images",
          [](CharacterData& c) {
              c.images.resize(65536);
-             Frame frame;
-             frame.images = {{65535, -32768, 32767}};
-             frame.mouths = {{Mouth::OpenNarrow, true, 65535, 32767, -32768}};
-             c.animations = {{"a", Transition::None, {}, {frame}}};
+             Frame frame = frameOf(256, 255, 255);
+             frame.images[0] = {65535, -32768, 32767};
+             frame.mouths[0] = {Mouth::OpenNarrow, true, 65535, 32767, -32768};
+             animate(c, {frame});
          }},
         {"sounds", [](CharacterData& c) { c.sounds.resize(4096); }},
         {"icon",
          [](CharacterData& c) {
-             const SharedBytes part(std::vector<std::uint8_t>(std::size_t{256} << 10U, 0xAA));
+             const SharedBytes part(Bytes(std::size_t{256} << 10U, 0xAA));
              c.trayIcon = TrayIcon{part, part};
          }},
-        {"image",
-         [](CharacterData& c) {
-             const SharedBytes plain(std::vector<std::uint8_t>(std::size_t{4096} * 1024, 7));
-             c.images = {{4096, 1024, ImageCoding::Plain, plain}, {1024, 4096, ImageCoding::Plain, plain}};
-         }},
+        {"wide image", [](CharacterData& c) { c.images.assign(1, plainImage(4096, 1024, 4U << 20U)); }},
+        {"high image", [](CharacterData& c) { c.images.assign(1, plainImage(1024, 4096, 4U << 20U)); }},
     };
     for (const auto& [what, enlarge] : kCases) {
         CharacterData character = smallest();
@@ -127,10 +110,7 @@ TEST(AcsRoundTrip, keepsTheLargestOfEverything) {
 }
 
 TEST(AcsWriter, refusesWhatCouldNotBeReadBack) {
-    const struct {
-        std::string_view reason;
-        Change spoil;
-    } kCases[] = {
+    const std::pair<std::string_view, Change> kCases[] = {
         {"the frame's width is out of its range", [](CharacterData& c) { c.width = 0; }},
         {"the frame's height is out of its range", [](CharacterData& c) { c.height = 1025; }},
         {"the format's version is not ours", [](CharacterData& c) { c.formatVersion.major = 3; }},
@@ -148,58 +128,39 @@ TEST(AcsWriter, refusesWhatCouldNotBeReadBack) {
          [](CharacterData& c) { c.balloon.emplace().lines = 0; }},
         {"the pitch is out of its range", [](CharacterData& c) { c.voice.emplace().pitchHertz = 501; }},
         {"the character's name is too long",
-         [](CharacterData& c) {
-             c.info = {{0x0409, repeated("\U0001F600", 128), "", ""}};
-         }},
-        {"the description is not UTF-8 without zeros",
-         [](CharacterData& c) {
-             c.info = {{0x0409, "", "\xFF", ""}};
-         }},
+         [](CharacterData& c) { inform(c, repeated("\U0001F600", 128), "", ""); }},
+        {"the description is not UTF-8 without zeros", [](CharacterData& c) { inform(c, "", "\xFF", ""); }},
         {"the extra data is not UTF-8 without zeros",
-         [](CharacterData& c) {
-             c.info = {{0x0409, "", "", std::string("a\0b", 3)}};
-         }},
+         [](CharacterData& c) { inform(c, "", "", std::string("a\0b", 3)); }},
         {"State Showing: there is no animation 0",
          [](CharacterData& c) {
              c.states = {{"Showing", {0}}};
          }},
         {"Animation 1 (wave): it has no name of its own",
          [](CharacterData& c) {
-             c.animations = {{"Wave", Transition::None, {}, {}}, {"wave", Transition::None, {}, {}}};
+             animate(c, {}, "Wave");
+             animate(c, {}, "wave");
          }},
         {"Animation 0 (): it has no name of its own", [](CharacterData& c) { c.animations.resize(1); }},
         {"Animation 0 (a): its transition and its return disagree",
-         [](CharacterData& c) {
-             c.animations = {{"a", Transition::None, 0, {}}};
-         }},
+         [](CharacterData& c) { animate(c).returnAnimation = 0; }},
         {"Animation 0 (a), frame 0: there is no image 0",
-         [](CharacterData& c) {
-             c.animations = {{"a", Transition::None, {}, std::vector<Frame>(1)}};
-             c.animations[0].frames[0].mouths.resize(1);
-         }},
+         [](CharacterData& c) { animate(c, std::vector(1, frameOf(0, 0, 1))); }},
         {"Animation 0 (a), frame 0: its duration is out of its range",
          [](CharacterData& c) {
-             c.animations = {{"a", Transition::None, {}, std::vector<Frame>(1)}};
-             c.animations[0].frames[0].duration = FrameDuration(65536);
+             animate(c, std::vector<Frame>(1)).frames[0].duration = FrameDuration(65536);
          }},
         {"Image 0: its bytes do not fit its size",
-         [](CharacterData& c) {
-             c.images = {{4, 4, ImageCoding::Plain, SharedBytes(std::vector<std::uint8_t>(15))}};
-         }},
+         [](CharacterData& c) { c.images.assign(1, plainImage(4, 4, 15)); }},
         {"Sound 0: it is not a RIFF WAVE file",
-         [](CharacterData& c) { c.sounds = {{SharedBytes(std::vector<std::uint8_t>(12))}}; }},
+         [](CharacterData& c) { c.sounds.emplace_back().wave = SharedBytes(Bytes(12)); }},
         {"The animations would take more than 16 MiB",
          [](CharacterData& c) {
              c.images.resize(1);
-             Frame frame; // 3,580 bytes
-             frame.mouths.resize(255);
-             c.animations = {{"a", Transition::None, {}, std::vector<Frame>(4687, frame)}};
+             animate(c, std::vector(4687, frameOf(0, 0, 255))); // 3,580 bytes each
          }},
         {"The file would be larger than 64 MiB",
-         [](CharacterData& c) {
-             const SharedBytes plain(std::vector<std::uint8_t>(std::size_t{4} << 20U));
-             c.images.assign(17, {2048, 2048, ImageCoding::Plain, plain});
-         }},
+         [](CharacterData& c) { c.images.assign(17, plainImage(2048, 2048, 4U << 20U)); }},
     };
     for (const auto& [reason, spoil] : kCases) {
         CharacterData character = smallest();

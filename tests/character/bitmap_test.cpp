@@ -85,10 +85,10 @@ TEST_F(PaintTest, cutsOffWhatLiesBeyondTheFrame) {
     EXPECT_EQ("222222222222", paint(frameOf({{larger, -1, -1}})));
 }
 
-TEST_F(PaintTest, takesColoursBeyondThePaletteForTransparent) {
+TEST_F(PaintTest, leavesOutWhatCannotBeDrawn) {
     const std::uint32_t below = add(2, "11");
-    const std::uint32_t above = add(2, "92");
-    EXPECT_EQ("12..........", paint(frameOf({{above, 0, 0}, {below, 0, 0}})));
+    const std::uint32_t above = add(2, "92"); // a colour beyond the palette
+    EXPECT_EQ("12..........", paint(frameOf({{17, 0, 0}, {above, 0, 0}, {below, 0, 0}})));
 }
 
 TEST_F(PaintTest, laysTheMouthOverTheFrameOrInPlaceOfItsTop) {
@@ -112,11 +112,6 @@ TEST_F(PaintTest, laysTheMouthOverTheFrameOrInPlaceOfItsTop) {
         << "everywhere, and without the top image";
     EXPECT_EQ(".....2.2....", paint(Frame(), &instead));
     EXPECT_EQ("............", paint(Frame(), &over));
-}
-
-TEST_F(PaintTest, leavesOutWhatCannotBeDrawn) {
-    const std::uint32_t image = add(2, "12");
-    EXPECT_EQ("12..........", paint(frameOf({{17, 0, 0}, {image, 0, 0}, {image + 1, 0, 0}})));
 }
 
 } // namespace

@@ -6,8 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <limits>
 #include <random>
 #include <string_view>
 
@@ -66,25 +64,6 @@ TEST(ImageCodec, agreesWithRunsWorkedOutByHand) {
         EXPECT_EQ(plain, unpacked(packed, plain.size()));
         EXPECT_EQ(ours, packed == pack(plain));
         EXPECT_LE(pack(plain).size(), packed.size()) << "at least as tight";
-    }
-}
-
-TEST(Unpack, readsEachTokenAsOnPaper) {
-    const struct {
-        std::string_view bits;
-        std::string_view plain;
-        std::string_view why;
-    } kCases[] = {
-        {"0 10000110", "a", "a literal, 0x61, its lowest bit first"},
-        {"0 10000110  1 0 000000  0", "aaa", "offset 1, the shortest copy"},
-        {"0 10000110 0 01000110  1 0 100000  0", "abab", "offset 2"},
-        {"0 10000110 0 01000110  1 0 100000  10 1", "ababab", "one one: 2 + 1 + 1"},
-        {"0 10000110  1 0 000000  110 00", "aaaaaa", "two ones: 2 + 3 + 0"},
-        {"0 10000110  1 0 000000  110 11", "aaaaaaaaa", "two ones: 2 + 3 + 3"},
-        {"0 10000110  1 0 000000  110 01", "aaaaaaaa", "two ones: 2 + 3 + 2, the lower bit first"},
-    };
-    for (const auto& [bits, plain, why] : kCases) {
-        EXPECT_EQ(letters(plain), unpacked(BitText().bits(bits).packed(), plain.size())) << why;
     }
 }
 
@@ -158,7 +137,7 @@ TEST(Unpack, refusesWhatIsNotAPackedRun) {
 
 TEST(Unpack, endsInAnOutcomeWhateverTheBytes) {
     std::mt19937 random(11);
-    const Bytes plain = RandomCharacter(3).pixels(3000);
+    const Bytes plain = randomPixels(3, 3000);
     const Bytes good = pack(plain);
     for (int i = 0; i < 3000; ++i) {
         Bytes bad = good;
@@ -178,13 +157,10 @@ TEST(ImageCodec, givesBackWhateverWasPacked) {
     Bytes rising(70000);
     for (std::size_t i = 0; i < rising.size(); ++i)
         rising[i] = static_cast<std::uint8_t>(i / 256 * 31 + i);
-    const Bytes farApart = [] {
-        Bytes bytes = noise(6000, 256);
-        bytes.insert(bytes.end(), 1053247 - 6000, 0); // so that the noise comes again at the farthest offset
-        const Bytes again = noise(6000, 256);
-        bytes.insert(bytes.end(), again.begin(), again.end());
-        return bytes;
-    }();
+    Bytes farApart = noise(6000, 256);
+    farApart.resize(1053247); // so that the noise comes again at the farthest offset
+    const Bytes again = noise(6000, 256);
+    farApart.insert(farApart.end(), again.begin(), again.end());
     const struct {
         std::string_view what;
         Bytes plain;
@@ -204,41 +180,9 @@ TEST(ImageCodec, givesBackWhateverWasPacked) {
         EXPECT_LE(packed.size(), most) << what;
     }
     for (std::uint32_t seed = 0; seed < 60; ++seed) {
-        const Bytes plain = RandomCharacter(seed).pixels(std::size_t{seed} * 97);
+        const Bytes plain = randomPixels(seed, std::size_t{seed} * 97);
         EXPECT_TRUE(plain == unpacked(pack(plain), plain.size())) << "seed " << seed;
     }
-}
-
-/// The fewest bits that any sequence of literals and copies takes, by trying every one at every place.
-std::size_t fewestBits(const Bytes& plain) {
-    std::vector<std::size_t> fewest(plain.size() + 1, std::numeric_limits<std::size_t>::max());
-    fewest[0] = 0;
-    const auto offsetBits = [](std::size_t offset) { return offset <= 64 ? 8U : 12U; };
-    constexpr std::array<std::size_t, 7> kLastOfLengthCode{2, 4, 8, 16, 32, 64, 128};
-    for (std::size_t at = 0; at < plain.size(); ++at) {
-        fewest[at + 1] = std::min(fewest[at + 1], fewest[at] + 9);
-        for (std::size_t offset = 1; offset <= at; ++offset)
-            for (std::size_t length = 1; at + length <= plain.size(); ++length) {
-                if (plain[at + length - 1] != plain[at + length - 1 - offset])
-                    break;
-                std::size_t ones = 0;
-                while (length > kLastOfLengthCode[ones])
-                    ++ones;
-                const std::size_t bits = fewest[at] + offsetBits(offset) + 2 * ones + 1;
-                if (length >= 2)
-                    fewest[at + length] = std::min(fewest[at + length], bits);
-            }
-    }
-    return fewest.back();
-}
-
-TEST(Pack, isAsShortAsCanBeForShortRuns) {
-    for (unsigned values = 1; values < 6; ++values)
-        for (std::size_t size = 0; size < 90; size += 7) {
-            const Bytes plain = noise(size, values);
-            EXPECT_EQ(1 + (fewestBits(plain) + 7) / 8 + 6, pack(plain).size())
-                << values << " values, " << size;
-        }
 }
 
 } // namespace
