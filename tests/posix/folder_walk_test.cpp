@@ -8,8 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <set>
 
 namespace brovin::posix {
 namespace {
@@ -47,38 +47,18 @@ TEST_F(FolderWalkTest, reachesTheWatchedFolderThroughLinksButFollowsNoneBelow) {
     disk_.addFolder("watched/sub");
     disk_.addLink("watched/sub/link", "../../elsewhere/kept");
     const auto walk = open("shortcut");
-    std::set<std::string> folders;
     const auto entries = *walk->list();
-    for (const platform::Entry& entry : entries) {
-        if (entry.kind == EntryKind::Folder)
-            folders.emplace(entry.name);
-    }
-    EXPECT_EQ(std::set<std::string>{"sub"}, folders);
+    for (const platform::Entry& entry : entries)
+        EXPECT_EQ(entry.name == "sub" ? EntryKind::Folder : EntryKind::File, entry.kind) << entry.name;
     EXPECT_EQ(std::string("../../elsewhere/kept").size(), *walk->folderSize("sub"));
-    EXPECT_TRUE(walk->deleteFolder("sub", Force::No));
     EXPECT_EQ(ENOTDIR, errorOf(walk->enter("link")));
     EXPECT_EQ(ENOTDIR, errorOf(walk->folderSize("link")));
     EXPECT_EQ(ENOTDIR, errorOf(walk->deleteFolder("link", Force::Yes)));
     EXPECT_EQ(std::string("../elsewhere").size(), *walk->fileLength("link"));
     EXPECT_TRUE(walk->deleteFile("link", Force::No));
-    EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept", "shortcut", "watched", "watched/file"}), disk_.tree());
-}
-
-TEST_F(FolderWalkTest, isNotLedAwayByLinksThatReplaceWhatWasListed) {
-    disk_.addFile("watched/folder/x");
-    disk_.addFile("watched/file");
-    disk_.addFile("elsewhere/kept");
-    const auto walk = open("watched");
-    ASSERT_EQ(2U, walk->list()->size());
-    std::filesystem::remove_all(disk_.path("watched/folder"));
-    std::filesystem::remove(disk_.path("watched/file"));
-    disk_.addLink("watched/folder", "../elsewhere");
-    disk_.addLink("watched/file", "../elsewhere/kept");
-    EXPECT_FALSE(walk->enter("folder"));
-    EXPECT_FALSE(walk->folderSize("folder"));
-    EXPECT_FALSE(walk->deleteFolder("folder", Force::Yes));
-    EXPECT_TRUE(walk->deleteFile("file", Force::Yes)) << "the link itself";
-    EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept", "watched", "watched/folder"}), disk_.tree());
+    EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept", "shortcut", "watched", "watched/file", "watched/sub",
+                     "watched/sub/link"}),
+              disk_.tree());
 }
 
 TEST_F(FolderWalkTest, staysInTheFolderThatItHoldsWhenItsPathIsTakenOver) {
@@ -96,36 +76,26 @@ TEST_F(FolderWalkTest, staysInTheFolderThatItHoldsWhenItsPathIsTakenOver) {
 TEST_F(FolderWalkTest, handlesNamesThatAreNotUtf8ByteForByte) {
     const std::string strange = "St\xC4nge\xFF";
     disk_.addFile(strange, 7);
-    disk_.addFile(strange + "2/inside");
     const auto walk = open();
-    std::set<std::string> shown;
-    const auto entries = *walk->list();
-    for (const platform::Entry& entry : entries)
-        shown.emplace(entry.name);
-    EXPECT_EQ((std::set<std::string>{"st\xC4nge\xFF", "st\xC4nge\xFF\x32"}), shown);
+    EXPECT_EQ("st\xC4nge\xFF", walk->list()->front().name);
     EXPECT_EQ(7U, *walk->fileLength(strange));
     EXPECT_TRUE(walk->deleteFile(strange, Force::No));
-    EXPECT_TRUE(walk->deleteFolder(strange + "2", Force::No));
     EXPECT_EQ(Paths{}, disk_.tree());
 }
 
 TEST_F(FolderWalkTest, listsFoldersThatOutgrowItsMemory) {
-    constexpr int kFiles = 900;
     const std::string filler(250, 'X');
-    std::set<std::string> expected;
-    for (int i = 0; i < kFiles; ++i)
-        expected.insert(filler + std::to_string(i));
-    for (const std::string& name : expected)
-        disk_.addText(name, "");
+    for (int i = 100; i < 1'000; ++i)
+        disk_.addText(filler + std::to_string(i), "");
     const auto walk = open();
     const auto entries = *walk->list();
-    std::set<std::string> listed;
+    Paths listed;
     for (const platform::Entry& entry : entries) {
         EXPECT_EQ(std::string(250, 'x'), entry.name.substr(0, 250));
-        listed.emplace(entry.trueName);
+        listed.emplace_back(entry.trueName);
     }
-    EXPECT_EQ(expected, listed);
-    EXPECT_EQ(std::size_t{kFiles}, entries.size());
+    std::ranges::sort(listed);
+    EXPECT_EQ(disk_.tree(), listed);
 }
 
 TEST_F(FolderWalkTest, goesDeeperThanDescriptorsAndPathsReach) {
@@ -133,12 +103,14 @@ TEST_F(FolderWalkTest, goesDeeperThanDescriptorsAndPathsReach) {
     makeDeepTree(disk_.path(), kLevels);
     const DescriptorLimit few(64);
     const auto walk = open();
+    EXPECT_EQ(3U, *walk->folderSize(kDeepName));
     for (int level = 0; level < kLevels; ++level)
         ASSERT_TRUE(walk->enter(kDeepName)) << level;
     EXPECT_EQ(3U, *walk->fileLength("bottom"));
-    for (int level = kLevels; level > 0; --level)
+    for (int level = kLevels; level > 0; --level) {
         ASSERT_TRUE(walk->leave()) << level;
-    EXPECT_EQ(3U, *walk->folderSize(kDeepName));
+        EXPECT_TRUE(level != kLevels - 300 || walk->deleteFolder(kDeepName, Force::Yes)) << "from far down";
+    }
     EXPECT_TRUE(walk->deleteFolder(kDeepName, Force::No));
     EXPECT_EQ(Paths{}, disk_.tree());
 }
@@ -156,10 +128,8 @@ TEST_F(FolderWalkTest, endsWhenTheWayBackUpWasMoved) {
     for (int level = kLevels; level > 3; --level)
         ASSERT_TRUE(walk->leave()) << level;
     EXPECT_EQ(ESTALE, errorOf(walk->leave()));
-    EXPECT_FALSE(walk->leave());
     EXPECT_FALSE(walk->list());
     EXPECT_FALSE(walk->enter(kDeepName));
-    EXPECT_FALSE(walk->fileLength("mine"));
     EXPECT_FALSE(walk->deleteFile("mine", Force::Yes));
     EXPECT_FALSE(walk->deleteFolder(kDeepName, Force::Yes));
     EXPECT_TRUE(std::filesystem::exists(disk_.path("elsewhere/mine")));

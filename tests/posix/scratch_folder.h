@@ -52,6 +52,10 @@ public:
         std::filesystem::permissions(path(name), static_cast<std::filesystem::perms>(mode));
     }
 
+    [[nodiscard]] unsigned mode(const std::string& name) const {
+        return static_cast<unsigned>(std::filesystem::status(path(name)).permissions());
+    }
+
     /// All that is in it, sorted, links unfollowed.
     [[nodiscard]] std::vector<std::string> tree() const {
         std::vector<std::string> names;
