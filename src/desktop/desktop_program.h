@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/program_info.h"
+#include "desktop/character/character_audio.h"
 #include "desktop/places.h"
 
 #include <QRect>
@@ -26,7 +27,9 @@ struct UpdateSource {
 /// must be a QApplication.
 class DesktopProgram {
 public:
-    DesktopProgram(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates = {});
+    /// `audio` is what characters are heard by; empty: this machine's voices and sound.
+    DesktopProgram(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates = {},
+                   AudioMaker audio = {});
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;

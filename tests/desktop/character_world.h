@@ -3,49 +3,19 @@
 #include "desktop/character/desktop_character_service.h"
 #include "desktop/drawn_character.h"
 #include "desktop/journey.h"
+#include "desktop/real_input.h"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
 #include <QImage>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QTemporaryDir>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace brovin::tests {
-
-/// Lets the event loop run until the condition holds; false: it did not within ten seconds.
-inline bool waitUntil(const std::function<bool()>& condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && !time.hasExpired(10'000))
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    return condition();
-}
-
-inline void letPass(int milliseconds) {
-    QElapsedTimer time;
-    time.start();
-    while (!time.hasExpired(milliseconds))
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-}
-
-/// Input through the X server; comes back when it has been made, while events go on.
-inline void input(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    EXPECT_TRUE(waitUntil([&process] { return process.state() == QProcess::NotRunning; }));
-    letPass(100);
-}
-
-inline QStringList at(QPoint place) {
-    return {"mousemove", QString::number(place.x()), QString::number(place.y()), "sleep", "0.1"};
-}
 
 /// Another program's window, as far as a character can tell: blue, with the focus in a line of text.
 class BlueWindow final : public QWidget {

@@ -20,6 +20,7 @@ namespace brovin::tests {
 struct DesktopWorld {
     QTemporaryDir scratch;
     desktop::Places places;
+    desktop::AudioMaker audio; ///< empty: this machine's
     std::unique_ptr<desktop::DesktopProgram> program;
 
     DesktopWorld() {
@@ -33,7 +34,8 @@ struct DesktopWorld {
     }
 
     void start() {
-        program = std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3});
+        program =
+            std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3}, audio);
         ASSERT_TRUE(program->start());
     }
 

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include "desktop/real_input.h"
+
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
-#include <QThread>
-
-#include <functional>
 
 namespace brovin::tests {
 
@@ -32,25 +29,14 @@ public:
         process_.kill(); // SIGKILL
         process_.waitForFinished();
     }
-    bool ends(int milliseconds) { return process_.waitForFinished(milliseconds); }
+    bool ends(int milliseconds) {
+        return process_.state() == QProcess::NotRunning || process_.waitForFinished(milliseconds);
+    }
     [[nodiscard]] qint64 pid() const { return process_.processId(); }
 
 private:
     QProcess process_;
 };
-
-/// Lets events through until the condition holds. False: it did not within ten seconds.
-inline bool waitUntil(const std::function<bool()>& condition) {
-    QElapsedTimer waiting;
-    waiting.start();
-    while (!condition()) {
-        if (waiting.hasExpired(10'000))
-            return false;
-        QCoreApplication::processEvents();
-        QThread::msleep(20);
-    }
-    return true;
-}
 
 /// Whether a window of this title comes onto the screen within ten seconds.
 inline bool waitForWindow(const QString& title) {

@@ -3,15 +3,10 @@
 
 #include "desktop/desktop_world.h"
 #include "desktop/page_scroller.h"
+#include "desktop/room_for_text.h"
 #include "desktop/tab_button.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QDateTimeEdit>
-#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPalette>
 #include <QRegularExpression>
@@ -67,54 +62,12 @@ struct WindowWorld : DesktopWorld {
     QList<QWidget*> turnTo(std::size_t page) const {
         form().imgTabs[page].click();
         QTest::qWait(20);
-        QWidget* shown = widget(form().picTab[page].name().c_str());
-        QList<QWidget*> found;
-        for (QWidget* child : shown->findChildren<QWidget*>())
-            if (child->isVisible() && !child->objectName().isEmpty() &&
-                !child->objectName().startsWith("qt_"))
-                found += child;
-        return found;
+        return shownOn(widget(form().picTab[page].name().c_str()));
     }
 
 private:
     QFont usual_;
 };
-
-/// The room that a widget's text takes; empty: it has none, or it scrolls.
-QSize needOf(const QWidget* widget) {
-    if (const auto* label = qobject_cast<const QLabel*>(widget))
-        return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
-    if (const auto* line = qobject_cast<const QLineEdit*>(widget))
-        return {line->fontMetrics().horizontalAdvance(line->text()) + 8, line->sizeHint().height()};
-    if (const auto* group = qobject_cast<const QGroupBox*>(widget))
-        return {group->fontMetrics().horizontalAdvance(group->title()) + 12, 0};
-    if (qobject_cast<const QAbstractButton*>(widget) != nullptr)
-        return widget->minimumSizeHint().expandedTo(
-            {qobject_cast<const desktop::TabButton*>(widget) != nullptr ? 0 : widget->sizeHint().width(), 0});
-    if (qobject_cast<const QComboBox*>(widget) != nullptr ||
-        qobject_cast<const QDateTimeEdit*>(widget) != nullptr)
-        return widget->sizeHint();
-    return {};
-}
-
-void expectRoomFor(const QWidget* widget, const std::string& where) {
-    const QSize need = needOf(widget);
-    EXPECT_GE(widget->width(), need.width()) << where << widget->objectName().toStdString();
-    EXPECT_GE(widget->height(), need.height()) << where << widget->objectName().toStdString();
-    EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
-        << where << widget->objectName().toStdString() << " sticks out of what it is in";
-}
-
-void expectNoOverlap(const QList<QWidget*>& widgets, const std::string& where) {
-    for (const QWidget* one : widgets)
-        for (const QWidget* other : widgets) {
-            const bool beside = one < other && one->parentWidget() == other->parentWidget();
-            const bool hint =
-                one->objectName() == "picAdd" || other->objectName() == "picAdd"; // lies on the list
-            EXPECT_FALSE(beside && !hint && one->geometry().intersects(other->geometry()))
-                << where << one->objectName().toStdString() << " and " << other->objectName().toStdString();
-        }
-}
 
 QPalette darkPalette() {
     QPalette dark(QColor(0x2b, 0x2b, 0x2b));
