@@ -41,8 +41,8 @@ TEST(CompanionJourney, saysAndDoesWhatItIsToldTo) {
     world.press("cmdStop");
     EXPECT_TRUE(waitUntil([] { return !CompanionWorld::balloonIsOpen(); }));
 
-    world.choose("lstAnims", "Congratulate");
-    const std::set<std::uint32_t> sounds = soundsOf("Congratulate");
+    world.choose("lstAnims", "DoMagic1");
+    const std::set<std::uint32_t> sounds = soundsOf("DoMagic1");
     world.heard.sounds.clear();
     EXPECT_TRUE(world.insist("cmdDo", [&] {
         const std::set<std::uint32_t> played(world.heard.sounds.begin(), world.heard.sounds.end());

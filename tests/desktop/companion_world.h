@@ -8,6 +8,7 @@
 #include "desktop/voice/espeak_voice.h"
 #include "language/language_file.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QHash>
 #include <QListWidget>
@@ -180,7 +181,10 @@ struct CompanionWorld : DesktopWorld {
         QWidget* const pressed = widget(name);
         ASSERT_TRUE(waitUntil([&] { return pressed->isVisible() && program->window().isActiveWindow(); }))
             << name;
-        input(at(pressed->mapToGlobal(pressed->rect().center())) + kClick);
+        const QPoint middle = pressed->rect().center();
+        const bool box =
+            qobject_cast<QCheckBox*>(pressed) != nullptr; // which does not hear clicks beside its text
+        input(at(pressed->mapToGlobal(box ? QPoint(10, middle.y()) : middle)) + kClick);
     }
     void turnTo(std::size_t page) const {
         press(form().imgTabs[page].name().c_str());

@@ -55,7 +55,6 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
     world.makeFile("Share/Music/._song");
     world.makeFile("Share/Icon\r");
     world.start();
-    world.form().chkAgent.setValue(0); // messages are boxes
 
     Journey journey;
     journey.then(
@@ -114,7 +113,6 @@ TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
     world.makeFile("Share/Thumbs.db");
     world.makeFile("Share/Sub/Thumbs.db");
     world.start();
-    world.form().chkAgent.setValue(0); // messages are boxes
     world.form().chkConfirm.setValue(1);
     world.form().lstFiles.setItems({{"thumbs.db", 0}});
     world.form().mPopRestore.click();

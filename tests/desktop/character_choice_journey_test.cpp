@@ -1,0 +1,185 @@
+// Characters come, go and break under a running program: its list of them, how fast another one appears, and
+// what remains when one is lost. And what a user may type for them to say.
+
+#include "desktop/companion_world.h"
+
+#include <QMessageBox>
+
+#include <limits>
+
+namespace brovin::tests {
+namespace {
+
+using desktop::CharacterWindow;
+
+/// The shipped character under another name, as somebody's own would come.
+void writeSecond(const QString& path) {
+    character::CharacterData second = readFile(CompanionWorld::kPeedy);
+    second.guid.first ^= 1;
+    for (auto& info : second.info)
+        info.name = "Second";
+    writeCharacterFile(path, second);
+}
+
+/// Takes the time from the press of a mouse button to the first picture of a character's window.
+class FirstPicture final : public QObject {
+public:
+    FirstPicture() { qApp->installEventFilter(this); }
+    qint64 milliseconds = -1;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress) {
+            clock_.start();
+            milliseconds = -1;
+        } else if (event->type() == QEvent::Paint && milliseconds < 0 && clock_.isValid() &&
+                   dynamic_cast<CharacterWindow*>(watched) != nullptr) {
+            milliseconds = clock_.elapsed();
+        }
+        return false;
+    }
+
+private:
+    QElapsedTimer clock_;
+};
+
+TEST(CharacterChoice, showsAnotherCharacterWithoutDelay) {
+    CompanionWorld world;
+    writeSecond(world.ownCharacter("Second.acs"));
+    world.open();
+    world.turnTo(3);
+    qint64 best = std::numeric_limits<qint64>::max(); // the machine may be busy with something else
+    for (const char* const name : {"Second", "Peedy", "Second"}) {
+        FirstPicture picture;
+        world.choose("lstChars", name);
+        ASSERT_TRUE(waitUntil([&] { return picture.milliseconds >= 0; })) << name;
+        EXPECT_EQ(name, world.stored("AgentName").toStdString());
+        EXPECT_EQ(name, CompanionWorld::figure()->windowTitle().toStdString());
+        EXPECT_NE(std::string::npos, world.form().lblSay.caption().find(name))
+            << world.form().lblSay.caption();
+        best = std::min(best, picture.milliseconds);
+    }
+    RecordProperty("first_picture_ms", static_cast<int>(best));
+    EXPECT_LT(best, 300);
+}
+
+TEST(CharacterChoice, listsABigFolderInWhichManyAreBroken) {
+    CompanionWorld world;
+    QFile peedy(CompanionWorld::kPeedy);
+    ASSERT_TRUE(peedy.open(QIODevice::ReadOnly));
+    const QByteArray contents[] = {"", "not a character", peedy.read(4000), QByteArray(100, '\xFF')};
+    for (int i = 0; i < 499; ++i)
+        world.makeFile(QString("data/msagent/chars/bird%1.acs").arg(i, 3, 10, QLatin1Char('0')),
+                       contents[i % std::size(contents)]);
+    writeCharacterFile(world.ownCharacter("RING.ACS"), drawnCharacter());
+    world.open();
+    world.turnTo(3);
+    const ui::ListBox& list = world.form().lstChars;
+    EXPECT_EQ(501, list.count());
+    world.makeFile("data/msagent/chars/late.acs");
+    qint64 best = std::numeric_limits<qint64>::max(); // the machine may be busy with something else
+    for (int i = 0; i < 5; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        world.form().cmdCheckChars.click();
+        best = std::min(best, clock.elapsed());
+    }
+    RecordProperty("listed_ms", static_cast<int>(best));
+    EXPECT_LT(best, 200);
+    EXPECT_EQ(502, list.count());
+    EXPECT_EQ("Peedy", list.selectedText());
+
+    for (const auto& [name, loads] : {std::pair{"Bird000", false},
+                                      {"Bird001", false},
+                                      {"Bird002", false},
+                                      {"Bird003", false},
+                                      {"Ring", true}}) {
+        world.choose("lstChars", name);
+        EXPECT_TRUE(waitUntil([&, shown = loads] { return (CompanionWorld::figure() != nullptr) == shown; }))
+            << name;
+        EXPECT_EQ(loads, world.form().lstAnims.count() > 0) << name;
+        EXPECT_EQ(name, list.selectedText());
+    }
+}
+
+TEST(CharacterChoice, goesOnWhenTheFileOfItsCharacterIsLost) {
+    CompanionWorld world;
+    const QString file = world.ownCharacter("second.acs");
+    writeSecond(file);
+    world.makeFile("config/Brovin/Brovin.conf", "[Settings]\nAgentName=Second\nAgentX=860\nAgentY=500\n");
+    world.open();
+    ASSERT_EQ("Second", CompanionWorld::figure()->windowTitle().toStdString());
+    ASSERT_TRUE(QFile::remove(file));
+    world.turnTo(4);
+    world.press("cmdStop");
+    world.paste("txtSay", "I am still here");
+    EXPECT_NE("", world.saidAfter([&] { world.press("cmdSay"); })) << "what is loaded needs no file";
+
+    world.turnTo(3);
+    world.press("cmdCheckChars");
+    const ui::ListBox& list = world.form().lstChars;
+    EXPECT_TRUE(waitUntil([&] { return list.count() == 1; }));
+    EXPECT_EQ(ui::ListBox::kNone, list.selected()) << "the one in use has no file";
+    EXPECT_NE(nullptr, CompanionWorld::figure());
+    world.press("chkAgent");
+    EXPECT_TRUE(waitUntil([] { return CompanionWorld::figure() == nullptr; }));
+    world.press("chkAgent");
+    EXPECT_TRUE(waitUntil([&] { return world.form().chkAgent.checked(); }));
+    EXPECT_EQ(0, world.form().lstAnims.count());
+    EXPECT_FALSE(world.form().cmdDo.enabled());
+    world.turnTo(4);
+    for (const char* const button : {"cmdSay", "cmdRepeat", "cmdStop"})
+        world.press(button);
+    EXPECT_EQ(nullptr, CompanionWorld::figure());
+
+    world.turnTo(3);
+    world.choose("lstChars", "Peedy");
+    EXPECT_TRUE(waitUntil([] { return CompanionWorld::figure() != nullptr; }));
+}
+
+TEST(CharacterChoice, takesWhateverIsTyped) {
+    const QString longText = QString("abcdefghi ").repeated(1000);
+    const struct {
+        QString typed;
+        QString heard;    ///< in what is said, as a pattern
+        QString notHeard; ///< nor this
+    } kCases[] = {
+        {R"(\Spd=200\Quick \Pau=50\now)", "Quick now", R"(\\|Spd|Pau)"},
+        {R"(\Nonsense=7\unfinished \Spd=20)", "unfinished", ""},
+        {"left|right", "left|right", R"(left.*right|\|)"},
+        {"&ani&Blink+then this", "then this", "&ani&|Blink"},
+        {"one + &nonsense& & &dude", R"(one (\+ )?&nonsense& & &dude)", ""},
+        {longText, longText.trimmed(), ""},
+    };
+    CompanionWorld world;
+    world.open();
+    world.turnTo(4);
+    for (const auto& [typed, heard, notHeard] : kCases) {
+        const std::string what = typed.left(40).toStdString();
+        world.press("cmdStop");
+        world.paste("txtSay", typed);
+        ASSERT_TRUE(waitUntil([&, text = typed.toStdString()] { return world.form().txtSay.text() == text; }))
+            << what;
+        world.heard.texts.clear();
+        world.press("cmdSay");
+        const auto all = [&] {
+            QString text;
+            for (const std::string& one : world.heard.texts)
+                text += QString::fromStdString(one) + '\n';
+            return text.simplified();
+        };
+        const QRegularExpression wanted(heard);
+        EXPECT_TRUE(waitUntil([&] { return wanted.match(all()).hasMatch(); }))
+            << what << ": " << all().left(200).toStdString();
+        EXPECT_FALSE(!notHeard.isEmpty() && QRegularExpression(notHeard).match(all()).hasMatch())
+            << what << ": " << all().toStdString();
+    }
+    EXPECT_TRUE(CompanionWorld::balloonIsOpen());
+    letPass(300);
+    Journey::takePicture("companion-long-text");
+    world.press("cmdStop");
+    EXPECT_TRUE(waitUntil([] { return !CompanionWorld::balloonIsOpen(); }));
+}
+
+} // namespace
+} // namespace brovin::tests
