@@ -8,7 +8,7 @@ packages_build=(
 packages_run=(
     espeak-ng-data
     fonts-dejavu-core
-    qt6-qpa-plugins
+    qt6-qpa-plugins qt6-translations-l10n
     xdg-utils
 )
 # A desktop without a screen, for the demonstration and the tests that click.

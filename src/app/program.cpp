@@ -19,6 +19,7 @@
 #include "companion/speech_commands.h"
 #include "language/language_catalogue.h"
 #include "language/language_loader.h"
+#include "text/numbers.h"
 #include "ui/speech_frequency.h"
 
 #include <chrono>
@@ -251,6 +252,7 @@ void Program::Rooms::tieSpeech() {
 void Program::Rooms::tieProgram() {
     form.lstLang.click = [this] { loader.lstLang_Click(); };
     loader.loaded = [this] {
+        machine.dialogs.setLanguage(text::leadingInt32(tables.langLanguageId).value_or(0));
         if (!form.Timer1.enabled())
             return; // not running yet
         // What is on the screen, and who speaks there, shall change the language at once.

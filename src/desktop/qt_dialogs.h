@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/toolkit_language.h"
 #include "platform/dialogs.h"
 
 class QWidget;
@@ -15,6 +16,7 @@ public:
     /// Whether one of them is open: the program waits for the answer, and other events wait for the program.
     [[nodiscard]] bool open() const { return open_ > 0; }
 
+    void setLanguage(long languageId) override { language_.speak(languageId); }
     platform::Button messageBox(const std::string& text, platform::BoxStyle style,
                                 const std::string& title) override;
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
@@ -24,6 +26,7 @@ public:
 private:
     [[nodiscard]] QWidget* visibleOwner() const;
 
+    ToolkitLanguage language_;
     QWidget* owner_ = nullptr;
     int open_ = 0;
 };

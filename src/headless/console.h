@@ -24,6 +24,7 @@ class ConsoleDialogs final : public platform::Dialogs {
 public:
     explicit ConsoleDialogs(const Console& console) : console_(console) {}
 
+    void setLanguage(long /*languageId*/) override {} // its questions are the program's own
     platform::Button messageBox(const std::string& text, platform::BoxStyle style,
                                 const std::string& title) override;
     std::optional<std::string> inputBox(const std::string& /*prompt*/, const std::string& /*title*/,

@@ -29,6 +29,10 @@ class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
+    /// The language of the boxes' own buttons, by its Windows identifier; 0: none in particular. One that the
+    /// machine does not know leaves them in English.
+    virtual void setLanguage(long languageId) = 0;
+
     /// Shows a message on top of the program's window. Closing it otherwise answers Cancel, or No where there
     /// is no Cancel.
     virtual Button messageBox(const std::string& text, BoxStyle style, const std::string& title) = 0;

@@ -3,6 +3,9 @@
 
 #include "desktop/companion_world.h"
 #include "desktop/room_for_text.h"
+#include "desktop/toolkit_language.h"
+
+#include <QMessageBox>
 
 namespace brovin::tests {
 namespace {
@@ -11,10 +14,12 @@ struct Language {
     QString name; ///< in its own letters, as it begins in the list
     const char* file;
     const char* voice; ///< what the synthesizer calls its voice, at the beginning
+    const char* yes;   ///< on the button of a question
 };
 const Language kLanguages[] = {
-    {"Deutsch", "german", "gmw/de"},  {"Français", "french", "roa/fr"}, {"Español", "spanish", "roa/es"},
-    {"Русский", "russian", "zle/ru"}, {"English", "default", "gmw/en"},
+    {"Deutsch", "german", "gmw/de", "&Ja"},   {"Français", "french", "roa/fr", "&Oui"},
+    {"Español", "spanish", "roa/es", "&Sí"},  {"Русский", "russian", "zle/ru", "&Да"},
+    {"English", "default", "gmw/en", "&Yes"},
 };
 
 /// The text that a widget shows as its caption.
@@ -56,6 +61,23 @@ void lookAtAllPages(const CompanionWorld& world, const Phrases& phrases, const L
     }
 }
 
+/// Asks to leave, reads the button, and stays.
+std::string yesOfTheExitQuestion(const CompanionWorld& world) {
+    std::string yes;
+    QTimer looking;
+    looking.callOnTimeout([&yes] {
+        const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr || !box->isVisible())
+            return;
+        yes = box->button(QMessageBox::Yes)->text().toStdString();
+        Journey::takePicture("question");
+        box->button(QMessageBox::No)->click();
+    });
+    looking.start(50);
+    world.form().cmdExit.click(); // comes back when it has its answer
+    return yes;
+}
+
 TEST(LanguageJourney, changesEveryTextAndTheVoiceAtOnce) {
     CompanionWorld world;
     world.open();
@@ -70,8 +92,31 @@ TEST(LanguageJourney, changesEveryTextAndTheVoiceAtOnce) {
         })) << language.file
             << ": " << (world.heard.texts.empty() ? "" : world.heard.texts.back());
         EXPECT_EQ(language.voice, world.heard.voices.back().substr(0, std::string(language.voice).size()));
+        EXPECT_EQ(language.yes, yesOfTheExitQuestion(world));
         lookAtAllPages(world, phrases, language);
     }
+}
+
+TEST(ToolkitLanguage, staysEnglishWithoutATranslation) {
+    const auto yes = [] { return QCoreApplication::translate("QPlatformTheme", "&Yes").toStdString(); };
+    const QTemporaryDir empty;
+    desktop::ToolkitLanguage missing(empty.path());
+    missing.speak(1031);
+    EXPECT_EQ("&Yes", yes());
+    {
+        desktop::ToolkitLanguage installed;
+        const struct {
+            long id;
+            const char* yes;
+        } kCases[] = {{1031, "&Ja"}, {3079, "&Ja"},  {1046, "&Sim"},
+                      {0, "&Yes"},   {1036, "&Oui"}, {99999, "&Yes"}};
+        for (const auto& [id, wanted] : kCases) {
+            installed.speak(id);
+            EXPECT_EQ(wanted, yes()) << id;
+        }
+        installed.speak(1031);
+    }
+    EXPECT_EQ("&Yes", yes()) << "it ends with its program";
 }
 
 } // namespace

@@ -30,8 +30,10 @@ public:
     std::deque<platform::Button> answers;
     std::deque<std::optional<std::string>> typed;
     std::deque<std::string> folders;
+    long language = 0;
     std::function<void(const Box&)> onBox; ///< what happens while a box is open
 
+    void setLanguage(long languageId) override { language = languageId; }
     platform::Button messageBox(const std::string& text, platform::BoxStyle style,
                                 const std::string& title) override {
         boxes.push_back({text, style, title});
