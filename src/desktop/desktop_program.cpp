@@ -63,8 +63,8 @@ std::vector<std::string> characterFolders(const Places& places) {
 struct DesktopMachine {
     DesktopMachine(const Places& places, const UpdateSource& source, AudioMaker audio)
         : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
-          characters({characterFolders(places), audio ? std::move(audio) : spokenAudio,
-                      [this] { return busy(); }}),
+          characters(
+              {characterFolders(places), audio ? std::move(audio) : spokenAudio, [this] { return busy(); }}),
           registry(places.autostartFolder), instance(places.runningLock),
           scanLock(bytesOf(places.settingsFolder)),
           key(source.key), updates{transfer, downloads, key, downloadWindows, source.server} {}

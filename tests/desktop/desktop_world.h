@@ -34,8 +34,8 @@ struct DesktopWorld {
     }
 
     void start() {
-        program =
-            std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3}, audio);
+        program = std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3},
+                                                            desktop::UpdateSource{}, audio);
         ASSERT_TRUE(program->start());
     }
 
