@@ -61,10 +61,9 @@ std::vector<std::string> characterFolders(const Places& places) {
 
 /// The machine beneath, on a Linux desktop.
 struct DesktopMachine {
-    DesktopMachine(const Places& places, const UpdateSource& source, AudioMaker audio)
+    DesktopMachine(const Places& places, const UpdateSource& source, const AudioMaker& audio)
         : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
-          characters(
-              {characterFolders(places), audio ? std::move(audio) : spokenAudio, [this] { return busy(); }}),
+          characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
           registry(places.autostartFolder), instance(places.runningLock),
           scanLock(bytesOf(places.settingsFolder)),
           key(source.key), updates{transfer, downloads, key, downloadWindows, source.server} {}
@@ -110,8 +109,9 @@ void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings) {
 } // namespace
 
 struct DesktopProgram::Parts {
-    Parts(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates, AudioMaker audio)
-        : machine(places, updates, std::move(audio)),
+    Parts(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates,
+          const AudioMaker& audio)
+        : machine(places, updates, audio),
           program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath())) {}
 
     DesktopMachine machine;
@@ -123,12 +123,12 @@ struct DesktopProgram::Parts {
 };
 
 DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info,
-                               const UpdateSource& updates, AudioMaker audio) {
+                               const UpdateSource& updates, const AudioMaker& audio) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
     installAccessibility();
     QDir().mkpath(places.settingsFolder);
-    parts_ = std::make_unique<Parts>(places, info, updates, std::move(audio));
+    parts_ = std::make_unique<Parts>(places, info, updates, audio);
     DesktopMachine& machine = parts_->machine;
     OptionsWindow& window = parts_->window;
     machine.dialogs.setOwner(&window);

@@ -29,7 +29,7 @@ class DesktopProgram {
 public:
     /// `audio` is what characters are heard by; empty: this machine's voices and sound.
     DesktopProgram(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates = {},
-                   AudioMaker audio = {});
+                   const AudioMaker& audio = {});
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;
