@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -17,7 +18,7 @@ namespace brovin::character {
 namespace {
 
 CharacterData shipped(const std::string& file) {
-    std::ifstream stream(std::string(BROVIN_CHARACTERS) + "/" + file + ".acs", std::ios::binary);
+    std::ifstream stream(std::filesystem::path(BROVIN_CHARACTERS) / (file + ".acs"), std::ios::binary);
     auto data = readCharacter(SharedBytes({std::istreambuf_iterator<char>(stream), {}}));
     EXPECT_TRUE(data) << file;
     return data ? std::move(*data) : CharacterData{};
@@ -106,7 +107,7 @@ TEST_P(ShippedCharacter, isSeenAndHeard) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ShippedCharacter, testing::Values("peedy", "merlin", "genie", "robby"),
-                         [](const auto& info) { return std::string(info.param); });
+                         [](const auto& who) { return std::string(who.param); });
 
 TEST(ShippedCharacters, areFourDifferentOnes) {
     std::set<std::string> guids;
