@@ -6,11 +6,15 @@
 #include <QMessageBox>
 
 #include <limits>
+#include <map>
 
 namespace brovin::tests {
 namespace {
 
 using desktop::CharacterWindow;
+
+/// How many characters come along.
+constexpr int kCast = 4;
 
 /// The shipped character under another name, as somebody's own would come.
 void writeSecond(const QString& path) {
@@ -45,11 +49,11 @@ private:
 
 TEST(CharacterChoice, showsAnotherCharacterWithoutDelay) {
     CompanionWorld world;
-    writeSecond(world.ownCharacter("Second.acs"));
     world.open();
     world.turnTo(3);
-    qint64 best = std::numeric_limits<qint64>::max(); // the machine may be busy with something else
-    for (const char* const name : {"Second", "Peedy", "Second"}) {
+    std::map<std::string, qint64> best; // of two, because the machine may be busy with something else
+    for (const char* const name :
+         {"Merlin", "Genie", "Robby", "Peedy", "Merlin", "Genie", "Robby", "Peedy"}) {
         FirstPicture picture;
         world.choose("lstChars", name);
         ASSERT_TRUE(waitUntil([&] { return picture.milliseconds >= 0; })) << name;
@@ -57,10 +61,13 @@ TEST(CharacterChoice, showsAnotherCharacterWithoutDelay) {
         EXPECT_EQ(name, CompanionWorld::figure()->windowTitle().toStdString());
         EXPECT_NE(std::string::npos, world.form().lblSay.caption().find(name))
             << world.form().lblSay.caption();
-        best = std::min(best, picture.milliseconds);
+        const auto [known, isNew] = best.emplace(name, picture.milliseconds);
+        known->second = std::min(known->second, picture.milliseconds);
     }
-    RecordProperty("first_picture_ms", static_cast<int>(best));
-    EXPECT_LT(best, 300);
+    for (const auto& [name, milliseconds] : best) {
+        RecordProperty("first_picture_ms_" + name, static_cast<int>(milliseconds));
+        EXPECT_LT(milliseconds, 300) << name;
+    }
 }
 
 TEST(CharacterChoice, listsABigFolderInWhichManyAreBroken) {
@@ -75,7 +82,7 @@ TEST(CharacterChoice, listsABigFolderInWhichManyAreBroken) {
     world.open();
     world.turnTo(3);
     const ui::ListBox& list = world.form().lstChars;
-    EXPECT_EQ(501, list.count());
+    EXPECT_EQ(500 + kCast, list.count());
     world.makeFile("data/msagent/chars/late.acs");
     qint64 best = std::numeric_limits<qint64>::max(); // the machine may be busy with something else
     for (int i = 0; i < 5; ++i) {
@@ -86,7 +93,7 @@ TEST(CharacterChoice, listsABigFolderInWhichManyAreBroken) {
     }
     RecordProperty("listed_ms", static_cast<int>(best));
     EXPECT_LT(best, 200);
-    EXPECT_EQ(502, list.count());
+    EXPECT_EQ(501 + kCast, list.count());
     EXPECT_EQ("Peedy", list.selectedText());
 
     for (const auto& [name, loads] : {std::pair{"Bird000", false},
@@ -118,7 +125,7 @@ TEST(CharacterChoice, goesOnWhenTheFileOfItsCharacterIsLost) {
     world.turnTo(3);
     world.press("cmdCheckChars");
     const ui::ListBox& list = world.form().lstChars;
-    EXPECT_TRUE(waitUntil([&] { return list.count() == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return list.count() == kCast; }));
     EXPECT_EQ(ui::ListBox::kNone, list.selected()) << "the one in use has no file";
     EXPECT_NE(nullptr, CompanionWorld::figure());
     world.press("chkAgent");
