@@ -6,6 +6,7 @@ packages_build=(
     libespeak-ng-dev libxcb1-dev qt6-base-dev qt6-multimedia-dev qt6-svg-dev
 )
 packages_run=(
+    ca-certificates
     espeak-ng-data
     fonts-dejavu-core
     qt6-qpa-plugins qt6-translations-l10n
