@@ -154,7 +154,7 @@ TEST(CharacterChoice, takesWhateverIsTyped) {
         {R"(\Spd=200\Quick \Pau=50\now)", "Quick now", R"(\\|Spd|Pau)"},
         {R"(\Nonsense=7\unfinished \Spd=20)", "unfinished", ""},
         {"left|right", "left|right", R"(left.*right|\|)"},
-        {"&ani&Blink+then this", "then this", "&ani&|Blink"},
+        {"look+&ani&Blink+then this", "then this", "&ani&|Blink"},
         {"one + &nonsense& & &dude", R"(one (\+ )?&nonsense& & &dude)", ""},
         {longText, longText.trimmed(), ""},
     };
