@@ -22,7 +22,7 @@ using posix::Descriptor;
 using posix::lastFailure;
 using posix::uninterrupted;
 
-constexpr std::size_t kPiece = std::size_t{256} * 1024;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 /// What an installer is, told by how it begins.
 enum class Kind { Unknown, Package, Executable };
