@@ -1,15 +1,19 @@
 // A demonstration: real clutter in a throw-away folder, settings of its own, and one scan in the real window.
+// It ends by itself and tells what was said and what was deleted. Status 1: something of that was missing.
 
 #include "demo_world.h"
 #include "desktop/desktop_program.h"
 #include "desktop/options_window.h"
+#include "result_watch.h"
 #include "ui/frm_options.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPixmap>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -17,75 +21,106 @@
 
 #include <iostream>
 #include <string_view>
-#include <utility>
 
 namespace {
 
 using namespace brovin;
 
-void printLog(const QString& path) {
-    QFile log(path);
-    if (log.open(QIODevice::ReadOnly))
-        std::cout << log.readAll().replace("\r\n", "\n").toStdString();
+constexpr int kLook = 1500;      ///< ms to look at the window before the scan
+constexpr int kLinger = 2500;    ///< ms to look at the result
+constexpr int kPatience = 40000; ///< ms in which the program must have said something
+
+enum class Picture { OwnWindows, WholeScreen };
+
+/// The program's own windows as they lie on the desktop, without anything of the user's.
+QPixmap ownWindows() {
+    QRect area;
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            area |= window->geometry();
+    QPixmap picture(area.size());
+    picture.fill(QColor(0x4f, 0x6d, 0x8f));
+    QPainter painter(&picture);
+    const auto paint = [&](bool overlays) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (!window->isVisible() || window->testAttribute(Qt::WA_TranslucentBackground) != overlays)
+                continue;
+            const QPoint corner = window->geometry().topLeft() - area.topLeft();
+            const QRegion shape = window->mask().isEmpty() ? QRegion(window->rect()) : window->mask();
+            painter.setClipRegion(shape.translated(corner));
+            painter.drawPixmap(corner, window->grab());
+        }
+    };
+    paint(false);
+    paint(true); // the character and its balloon lie above all others
+    return picture;
 }
 
-/// Presses "Scan NOW", and when the result is on the screen takes a picture of it.
+/// Presses "Scan NOW" and, when the result has been told, takes a picture of it.
 class Demonstration {
 public:
-    Demonstration(desktop::DesktopProgram& program, const QString& folder, bool leaves)
-        : program_(program), folder_(folder), leaves_(leaves) {
-        pressing_.setSingleShot(true);
-        QObject::connect(&pressing_, &QTimer::timeout, [this] { press(); });
+    Demonstration(desktop::DesktopProgram& program, const QString& folder, Picture picture)
+        : program_(program), folder_(folder), picture_(picture) {
         QObject::connect(&watching_, &QTimer::timeout, [this] { watch(); });
     }
 
     void begin() {
         program_.form().mPopRestore.click();
-        pressing_.start(1500); // a moment to look at the window
+        waiting_.start();
+        QTimer::singleShot(kLook, &watching_, [this] { press(); });
     }
 
 private:
-    /// Returns only when the result has been closed; meanwhile the other timer goes on.
+    /// Where the result comes in a box this returns only when the box is closed; the timer goes on meanwhile.
     void press() {
-        watching_.start(300);
+        watching_.start(100);
         program_.window().findChild<QAbstractButton*>(QStringLiteral("cmdNuke"))->click();
+        pressed_ = true;
     }
 
     void watch() {
-        auto* result = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (result == nullptr || std::exchange(resultSeen_, result) != result)
-            return; // it is still being drawn
+        const auto said = result_.look(pressed_);
+        if (!said && !waiting_.hasExpired(kPatience))
+            return;
         watching_.stop();
-        show(result);
+        const bool complete = report(said.value_or(QString()));
+        QTimer::singleShot(said ? kLinger : 0, &watching_, [complete] {
+            if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                box->accept();
+            QApplication::exit(complete ? 0 : 1);
+        });
     }
 
-    void show(QMessageBox* result) {
-        const QString picture = folder_ + QStringLiteral("/scan.png");
-        QScreen* screen = QApplication::primaryScreen();
-        const QPixmap shot = leaves_ ? screen->grabWindow(0) : program_.window().grab();
-        std::cout << "\nThe program says: " << result->text().toStdString() << "\n\n";
-        printLog(folder_ + QStringLiteral("/data/deletions.log"));
-        std::cout << "\nScreenshot:   " << (shot.save(picture) ? picture.toStdString() : "could not be saved")
-                  << "\nDeletion log: " << folder_.toStdString() << "/data/deletions.log"
+    /// False: something is missing.
+    [[nodiscard]] bool report(const QString& said) const {
+        const QString file = folder_ + QStringLiteral("/scan.png");
+        const QPixmap picture =
+            picture_ == Picture::WholeScreen ? QApplication::primaryScreen()->grabWindow(0) : ownWindows();
+        const bool pictured = picture.save(file);
+        QFile log(folder_ + QStringLiteral("/data/deletions.log"));
+        const QByteArray logged =
+            log.open(QIODevice::ReadOnly) ? log.readAll().replace("\r\n", "\n") : QByteArray();
+        std::cout << "\nThe program says: " << (said.isEmpty() ? "nothing!" : said.toStdString()) << "\n\n"
+                  << logged.toStdString()
+                  << "\nScreenshot:   " << (pictured ? file.toStdString() : "could not be saved")
+                  << "\nDeletion log: " << (logged.isEmpty() ? "is missing" : log.fileName().toStdString())
                   << "\nFolder:       " << folder_.toStdString() << "/Share" << std::endl;
-        if (!leaves_)
-            return;
-        result->accept();
-        QApplication::exit(0);
+        return !said.isEmpty() && pictured && !logged.isEmpty();
     }
 
     desktop::DesktopProgram& program_;
     QString folder_;
-    bool leaves_;
-    QTimer pressing_;
+    Picture picture_;
     QTimer watching_;
-    const QMessageBox* resultSeen_ = nullptr;
+    QElapsedTimer waiting_;
+    tools::ResultWatch result_;
+    bool pressed_ = false;
 };
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const bool leaves = argc > 1 && std::string_view(argv[1]) == "--leave"; // end after the scan
+    const bool wholeScreen = argc > 1 && std::string_view(argv[1]) == "--whole-screen";
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb");
     const QApplication application(argc, argv);
@@ -99,7 +134,7 @@ int main(int argc, char** argv) {
     desktop::DesktopProgram program(places, {"Brovin", 1, 0, 0});
     if (!program.start())
         return 1;
-    Demonstration demonstration(program, folder, leaves);
+    Demonstration demonstration(program, folder, wholeScreen ? Picture::WholeScreen : Picture::OwnWindows);
     demonstration.begin();
     return QApplication::exec();
 }
