@@ -5,8 +5,8 @@
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_shell.h"
 #include "desktop/update/curl_transfer.h"
-#include "desktop/update/private_downloads.h"
-#include "desktop/update/sodium_key.h"
+#include "net/private_downloads.h"
+#include "net/sodium_key.h"
 #include "update/update_download.h"
 
 #include <QApplication>
@@ -67,8 +67,8 @@ Figures download(const std::string& url, const std::string& keyText, const std::
     desktop::QtDialogs dialogs;
     desktop::QtEventPump pump;
     desktop::CurlTransfer transfer;
-    desktop::PrivateDownloads downloads(folder);
-    const desktop::SodiumKey key(keyText);
+    net::PrivateDownloads downloads(folder);
+    const net::SodiumKey key(keyText);
     desktop::DownloadWindows windows;
     ui::FrmDownload form;
     update::UpdateDownload update({form, messages, dialogs, transfer, downloads, key, pump},

@@ -15,10 +15,10 @@
 #include "desktop/timer_binding.h"
 #include "desktop/tray_icon.h"
 #include "desktop/update/curl_transfer.h"
-#include "desktop/update/private_downloads.h"
-#include "desktop/update/sodium_key.h"
 #include "desktop/voice/espeak_voice.h"
 #include "desktop/voice/sound_player.h"
+#include "net/private_downloads.h"
+#include "net/sodium_key.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/posix_file_system.h"
@@ -47,8 +47,8 @@ CharacterAudio spokenAudio(const std::shared_ptr<const character::CharacterData>
     auto own = std::make_unique<voice::EspeakVoice>(*data);
     voice::EspeakVoice* const speaks = own.get(); // lives as long as what is returned
     return {std::move(own), std::make_unique<voice::SoundPlayer>(data),
-            [speaks](character::LanguageId language) { speaks->setLanguageId(language); },
-            [speaks](const std::string& mode) { speaks->setTtsModeId(mode); }};
+            [speaks](character::LanguageId language) { speaks->choice().setLanguageId(language); },
+            [speaks](const std::string& mode) { speaks->choice().setTtsModeId(mode); }};
 }
 
 /// The user's own characters win.
@@ -84,8 +84,8 @@ struct DesktopMachine {
     posix::StandardRandom random;
     QtEventPump pump;
     CurlTransfer transfer;
-    PrivateDownloads downloads{downloadFolderPath()};
-    SodiumKey key;
+    net::PrivateDownloads downloads{net::downloadFolderPath()};
+    net::SodiumKey key;
     DownloadWindows downloadWindows;
     update::Machine updates;
 

@@ -1,6 +1,6 @@
 #include "desktop/toolkit_language.h"
 
-#include "desktop/voice/language_ids.h"
+#include "voice/language_ids.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

@@ -20,8 +20,8 @@ using Then = ScriptedServer::Then;
 using std::chrono::milliseconds;
 
 /// Short limits, so that a test need not wait for a server that keeps it waiting.
-constexpr Patience kShort{milliseconds(500), milliseconds(300), milliseconds(900), 1024,
-                          milliseconds(300), milliseconds(100)};
+constexpr net::Patience kShort{milliseconds(500), milliseconds(300), milliseconds(900), 1024,
+                               milliseconds(300), milliseconds(100)};
 
 class TransferTest : public testing::Test {
 protected:

@@ -1,7 +1,7 @@
-#include "desktop/voice/espeak_voice.h"
-#include "desktop/voice/language_ids.h"
-#include "desktop/voice/mode_ids.h"
-#include "desktop/voice/timbre.h"
+#include "voice/language_ids.h"
+#include "voice/mode_ids.h"
+#include "voice/timbre.h"
+#include "voice/voice_choice.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ character::CharacterData characterOf(character::Gender gender, std::uint16_t her
 }
 
 TEST(VoiceChoice, followsTheLanguageWithItsCountry) {
-    EspeakVoice voice{character::CharacterData{}};
+    VoiceChoice voice{character::CharacterData{}, "en-us"};
     const std::string variant = "+" + voice.timbre().variant;
     constexpr std::pair<long, const char*> kCases[] = {
         {0x0401, "sem/ar"}, {0x0404, "sit/cmn"},    {0x0409, "gmw/en-US"}, {0x0809, "gmw/en"},
@@ -41,7 +41,7 @@ TEST(VoiceChoice, followsTheLanguageWithItsCountry) {
 }
 
 TEST(VoiceChoice, takesAModeOverTheLanguage) {
-    EspeakVoice voice{character::CharacterData{}};
+    VoiceChoice voice{character::CharacterData{}, "en-us"};
     ASSERT_TRUE(voice.setLanguageId(0x0415));
     const std::string own = voice.voiceName();
     constexpr std::pair<const char*, const char*> kCases[] = {

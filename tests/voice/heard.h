@@ -42,7 +42,7 @@ class HeardTest : public ::testing::Test {
 protected:
     HeardTest() {
         EXPECT_TRUE(server->running());
-        EXPECT_TRUE(voice.setTtsModeId("English (America)+m1"));
+        EXPECT_TRUE(voice.choice().setTtsModeId("English (America)+m1"));
         EXPECT_TRUE(voice.available());
     }
     bool awaitEnd(std::chrono::milliseconds longest = std::chrono::seconds{20}) {

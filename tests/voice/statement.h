@@ -2,7 +2,7 @@
 
 #include "character/stage/speech_plan.h"
 #include "character/stage/speech_tags.h"
-#include "desktop/voice/espeak_voice.h"
+#include "voice/voice_choice.h"
 
 #include <algorithm>
 #include <chrono>
@@ -35,7 +35,7 @@ struct Synthesis {
     [[nodiscard]] static bool audible(std::int16_t sample) { return std::abs(sample) > 150; }
 };
 
-inline Synthesis synthesise(const EspeakVoice& voice, std::string_view text) {
+inline Synthesis synthesise(const VoiceChoice& voice, std::string_view text) {
     const auto engine = SpeechEngine::shared();
     SpeechJob job = voice.jobFor(runsOf(text));
     const auto stream = job.stream = std::make_shared<SpeechStream>();

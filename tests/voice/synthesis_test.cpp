@@ -47,7 +47,7 @@ double pitchOf(const std::vector<std::int16_t>& samples) {
 class SynthesisTest : public ::testing::Test {
 protected:
     SynthesisTest() { EXPECT_TRUE(voice.setTtsModeId("English (America)+m1")); }
-    EspeakVoice voice{character::CharacterData{}};
+    VoiceChoice voice{character::CharacterData{}, "en-us"};
 };
 
 TEST_F(SynthesisTest, reportsWordsAndBookmarksInTheirPlaces) {

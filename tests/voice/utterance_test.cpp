@@ -1,4 +1,4 @@
-#include "desktop/voice/utterance.h"
+#include "voice/utterance.h"
 
 #include "text/utf8.h"
 #include "voice/statement.h"

@@ -1,4 +1,4 @@
-#include "desktop/voice/wave_file.h"
+#include "voice/wave_file.h"
 
 #include "voice/wave_maker.h"
 

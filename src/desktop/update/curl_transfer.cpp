@@ -12,6 +12,8 @@
 
 namespace brovin::desktop {
 
+using net::Arrival;
+using net::CurlRequest;
 using platform::Failure;
 using platform::TransferState;
 

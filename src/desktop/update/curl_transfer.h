@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/update/curl_request.h"
-#include "desktop/update/patience.h"
+#include "net/curl_request.h"
+#include "net/patience.h"
 #include "platform/internet_transfer.h"
 
 #include <QEventLoop>
@@ -28,7 +28,7 @@ private:
 /// program hears of them through its event loop.
 class CurlTransfer final : public platform::InternetTransfer {
 public:
-    explicit CurlTransfer(const Patience& patience = {}) : patience_(patience) {}
+    explicit CurlTransfer(const net::Patience& patience = {}) : patience_(patience) {}
 
     /// Whether the program waits for a text: what else happens has to wait with it.
     [[nodiscard]] bool waiting() const { return fetching_; }
@@ -48,7 +48,7 @@ private:
     /// Lets events through until something may have come.
     void wait(QEventLoop::ProcessEventsFlags events);
 
-    Patience patience_;
+    net::Patience patience_;
     bool fetching_ = false;
     bool announced_ = false;
     platform::Failure failure_;
@@ -57,7 +57,7 @@ private:
     std::atomic<bool> called_ = false;
     QEventLoop* loop_ = nullptr;
     WakeUp wakeUp_{[this] { awake(); }};
-    std::unique_ptr<CurlRequest> request_; ///< goes first: its thread calls the others
+    std::unique_ptr<net::CurlRequest> request_; ///< goes first: its thread calls the others
 };
 
 } // namespace brovin::desktop

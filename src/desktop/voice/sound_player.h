@@ -3,7 +3,7 @@
 #include "character/character_data.h"
 #include "character/stage/sound_output.h"
 #include "desktop/voice/sound_sink.h"
-#include "desktop/voice/wave_file.h"
+#include "voice/wave_file.h"
 
 #include <QTimer>
 

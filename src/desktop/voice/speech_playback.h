@@ -2,8 +2,8 @@
 
 #include "character/stage/voice.h"
 #include "desktop/voice/sound_sink.h"
-#include "desktop/voice/speech_engine.h"
-#include "desktop/voice/speech_stream.h"
+#include "voice/speech_engine.h"
+#include "voice/speech_stream.h"
 
 #include <QObject>
 #include <QTimer>

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-namespace brovin::desktop {
+namespace brovin::net {
 
 /// A folder for this user's downloads inside the system's temporary folder: his own, mode 0700. It is opened
 /// once for each operation, never through a link, and everything in it is reached through the open folder.
@@ -27,4 +27,4 @@ private:
 /// Its usual place.
 [[nodiscard]] std::string downloadFolderPath();
 
-} // namespace brovin::desktop
+} // namespace brovin::net

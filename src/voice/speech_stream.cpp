@@ -1,4 +1,4 @@
-#include "desktop/voice/speech_stream.h"
+#include "voice/speech_stream.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "desktop/voice/mode_ids.h"
+#include "voice/mode_ids.h"
 
 #include <array>
 #include <charconv>

@@ -1,8 +1,8 @@
-#include "desktop/update/sodium_key.h"
+#include "net/sodium_key.h"
 
 #include <sodium.h>
 
-namespace brovin::desktop {
+namespace brovin::net {
 namespace {
 
 const unsigned char* bytesOf(std::string_view text) {
@@ -45,4 +45,4 @@ std::string SodiumKey::sha512(std::string_view text) const {
     return sodium_bin2hex(hex.data(), hex.size(), hash, sizeof hash);
 }
 
-} // namespace brovin::desktop
+} // namespace brovin::net

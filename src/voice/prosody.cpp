@@ -1,4 +1,4 @@
-#include "desktop/voice/prosody.h"
+#include "voice/prosody.h"
 
 #include <algorithm>
 #include <cmath>

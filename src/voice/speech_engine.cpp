@@ -1,6 +1,6 @@
-#include "desktop/voice/speech_engine.h"
+#include "voice/speech_engine.h"
 
-#include "desktop/voice/espeak.h"
+#include "voice/espeak.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
-#include "desktop/update/private_file.h"
+#include "net/private_file.h"
 
-#include "desktop/update/start_program.h"
+#include "net/start_program.h"
 #include "posix/system_call.h"
 #include "posix/write_all.h"
 
@@ -12,7 +12,7 @@
 #include <array>
 #include <string_view>
 
-namespace brovin::desktop {
+namespace brovin::net {
 namespace {
 
 using platform::Done;
@@ -137,4 +137,4 @@ Status PrivateFile::startExecutable() {
     return startDescriptor(file_.number(), name() + ".exe");
 }
 
-} // namespace brovin::desktop
+} // namespace brovin::net

@@ -1,5 +1,5 @@
-#include "desktop/update/private_downloads.h"
-#include "desktop/update/sodium_key.h"
+#include "net/private_downloads.h"
+#include "net/sodium_key.h"
 #include "posix/scratch_folder.h"
 #include "update/answers.h"
 
@@ -12,7 +12,7 @@
 #include <csignal>
 #include <thread>
 
-namespace brovin::desktop {
+namespace brovin::net {
 namespace {
 
 using posix::ScratchFolder;
@@ -187,4 +187,4 @@ TEST(SodiumKey, hashesAFileAsTheMakerDoes) {
 }
 
 } // namespace
-} // namespace brovin::desktop
+} // namespace brovin::net

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "desktop/voice/prosody.h"
-#include "desktop/voice/speech_stream.h"
-#include "desktop/voice/utterance.h"
-#include "desktop/voice/voice_catalogue.h"
+#include "voice/prosody.h"
+#include "voice/speech_stream.h"
+#include "voice/utterance.h"
+#include "voice/voice_catalogue.h"
 
 #include <string>
 

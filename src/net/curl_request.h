@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/update/patience.h"
+#include "net/patience.h"
 #include "platform/internet_transfer.h"
 
 #include <condition_variable>
@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-namespace brovin::desktop {
+namespace brovin::net {
 
 /// What has come of a request since the last look.
 struct Arrival {
@@ -64,4 +64,4 @@ private:
     std::thread thread_;
 };
 
-} // namespace brovin::desktop
+} // namespace brovin::net

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace brovin::desktop {
+namespace brovin::net {
 
 /// Starts a program of the search path, which outlives this one. No shell is involved.
 platform::Status startProgram(const std::string& name, std::vector<std::string> arguments);
@@ -13,4 +13,4 @@ platform::Status startProgram(const std::string& name, std::vector<std::string> 
 /// Starts the executable that a descriptor refers to; `name` is what it is told to be called.
 platform::Status startDescriptor(int file, std::string name);
 
-} // namespace brovin::desktop
+} // namespace brovin::net

@@ -1,4 +1,4 @@
-#include "desktop/update/curl_request.h"
+#include "net/curl_request.h"
 
 #include "text/strings.h"
 #include "update/address.h"
@@ -10,7 +10,7 @@
 #include <memory>
 #include <utility>
 
-namespace brovin::desktop {
+namespace brovin::net {
 namespace {
 
 using platform::Failure;
@@ -255,4 +255,4 @@ std::size_t CurlRequest::bytesCallback(char* data, std::size_t size, std::size_t
     return to.owner.takeBytes(to, {data, size * count}) ? size * count : 0;
 }
 
-} // namespace brovin::desktop
+} // namespace brovin::net

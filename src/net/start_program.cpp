@@ -1,4 +1,4 @@
-#include "desktop/update/start_program.h"
+#include "net/start_program.h"
 
 #include "posix/descriptor.h"
 #include "posix/system_call.h"
@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace brovin::desktop {
+namespace brovin::net {
 namespace {
 
 using platform::Status;
@@ -68,4 +68,4 @@ Status startDescriptor(int file, std::string name) {
     return startDetached([&] { ::fexecve(file, pointers.data(), environ); });
 }
 
-} // namespace brovin::desktop
+} // namespace brovin::net

@@ -1,4 +1,4 @@
-#include "desktop/voice/espeak.h"
+#include "voice/espeak.h"
 
 #include <espeak-ng/speak_lib.h>
 

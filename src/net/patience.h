@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cstdint>
 
-namespace brovin::desktop {
+namespace brovin::net {
 
 /// How long a server may take.
 struct Patience {
@@ -19,4 +19,4 @@ struct Patience {
     std::chrono::milliseconds afterEnd{1'000};
 };
 
-} // namespace brovin::desktop
+} // namespace brovin::net

@@ -1,6 +1,6 @@
-#include "desktop/voice/timbre.h"
+#include "voice/timbre.h"
 
-#include "desktop/voice/mode_ids.h"
+#include "voice/mode_ids.h"
 
 #include <cstddef>
 #include <cstdint>

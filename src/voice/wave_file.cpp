@@ -1,6 +1,6 @@
-#include "desktop/voice/wave_file.h"
+#include "voice/wave_file.h"
 
-#include "desktop/voice/adpcm.h"
+#include "voice/adpcm.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-namespace brovin::desktop {
+namespace brovin::net {
 
 /// An Ed25519 public key, reckoned with by libsodium.
 class SodiumKey final : public platform::MakersKey {
@@ -24,4 +24,4 @@ private:
     std::array<unsigned char, kBytes> key_{};
 };
 
-} // namespace brovin::desktop
+} // namespace brovin::net

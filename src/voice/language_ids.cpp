@@ -1,4 +1,4 @@
-#include "desktop/voice/language_ids.h"
+#include "voice/language_ids.h"
 
 namespace brovin::voice {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/voice/adpcm.h"
+#include "voice/adpcm.h"
 
 #include <algorithm>
 #include <array>

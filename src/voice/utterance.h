@@ -2,8 +2,8 @@
 
 #include "character/stage/moment.h"
 #include "character/stage/spoken_run.h"
-#include "desktop/voice/prosody.h"
-#include "desktop/voice/timbre.h"
+#include "voice/prosody.h"
+#include "voice/timbre.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "desktop/voice/voice_catalogue.h"
+#include "voice/voice_catalogue.h"
 
 #include <algorithm>
 #include <cstddef>

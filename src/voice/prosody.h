@@ -1,7 +1,7 @@
 #pragma once
 
 #include "character/stage/spoken_run.h"
-#include "desktop/voice/timbre.h"
+#include "voice/timbre.h"
 
 namespace brovin::voice {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "desktop/voice/speech_stream.h"
-#include "desktop/voice/utterance.h"
-#include "desktop/voice/voice_catalogue.h"
+#include "voice/speech_stream.h"
+#include "voice/utterance.h"
+#include "voice/voice_catalogue.h"
 
 #include <condition_variable>
 #include <cstddef>

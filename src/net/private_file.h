@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace brovin::desktop {
+namespace brovin::net {
 
 /// A download in an open folder. What is verified and what is started is what the descriptor refers to.
 class PrivateFile final : public platform::DownloadFile {
@@ -36,4 +36,4 @@ private:
     std::string heldBack_;
 };
 
-} // namespace brovin::desktop
+} // namespace brovin::net

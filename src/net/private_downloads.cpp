@@ -1,6 +1,6 @@
-#include "desktop/update/private_downloads.h"
+#include "net/private_downloads.h"
 
-#include "desktop/update/private_file.h"
+#include "net/private_file.h"
 #include "posix/directory_reader.h"
 #include "posix/open_folder.h"
 #include "posix/system_call.h"
@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace brovin::desktop {
+namespace brovin::net {
 namespace {
 
 using platform::Failure;
@@ -89,4 +89,4 @@ std::string downloadFolderPath() {
     return (temporary / ("brovin-" + std::to_string(::geteuid()))).string();
 }
 
-} // namespace brovin::desktop
+} // namespace brovin::net
