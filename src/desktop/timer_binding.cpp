@@ -10,6 +10,7 @@ constexpr std::chrono::milliseconds kAskAgain{250}; ///< whether a held tick can
 
 TimerBinding::TimerBinding(ui::Timer& control, std::function<bool()> busy)
     : control_(control), busy_(std::move(busy)) {
+    timer_.setTimerType(Qt::PreciseTimer); // the usual kind rounds half a minute to whole seconds
     QObject::connect(&timer_, &QTimer::timeout, [this] { fire(); });
     control.observe([this] { follow(); });
     follow();
@@ -18,6 +19,7 @@ TimerBinding::TimerBinding(ui::Timer& control, std::function<bool()> busy)
 TimerBinding::TimerBinding(ui::Timer& control, ui::Window& window)
     : TimerBinding(control, [] { return false; }) {
     window_ = &window;
+    timer_.setTimerType(Qt::CoarseTimer); // which may wake the machine together with others
     window.observe([this] { follow(); });
     follow();
 }

@@ -5,6 +5,7 @@
 
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 
 namespace brovin::desktop {
@@ -17,6 +18,9 @@ public:
     /// A timer that only moves something on the screen: it stands still, and wakes nobody, while the window
     /// is hidden.
     TimerBinding(ui::Timer& control, ui::Window& window);
+
+    /// Negative: it does not run.
+    [[nodiscard]] std::chrono::milliseconds untilNextTick() const { return timer_.remainingTimeAsDuration(); }
 
 private:
     void follow();
