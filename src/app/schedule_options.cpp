@@ -60,8 +60,10 @@ void ScheduleOptions::chkWord_Click() {
 void ScheduleOptions::txtInterval_Change() {
     ui::TextBox& interval = needs_.form.txtInterval;
     const double hours = text::leadingNumber(interval.text());
-    interval.setText(hours <= 0 ? "1" : text::numberText(hours));
-    needs_.settings.write(setting::kInterval, interval.text());
+    const std::string valid = hours <= 0 ? "1" : text::numberText(hours);
+    if (interval.text() != valid + ".") // which waits for the digits behind it
+        interval.setText(valid);
+    needs_.settings.write(setting::kInterval, valid);
 }
 
 } // namespace brovin::app

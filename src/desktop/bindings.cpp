@@ -115,8 +115,11 @@ void bind(QLineEdit* widget, ui::TextBox& control) {
         if (shown->text() != qt(control.text()))
             shown->setText(qt(control.text()));
     });
-    QObject::connect(widget, &QLineEdit::textEdited,
-                     [&control](const QString& text) { control.setText(text.toStdString()); });
+    QObject::connect(widget, &QLineEdit::textEdited, [widget, &control](const QString& text) {
+        control.setText(text.toStdString());
+        if (widget->text() != text) // the program has put another text there: typing goes on in its place
+            widget->selectAll();
+    });
     tellFocus(widget, control.gotFocus);
     control.place = [shown = QPointer<QLineEdit>(widget)] {
         const QPoint corner = shown ? shown->mapToGlobal(QPoint(0, 0)) : QPoint();
@@ -168,8 +171,15 @@ void bind(QComboBox* widget, ui::ComboBox& control) {
 void bind(QDateTimeEdit* widget, ui::Picker& control) {
     widget->setTimeSpec(Qt::UTC); // wall-clock values: no hour is ever missing or doubled
     follow(widget, control, [&control](QDateTimeEdit* shown) {
-        shown->setDisplayFormat(
-            qt(control.customFormat()).replace(QStringLiteral("tt"), QStringLiteral("AP")));
+        const QString format = qt(control.customFormat()).replace(QStringLiteral("tt"), QStringLiteral("AP"));
+        if (shown->displayFormat() != format) {
+            shown->setDisplayFormat(format);
+            // A format without a date narrows the range to the day that is shown, for good; and the width
+            // that the widget once asked for is forgotten only with this.
+            shown->clearMinimumDateTime();
+            shown->clearMaximumDateTime();
+            shown->setSpecialValueText({});
+        }
         shown->setDateTime(dateTimeOf(control.value()));
     });
     QObject::connect(widget, &QDateTimeEdit::dateTimeChanged,

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QValidator>
 
 namespace brovin::desktop {
 namespace {
@@ -22,12 +23,23 @@ QLayout* listWithHint(QListWidget* list, ui::FrmOptions& form) {
     return layout;
 }
 
+/// Lets the decimal sign of the user's own keyboard stand for the point that the program reads.
+class DecimalSign final : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& text, int& /*cursor*/) const override {
+        text.replace(locale().decimalPoint(), QLatin1String("."));
+        return Acceptable;
+    }
+};
+
 /// "Scan by myself every [5] hours", in a line that every language can fill in its own way.
 QHBoxLayout* intervalRow(ui::FrmOptions& form, QWidget* page) {
     auto* check = bound<QCheckBox>(form.chkCheck, page);
     auto* interval = bound<QLineEdit>(form.txtInterval, page);
     interval->setAlignment(Qt::AlignRight);
     interval->setMaxLength(6);
+    interval->setValidator(new DecimalSign(interval));
     interval->setFixedWidth(interval->fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 12);
     return row({check, interval, bound<QLabel>(form.lblHours, page)});
 }

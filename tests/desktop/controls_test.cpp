@@ -1,0 +1,96 @@
+// Controls of the window under real keys: what the toolkit's own widgets would get wrong.
+
+#include "desktop/desktop_world.h"
+#include "desktop/timer_binding.h"
+
+#include <QDateTimeEdit>
+#include <QFile>
+#include <QLineEdit>
+#include <QTest>
+#include <QValidator>
+
+namespace brovin::tests {
+namespace {
+
+/// The program with a page of its window shown.
+struct PageWorld : DesktopWorld {
+    explicit PageWorld(std::size_t page, const QByteArray& settings = {}) {
+        makeFile("config/Brovin/Brovin.conf", "[Settings]\n" + settings);
+        start();
+        form().mPopRestore.click();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&program->window()));
+        form().imgTabs[page].click();
+    }
+    template <class Widget>
+    [[nodiscard]] Widget* find(const char* name) const {
+        return qobject_cast<Widget*>(widget(name));
+    }
+    [[nodiscard]] QByteArray stored(const QByteArray& key) const {
+        QFile file(places.settingsFile);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        for (const QByteArray& line : file.readAll().split('\n'))
+            if (line.startsWith(key + '='))
+                return line.mid(key.size() + 1);
+        return {};
+    }
+};
+
+TEST(ReminderPicker, letsTheWeekdayBeChosen) {
+    const PageWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\n"); // a Wednesday
+    auto* picker = world.find<QDateTimeEdit>("dtpBackup");
+    const QString shown = picker->text();
+    const int narrow = picker->sizeHint().width();
+    QTest::mouseClick(world.widget("optWeekly"), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_EQ((shown + " Wed").toStdString(), picker->text().toStdString());
+    EXPECT_GT(picker->sizeHint().width(), narrow) << "it widens";
+    picker->setFocus();
+    picker->setCurrentSectionIndex(3);
+    QTest::keyClick(picker, Qt::Key_Up);
+    EXPECT_EQ("2026-11-19T21:30:00", world.stored("BackupDate").toStdString());
+    picker->setCurrentSectionIndex(0);
+    QTest::keyClick(picker, Qt::Key_Up);
+    EXPECT_EQ("2026-11-19T22:30:00", world.stored("BackupDate").toStdString());
+}
+
+TEST(ReminderPicker, showsTheStoredTimeAfterARestart) {
+    for (const char* weekly : {"Weekly=0\n", "Weekly=1\n"}) {
+        const PageWorld world(5, QByteArray("Backup=1\nBackupDate=2026-11-19T22:30:00\n") + weekly);
+        auto* picker = world.find<QDateTimeEdit>("dtpBackup");
+        EXPECT_EQ(QDateTime({2026, 11, 19}, {22, 30}, Qt::UTC), picker->dateTime()) << weekly;
+        picker->setCurrentSectionIndex(0);
+        QTest::keyClick(picker, Qt::Key_Down);
+        EXPECT_EQ("2026-11-19T21:30:00", world.stored("BackupDate").toStdString()) << weekly;
+    }
+}
+
+TEST(Interval, takesWhatIsTyped) {
+    const PageWorld world(0, "Interval=7\n");
+    auto* box = world.find<QLineEdit>("txtInterval");
+    const struct {
+        const char* keys;
+        const char* stored;
+    } cases[] = {{"24", "24"}, {"2.5", "2.5"}, {"2,5", "2.5"}, {"1.", "1"}, {"036", "36"}, {"x8", "8"}};
+    for (const auto& [keys, stored] : cases) {
+        const_cast<QValidator*>(box->validator())->setLocale(QLocale(keys[1] == ',' ? "de_DE" : "en_GB"));
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_Delete);
+        EXPECT_EQ("1", box->text().toStdString());
+        QTest::keyClicks(box, keys);
+        EXPECT_EQ(stored, world.stored("Interval").toStdString()) << keys;
+    }
+}
+
+TEST(Ticks, comeWhenTheyAreDue) {
+    struct : ui::Form {
+        ui::Timer timer{*this, "Timer1"};
+    } form;
+    const desktop::TimerBinding binding(form.timer, [] { return false; });
+    form.timer.setInterval(std::chrono::milliseconds(30'500));
+    form.timer.setEnabled(true);
+    EXPECT_LE(binding.untilNextTick(), form.timer.interval()) << "not rounded to whole seconds";
+    EXPECT_GT(binding.untilNextTick(), std::chrono::seconds(30));
+}
+
+} // namespace
+} // namespace brovin::tests
