@@ -167,6 +167,9 @@ ui::FrmOptions& Program::frmOptions() {
 ui::MainWindow& Program::mainWindow() {
     return rooms_->window;
 }
+const language::MessageTable& Program::messages() const {
+    return rooms_->tables.messageTable;
+}
 bool Program::Form_Load() {
     return rooms_->startUp.run();
 }
@@ -182,9 +185,7 @@ void Program::Rooms::tieSettings() {
         settings.write(setting::kCheckFreq, std::to_string(form.cmbCheck.selected()));
     };
     settings.refused = [this](const std::string& location) {
-        machine.dialogs.messageBox("Your settings could not be saved in " + location +
-                                       ".\r\n\r\nWhat you change holds until the program ends. Please check "
-                                       "that the file can be written and that its disk is not full.",
+        machine.dialogs.messageBox(tables.messageTable.getText("settingsNotSaved", {location}),
                                    platform::box::kExclamation, info.title);
     };
 }

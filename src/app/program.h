@@ -57,6 +57,9 @@ public:
     [[nodiscard]] ui::FrmOptions& frmOptions();
     [[nodiscard]] ui::MainWindow& mainWindow();
 
+    /// What the program says in the active language.
+    [[nodiscard]] const language::MessageTable& messages() const;
+
     /// Starts up. False: the program is to end at once.
     bool Form_Load();
 

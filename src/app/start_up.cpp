@@ -50,10 +50,10 @@ void StartUp::statement(const Status& outcome) {
     if (outcome || ended_)
         return;
     const Failure& failure = outcome.failure();
-    const auto answer =
-        needs_.dialogs.messageBox("An error occurred during startup.\r\n\r\n" + failure.reason +
-                                      "\r\n\r\nWould you like to try and continue?",
-                                  box::kYesNo | box::kCritical, "Error " + std::to_string(failure.number));
+    const auto answer = needs_.dialogs.messageBox(
+        "An error occurred during startup.\r\n\r\n" + needs_.speech.messages.reason(failure) +
+            "\r\n\r\nWould you like to try and continue?",
+        box::kYesNo | box::kCritical, "Error " + std::to_string(failure.number));
     if (answer != platform::Button::Yes)
         end();
 }

@@ -12,7 +12,7 @@ using companion::ForceBox;
 void LogCommands::cmdInspect_Click() {
     const std::string log = needs_.folder.path(std::string(kLogFile));
     if (!needs_.shell.openDocument(log))
-        needs_.speech.announcer.agentMsgBox("The deletion log could not be opened:\r\n\r\n" + log,
+        needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("logNotOpened", {log}),
                                             box::kInformation, "", ForceBox::No);
 }
 

@@ -110,9 +110,8 @@ void ScanRun::cmdNuke_Click() {
     }
     const ScanOutcome outcome = runScan();
     if (outcome == ScanOutcome::BusyElsewhere) {
-        needs_.speech.announcer.agentMsgBox(
-            "Another scan is running at this moment. Please try again when it is done.", box::kInformation,
-            "", ForceBox::No);
+        needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("anotherScan"), box::kInformation,
+                                            "", ForceBox::No);
         return;
     }
     if (needs_.form.exitConfirmed)

@@ -97,12 +97,11 @@ struct DesktopMachine {
     }
 };
 
-void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings) {
+void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings,
+                  const language::MessageTable& messages) {
     if (settings.damagedCopy().isEmpty())
         return;
-    dialogs.messageBox("Some lines of your settings file cannot be read. What can be read is used; a copy of "
-                       "the file as it was is kept in\r\n\r\n" +
-                           settings.damagedCopy().toStdString(),
+    dialogs.messageBox(messages.getText("settingsDamaged", {settings.damagedCopy().toStdString()}),
                        platform::box::kExclamation, "");
 }
 
@@ -146,8 +145,10 @@ DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& inf
 DesktopProgram::~DesktopProgram() = default;
 
 bool DesktopProgram::start() {
-    tellOfDamage(parts_->machine.dialogs, parts_->machine.settings);
-    return parts_->program.Form_Load();
+    if (!parts_->program.Form_Load())
+        return false;
+    tellOfDamage(parts_->machine.dialogs, parts_->machine.settings, parts_->program.messages());
+    return true;
 }
 
 void DesktopProgram::comeUp() {

@@ -45,6 +45,9 @@ void LanguageLoader::applyLine(std::string_view key, std::string_view value) {
 
     if (key.starts_with("lbl"))
         applyCaption(key.substr(3), value);
+    constexpr std::string_view kText = "text.";
+    if (key.starts_with(kText))
+        needs_.tables.messageTable.setText(key.substr(kText.size()), value);
     if (!key.starts_with("dlg"))
         return;
     if (const auto number = text::leadingInt32(key.substr(3)))

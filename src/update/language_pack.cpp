@@ -52,13 +52,13 @@ PackOutcome LanguagePack::fetch(const PackOffer& offer, const std::string& file)
     const PlainHttp plain = needs_.key.present() ? PlainHttp::Anywhere : PlainHttp::OnlyFromThisMachine;
     const auto pack = needs_.transfer.openUrl({url, plain}, language::kLargestFile);
     if (!pack)
-        return {false, "It did not come: " + pack.failure().reason + "."};
+        return {false, told("didNotCome", pack.failure())};
     if (!isLanguagePack(*pack))
         return {};
     if (std::string reason = whyNotTrusted(offer, url, *pack); !reason.empty())
         return {false, std::move(reason)};
     if (const platform::Status written = needs_.folder.replace(file, *pack); !written)
-        return {false, "The disk did not take it: " + written.failure().reason + "."};
+        return {false, told("diskRefused", written.failure())};
     refresh(file);
     return {true, {}};
 }
@@ -71,10 +71,15 @@ std::string LanguagePack::whyNotTrusted(const PackOffer& offer, const std::strin
     const auto statement =
         needs_.transfer.openUrl({statementUrl(url), PlainHttp::Anywhere}, kLongestStatement);
     if (!statement)
-        return "The server has no signature for it.";
-    if (auto reason = whyNotOffered(*statement, {offer.version, {}}, needs_.key))
-        return *std::move(reason);
-    return whyNotReceived(*statementOf(*statement), {pack.size(), needs_.key.sha512(pack)}).value_or("");
+        return needs_.messages.getText("signatureMissing");
+    auto reason = whyNotOffered(*statement, {offer.version, {}}, needs_.key);
+    if (!reason)
+        reason = whyNotReceived(*statementOf(*statement), {pack.size(), needs_.key.sha512(pack)});
+    return reason ? needs_.messages.getText(*reason) : std::string();
+}
+
+std::string LanguagePack::told(language::Text what, const platform::Failure& why) const {
+    return needs_.messages.getText(what, {needs_.messages.reason(why)});
 }
 
 /// Lists the languages anew. The choice stays; a chosen language that has changed is loaded again.

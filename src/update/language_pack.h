@@ -1,6 +1,7 @@
 #pragma once
 
 #include "language/language_catalogue.h"
+#include "language/message_table.h"
 #include "platform/internet_transfer.h"
 #include "platform/makers_key.h"
 #include "platform/program_folder.h"
@@ -26,6 +27,7 @@ class LanguagePack {
 public:
     struct Needs {
         ui::FrmOptions& form;
+        const language::MessageTable& messages;
         language::LanguageCatalogue& catalogue;
         platform::ProgramFolder& folder;
         platform::InternetTransfer& transfer;
@@ -40,6 +42,7 @@ public:
 private:
     [[nodiscard]] std::string whyNotTrusted(const PackOffer& offer, const std::string& url,
                                             std::string_view pack) const;
+    [[nodiscard]] std::string told(language::Text what, const platform::Failure& why) const;
     void refresh(const std::string& file);
 
     Needs needs_;

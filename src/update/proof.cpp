@@ -12,25 +12,25 @@ bool sameSize(std::int64_t kb, std::uint64_t bytes) {
 
 } // namespace
 
-std::optional<std::string> whyNotOffered(std::string_view statement, const Offered& offered,
-                                         const platform::MakersKey& key) {
+std::optional<language::Text> whyNotOffered(std::string_view statement, const Offered& offered,
+                                            const platform::MakersKey& key) {
     const auto read = statementOf(statement);
     if (!read)
-        return "Its signature cannot be read.";
+        return language::Text("signatureUnreadable");
     if (!key.fits(read->signedText, read->signature))
-        return "Its signature is not the maker's.";
+        return language::Text("signatureForged");
     if (read->version != offered.version)
-        return "Its signature is for another version than the one on offer.";
+        return language::Text("signatureOtherVersion");
     if (offered.sizeKb && !sameSize(*offered.sizeKb, read->size))
-        return "Its signature is for another size than the one on offer.";
+        return language::Text("signatureOtherSize");
     return std::nullopt;
 }
 
-std::optional<std::string> whyNotReceived(const Statement& statement, const Received& received) {
+std::optional<language::Text> whyNotReceived(const Statement& statement, const Received& received) {
     if (received.size != statement.size)
-        return "It has another size than the one that was signed.";
+        return language::Text("notTheSignedSize");
     if (received.sha512 != statement.sha512)
-        return "It is not the file that was signed.";
+        return language::Text("notTheSignedFile");
     return std::nullopt;
 }
 

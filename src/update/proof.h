@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/texts.h"
 #include "platform/makers_key.h"
 #include "update/answers.h"
 
@@ -29,11 +30,12 @@ struct Received {
     std::string sha512;
 };
 
-/// Why a statement does not vouch for the offer, as a sentence; nullopt: it does.
-[[nodiscard]] std::optional<std::string> whyNotOffered(std::string_view statement, const Offered& offered,
-                                                       const platform::MakersKey& key);
+/// Why a statement does not vouch for the offer; nullopt: it does.
+[[nodiscard]] std::optional<language::Text> whyNotOffered(std::string_view statement, const Offered& offered,
+                                                          const platform::MakersKey& key);
 
-/// Why what came is not what the statement vouches for, as a sentence; nullopt: it is.
-[[nodiscard]] std::optional<std::string> whyNotReceived(const Statement& statement, const Received& received);
+/// Why what came is not what the statement vouches for; nullopt: it is.
+[[nodiscard]] std::optional<language::Text> whyNotReceived(const Statement& statement,
+                                                           const Received& received);
 
 } // namespace brovin::update

@@ -51,8 +51,8 @@ std::string entryText(const ui::FrmOptions& form, const language::LanguageCatalo
 } // namespace
 
 UpdateCheck::UpdateCheck(const Needs& needs)
-    : needs_(needs),
-      pack_({needs.form, needs.catalogue, needs.folder, needs.machine.transfer, needs.machine.key}) {}
+    : needs_(needs), pack_({needs.form, needs.messages, needs.catalogue, needs.folder, needs.machine.transfer,
+                            needs.machine.key}) {}
 
 UpdateCheck::Outcome UpdateCheck::check() {
     if (checking_)
@@ -106,8 +106,8 @@ UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
         return Ending::GoesOn;
     }
     if (const platform::Status started = window.install(); !started) {
-        tell("The update could not be started: " + started.failure().reason + ".\r\n\r\nIt is kept in " +
-                 window.localFile() + ".exe until the next download.",
+        tell(needs_.messages.getText("updateNotStarted", {needs_.messages.reason(started.failure()),
+                                                          window.localFile() + ".exe"}),
              box::kCritical, needs_.messages.getMessage(34));
         return Ending::GoesOn;
     }
@@ -151,8 +151,7 @@ void UpdateCheck::fetchPack(const PackOffer& offer, const std::string& file) {
     else if (outcome.reason.empty())
         tell(needs_.messages.getMessage(37), box::kExclamation, kPackTitle);
     else
-        tell("The language pack was not taken, and the old one stays.\r\n\r\n" + outcome.reason,
-             box::kExclamation, kPackTitle);
+        tell(needs_.messages.getText("packNotTaken", {outcome.reason}), box::kExclamation, kPackTitle);
 }
 
 void UpdateCheck::cancelled() {

@@ -81,7 +81,7 @@ void UpdateDownload::cmdStart_Click() {
     auto file = needs_.folder.create(kPrefix);
     if (!file) {
         const platform::Failure& failure = file.failure();
-        fail(needs_.messages.getMessage(70, {std::to_string(failure.number), failure.reason}));
+        fail(notStarted(failure));
         return;
     }
     file_ = std::move(*file);
@@ -98,8 +98,7 @@ void UpdateDownload::request(Phase phase, const std::string& url) {
     phase_ = phase;
     const platform::Status started = needs_.transfer.execute({url});
     if (!started)
-        fail(needs_.messages.getMessage(
-            70, {std::to_string(started.failure().number), started.failure().reason}));
+        fail(notStarted(started.failure()));
 }
 
 void UpdateDownload::Inet1_StateChanged(TransferState state) {
@@ -109,9 +108,9 @@ void UpdateDownload::Inet1_StateChanged(TransferState state) {
         const platform::Failure failure = needs_.transfer.failure();
         constexpr int kNotFound = 404;
         if (phase_ == Phase::Asking && failure.number == kNotFound)
-            distrust("The server has no signature for it.");
+            distrust("signatureMissing");
         else
-            fail(needs_.messages.getMessage(70, {std::to_string(failure.number), failure.reason}));
+            fail(notStarted(failure));
     } else if (phase_ == Phase::Asking)
         readStatement();
     else
@@ -125,7 +124,7 @@ void UpdateDownload::readStatement() {
         if (cancelRequested_)
             return;
         if (!piece || text.size() > kLongestStatement)
-            return distrust("Its signature cannot be read.");
+            return distrust("signatureUnreadable");
         if ((*piece).empty())
             break;
         text.append(*piece);
@@ -145,7 +144,7 @@ void UpdateDownload::receive() {
     }
     if (length > kLargest || (needs_.key.present() && length != statement_.size)) {
         needs_.transfer.cancel();
-        return distrust("It has another size than the one that was signed.");
+        return distrust("notTheSignedSize");
     }
     needs_.form.ProgressBar1.setMaximum(static_cast<double>(length) / kKb);
     needs_.form.Animation1.setPlaying(true);
@@ -161,7 +160,7 @@ bool UpdateDownload::readBody(std::uint64_t length) {
         if (cancelRequested_)
             break;
         if (!piece) {
-            distrust("The connection broke: " + piece.failure().reason + ".");
+            throwAway(told("connectionBroke", piece.failure()));
             return false;
         }
         if ((*piece).empty())
@@ -170,8 +169,10 @@ bool UpdateDownload::readBody(std::uint64_t length) {
         const platform::Status written = come <= length ? file_->append(*piece) : platform::Done{};
         if (come > length || !written) {
             needs_.transfer.cancel();
-            distrust(come > length ? "More came than the server had announced."
-                                   : "The disk did not take it: " + written.failure().reason + ".");
+            if (come > length)
+                distrust("tooMuchCame");
+            else
+                throwAway(told("diskRefused", written.failure()));
             return false;
         }
         showAmounts(come, length);
@@ -180,7 +181,7 @@ bool UpdateDownload::readBody(std::uint64_t length) {
     if (cancelRequested_)
         return false;
     if (come < length)
-        distrust("Less came than the server had announced.");
+        distrust("tooLittleCame");
     return come == length;
 }
 
@@ -191,16 +192,16 @@ void UpdateDownload::showAmounts(std::uint64_t come, std::uint64_t length) {
 
 void UpdateDownload::finish(std::uint64_t length) {
     if (const platform::Status closed = file_->close(); !closed)
-        return distrust("The disk did not take it: " + closed.failure().reason + ".");
+        return throwAway(told("diskRefused", closed.failure()));
     if (file_->size() != length)
-        return distrust("The disk did not take all of it.");
+        return distrust("diskTookLess");
     const std::string reason = whyNotTrusted();
     if (cancelRequested_)
         return;
     if (!reason.empty())
-        return distrust(reason);
+        return throwAway(reason);
     if (const platform::Status copied = file_->alsoNamed(".exe"); !copied)
-        return distrust("The disk did not take it: " + copied.failure().reason + ".");
+        return throwAway(told("diskRefused", copied.failure()));
     complete();
 }
 
@@ -213,8 +214,9 @@ std::string UpdateDownload::whyNotTrusted() {
         return !cancelRequested_;
     });
     if (!hash)
-        return "It cannot be read again: " + hash.failure().reason + ".";
-    return whyNotReceived(statement_, {file_->size(), *hash}).value_or("");
+        return told("notReadAgain", hash.failure());
+    const auto reason = whyNotReceived(statement_, {file_->size(), *hash});
+    return reason ? needs_.messages.getText(*reason) : std::string();
 }
 
 void UpdateDownload::complete() {
@@ -238,7 +240,15 @@ void UpdateDownload::fail(const std::string& text) {
     needs_.form.cmdStart.setEnabled(true);
 }
 
-void UpdateDownload::distrust(const std::string& reason) {
+std::string UpdateDownload::notStarted(const platform::Failure& why) const {
+    return needs_.messages.getMessage(70, {std::to_string(why.number), needs_.messages.reason(why)});
+}
+
+std::string UpdateDownload::told(language::Text what, const platform::Failure& why) const {
+    return needs_.messages.getText(what, {needs_.messages.reason(why)});
+}
+
+void UpdateDownload::throwAway(const std::string& reason) {
     fail(needs_.messages.getMessage(77) + " " + reason);
 }
 

@@ -65,7 +65,10 @@ private:
     [[nodiscard]] std::string whyNotTrusted();
     void complete();
     void fail(const std::string& text);
-    void distrust(const std::string& reason);
+    void throwAway(const std::string& reason);
+    void distrust(language::Text reason) { throwAway(needs_.messages.getText(reason)); }
+    [[nodiscard]] std::string told(language::Text what, const platform::Failure& why) const;
+    [[nodiscard]] std::string notStarted(const platform::Failure& why) const;
     void leave();
     [[nodiscard]] bool running() const { return phase_ == Phase::Asking || phase_ == Phase::Receiving; }
 

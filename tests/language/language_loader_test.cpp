@@ -101,12 +101,14 @@ TEST(LanguageLoader, leavesNothingOfTheLanguageBefore) {
     World world;
     int loaded = 0;
     world.loader.loaded = [&loaded] { ++loaded; };
-    world.load("spkHello=Hi\ndlg1=one\nmodeid={1}\nmodeid={2}\nlanguageid=1033\n");
+    world.load("spkHello=Hi\ndlg1=one\ntext.reasonSilent=Psst\nmodeid={1}\nmodeid={2}\nlanguageid=1033\n");
+    EXPECT_EQ("Psst", world.tables.messageTable.getText("reasonSilent"));
     EXPECT_EQ("{2}", world.tables.langModeId) << "not joined, replaced";
     EXPECT_EQ("1033", world.tables.langLanguageId);
     world.load("");
     EXPECT_EQ("", world.tables.list(PhraseList::SpkHello));
     EXPECT_EQ("", world.tables.messageTable.getMessage(1));
+    EXPECT_EQ("The server is silent", world.tables.messageTable.getText("reasonSilent"));
     EXPECT_EQ("", world.tables.langModeId + world.tables.langLanguageId);
     EXPECT_EQ("default.blp", world.settings.setting("Language"));
     EXPECT_EQ(2, loaded);

@@ -44,5 +44,23 @@ TEST(MessageTable, hasTheNumbersFrom0To100) {
     EXPECT_EQ("", table.getMessage(100));
 }
 
+TEST(MessageTable, hasTextsWithNamesWhichAreEnglishWhereTheFileIsSilent) {
+    MessageTable table;
+    EXPECT_EQ("The deletion log could not be opened:\r\n\r\n/log", table.getText("logNotOpened", {"/log"}));
+    EXPECT_TRUE(table.setText("logNotOpened", "%1\\nklemmt"));
+    EXPECT_FALSE(table.setText("lognotopened", "x"));
+    EXPECT_EQ("/log\r\nklemmt", table.getText("logNotOpened", {"/log"}));
+    table.clear();
+    EXPECT_EQ("The disk did not take all of it.", table.getText("diskTookLess"));
+}
+
+TEST(MessageTable, tellsTheMachinesReasonsInTheLanguageWhereItHasThem) {
+    MessageTable table;
+    table.setText("reasonAnswered", "Antwort: %1");
+    EXPECT_EQ("Antwort: 404", table.reason({404, "The server answered 404"}));
+    EXPECT_EQ("The server is silent", table.reason({28, "The server is silent"}));
+    EXPECT_EQ("No route to host", table.reason({113, "No route to host"}));
+}
+
 } // namespace
 } // namespace brovin::language

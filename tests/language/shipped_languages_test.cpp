@@ -123,6 +123,8 @@ TEST(ShippedLanguages, haveTheDefaultOneAmongThemAndAVoiceEach) {
 TEST_P(ShippedLanguage, hasTheKeysThatTheDefaultOneHas) {
     const auto standard = valuesOf("default.blp");
     const auto own = valuesOf(GetParam());
+    for (const TextRow& row : kTextRows)
+        EXPECT_TRUE(own.contains("text." + std::string(row.name))) << row.name;
     for (const auto& [key, text] : own) {
         EXPECT_TRUE(standard.contains(key)) << "only here: " << key;
     }

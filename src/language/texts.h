@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace brovin::language {
+
+/// A text of the program's own beside the numbered messages.
+struct TextRow {
+    std::string_view name;    ///< a language file sets it under the key "text." and this
+    std::string_view english; ///< stands in where the file has none; with the same places and marks
+};
+
+/// Why something of the machine failed is told by the machine in English; the rows of the last two groups
+/// hold its very words (`MessageTable::reason`), where "%1" is the number of the failure.
+inline constexpr TextRow kTextRows[] = {
+    // Scanning and its log
+    {"anotherScan", "Another scan is running at this moment. Please try again when it is done."},
+    {"logNotOpened", "The deletion log could not be opened:\\n\\n%1"},
+    // The desktop
+    {"helpNotOpened", "The manual could not be opened:\\n\\n%1"},
+    {"linkNotOpened", "This address could not be opened:\\n\\n%1"},
+    // Settings: where they are; where the copy is
+    {"settingsNotSaved",
+     "Your settings could not be saved in %1.\\n\\nWhat you change holds until the program "
+     "ends. Please check that the file can be written and that its disk is not full."},
+    {"settingsDamaged",
+     "Some lines of your settings file cannot be read. What can be read is used; a copy of "
+     "the file as it was is kept in\\n\\n%1"},
+    // Updates: 1 is a reason, 2 a file
+    {"updateNotStarted",
+     "The update could not be started: %1.\\n\\nIt is kept in %2 until the next download."},
+    {"packNotTaken", "The language pack was not taken, and the old one stays.\\n\\n%1"},
+    {"didNotCome", "It did not come: %1."},
+    {"connectionBroke", "The connection broke: %1."},
+    {"tooMuchCame", "More came than the server had announced."},
+    {"tooLittleCame", "Less came than the server had announced."},
+    {"diskRefused", "The disk did not take it: %1."},
+    {"diskTookLess", "The disk did not take all of it."},
+    {"notReadAgain", "It cannot be read again: %1."},
+    {"signatureMissing", "The server has no signature for it."},
+    {"signatureUnreadable", "Its signature cannot be read."},
+    {"signatureForged", "Its signature is not the maker's."},
+    {"signatureOtherVersion", "Its signature is for another version than the one on offer."},
+    {"signatureOtherSize", "Its signature is for another size than the one on offer."},
+    {"notTheSignedSize", "It has another size than the one that was signed."},
+    {"notTheSignedFile", "It is not the file that was signed."},
+    // Reasons of the program
+    {"reasonOverflow", "Overflow"},
+    {"reasonInvalidValue", "Invalid property value"},
+    {"reasonNoInstaller", "There is no installer"},
+    // Reasons of the machine beneath an update
+    {"reasonNoProgram", "It is neither a package nor a program"},
+    {"reasonNoChance", "There is no chance in this machine"},
+    {"reasonNothingSaid", "The server has nothing to say"},
+    {"reasonOtherRequest", "Another request is under way"},
+    {"reasonTooLong", "The answer is too long"},
+    {"reasonTooSlow", "The server is too slow"},
+    {"reasonSilent", "The server is silent"},
+    {"reasonUnsafeAddress", "The address is not a safe one"},
+    {"reasonLedOn", "The server leads on and on"},
+    {"reasonLedAstray", "The server leads to an address that is not a safe one"},
+    {"reasonAnswered", "The server answered %1"},
+    {"reasonTooMuch", "More came than the server had announced"},
+    {"reasonTooLittle", "Less came than the server had announced"},
+};
+
+/// One of the rows, by its name; a name without a row does not compile.
+class Text {
+public:
+    consteval Text(const char* name) {
+        while (kTextRows[row_].name != name)
+            ++row_; // past the last row: no constant expression
+    }
+    [[nodiscard]] constexpr std::size_t row() const { return row_; }
+    friend bool operator==(const Text&, const Text&) = default;
+
+private:
+    std::size_t row_ = 0;
+};
+
+} // namespace brovin::language
