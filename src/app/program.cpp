@@ -281,6 +281,7 @@ void Program::Rooms::tieUpdates() {
                                                    .catalogue = catalogue,
                                                    .folder = machine.folder,
                                                    .dialogs = machine.dialogs,
+                                                   .shell = machine.shell,
                                                    .pump = machine.pump,
                                                    .running = {info.major, info.minor, info.revision},
                                                    .machine = *machine.updates});

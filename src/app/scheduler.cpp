@@ -156,11 +156,10 @@ void Scheduler::checkWhenDue() {
         return;
     const local_days today = dayOf(needs_.clock.now());
     const std::string stored = needs_.settings.read(setting::kLastUpdateCheck);
-    if (!stored.empty()) {
-        const auto last = text::dateOf(stored);
-        if (!last || nextCheck(dayOf(*last), needs_.form.cmbCheck.selected()) > today)
-            return;
-    }
+    // What is no date counts as never: else one bad value would end the checks for good.
+    if (const auto last = text::dateOf(stored);
+        last && nextCheck(dayOf(*last), needs_.form.cmbCheck.selected()) > today)
+        return;
     needs_.settings.write(setting::kLastUpdateCheck, text::isoText(today));
     checkForUpdates();
 }

@@ -90,7 +90,7 @@ struct DesktopMachine {
     update::Machine updates;
 
     /// Whether the program waits for an answer, and other events have to wait for the program.
-    [[nodiscard]] bool busy() const { return dialogs.open() || transfer.waiting() || downloadWindows.open(); }
+    [[nodiscard]] bool busy() const { return dialogs.open() || downloadWindows.open(); }
     [[nodiscard]] app::Machine pieces() {
         return {settings, files,    folder,   dialogs,  shell, tray,   clipboard, characters,
                 registry, instance, scanLock, regional, clock, random, pump,      &updates};

@@ -38,6 +38,7 @@ DownloadWindow::DownloadWindow(ui::FrmDownload& form, QWidget* owner) : QDialog(
     progress_->setObjectName(qt(form.ProgressBar1.name()));
     progress_->setAccessibleName(qt(form.ProgressBar1.caption()));
     progress_->setRange(0, kProgressSteps);
+    progress_->setVisible(form.ProgressBar1.visible());
     layout->addWidget(progress_);
     layout->addLayout(makeButtons());
     resize(sizeHint().expandedTo({kWidth, 0}));

@@ -27,7 +27,13 @@ inline constexpr TextRow kTextRows[] = {
     {"settingsDamaged",
      "Some lines of your settings file cannot be read. What can be read is used; a copy of "
      "the file as it was is kept in\\n\\n%1"},
-    // Updates: 1 is a reason, 2 a file
+    // Updates: 1 is a reason, 2 a file; of the first two, 1 and 2 are versions
+    {"updateOlder", "It is older than your version %1."},
+    {"updateOlderSure", "Do you really want to go back from version %1 to version %2?"},
+    {"updateByHand",
+     "This copy of Brovin has no key to prove its maker by, so it starts no installer. The page has "
+     "the new version."},
+    {"updateOpenPage", "&Open the Page"},
     {"updateNotStarted",
      "The update could not be started: %1.\\n\\nIt is kept in %2 until the next download."},
     {"packNotTaken", "The language pack was not taken, and the old one stays.\\n\\n%1"},
@@ -41,6 +47,7 @@ inline constexpr TextRow kTextRows[] = {
     {"signatureMissing", "The server has no signature for it."},
     {"signatureUnreadable", "Its signature cannot be read."},
     {"signatureForged", "Its signature is not the maker's."},
+    {"signatureOtherFile", "Its signature is for another file than the one on offer."},
     {"signatureOtherVersion", "Its signature is for another version than the one on offer."},
     {"signatureOtherSize", "Its signature is for another size than the one on offer."},
     {"notTheSignedSize", "It has another size than the one that was signed."},

@@ -9,7 +9,6 @@ namespace brovin::net {
 struct Patience {
     std::chrono::milliseconds connect{10'000};
     std::chrono::milliseconds silence{20'000}; ///< with nothing coming
-    std::chrono::milliseconds text{20'000};    ///< for a whole text that the program waits for
     /// After the first minute, a server that has sent less than this in each second keeps the line open for
     /// nothing. The time in which the program itself did not read does not count.
     std::uint64_t bytesPerSecond = 1024;

@@ -34,6 +34,7 @@ Status startDetached(Execute execute) {
         ::setsid();
         if (::fork() != 0)
             ::_exit(0);
+        ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC); // whatever some library has left open
         execute();
         const int number = errno;
         static_cast<void>(!::write(ends[1], &number, sizeof number));

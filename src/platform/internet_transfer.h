@@ -2,6 +2,7 @@
 
 #include "platform/result.h"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -20,7 +21,11 @@ enum class PlainHttp {
 struct TransferRequest {
     std::string url;
     PlainHttp plainHttp = PlainHttp::OnlyFromThisMachine;
+    std::chrono::milliseconds longest{20'000}; ///< that `openUrl` waits for the whole of it
 };
+
+/// The `Failure::number` of a request that ran out of time.
+inline constexpr int kTimedOut = 28;
 
 /// How an asynchronous request has got on.
 enum class TransferState {
@@ -35,9 +40,11 @@ class InternetTransfer {
 public:
     virtual ~InternetTransfer() = default;
 
-    /// Fetches a whole text and waits for it; meanwhile windows are redrawn, but nothing that the user does
-    /// comes through. Failure: no answer, another answer than success, or more than `limit` bytes.
+    /// Fetches a whole text and waits for it; meanwhile all events come through. Failure: no answer, another
+    /// answer than success, more than `limit` bytes, or the program ends.
     virtual Result<std::string> openUrl(const TransferRequest& request, std::size_t limit) = 0;
+    /// How long the last `openUrl` took.
+    [[nodiscard]] virtual std::chrono::milliseconds took() const = 0;
 
     /// Called with the state of a request that `execute` has started, on the program's thread and never from
     /// within `execute`.

@@ -1,8 +1,8 @@
 #include "text/date_text.h"
 
+#include "text/numbers.h"
 #include "text/strings.h"
 
-#include <charconv>
 #include <vector>
 
 namespace brovin::text {
@@ -20,11 +20,10 @@ std::string padded(int number, std::size_t width) {
 std::vector<int> numbersOf(std::string_view text, char separator) {
     std::vector<int> numbers;
     for (const std::string_view piece : split(text, separator)) {
-        int number = 0;
-        const auto [end, error] = std::from_chars(piece.data(), piece.data() + piece.size(), number);
-        if (error != std::errc() || end != piece.data() + piece.size() || number < 0)
+        const auto number = wholeNumber<int>(piece);
+        if (!number)
             return {};
-        numbers.push_back(number);
+        numbers.push_back(*number);
     }
     return numbers;
 }

@@ -1,9 +1,10 @@
 #include "update/address.h"
 
+#include "text/numbers.h"
 #include "text/strings.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cstdint>
 
 namespace brovin::update {
 namespace {
@@ -27,7 +28,8 @@ bool isLoopbackNumber(std::string_view host) {
     if (parts.size() != 4 || parts[0] != "127")
         return false;
     return std::all_of(parts.begin(), parts.end(), [](std::string_view part) {
-        return !part.empty() && part.size() <= 3 && std::all_of(part.begin(), part.end(), isDigit);
+        return part.size() <= 3 &&
+               text::wholeNumber<std::uint8_t>(part); // 256 is no octet, whatever others say
     });
 }
 
@@ -104,6 +106,11 @@ std::string byHttps(const std::string& url) {
     if (!address || address->scheme == Address::Scheme::Https || address->loopback())
         return url;
     return "https" + url.substr(std::string_view("http").size());
+}
+
+std::string fileNameOf(std::string_view url) {
+    url = url.substr(0, url.find_first_of("?#"));
+    return std::string(url.substr(url.rfind('/') + 1));
 }
 
 std::string queryValue(std::string_view text) {

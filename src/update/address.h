@@ -31,6 +31,9 @@ struct Address {
 /// The address with http replaced by https, except of this machine.
 [[nodiscard]] std::string byHttps(const std::string& url);
 
+/// The last part of an address's path, as it stands there.
+[[nodiscard]] std::string fileNameOf(std::string_view url);
+
 /// A text as a value in an address's query: all but letters, digits and "-._~" as %XX.
 [[nodiscard]] std::string queryValue(std::string_view text);
 

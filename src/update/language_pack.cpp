@@ -2,7 +2,6 @@
 
 #include "language/language_file.h"
 #include "update/address.h"
-#include "update/proof.h"
 
 namespace brovin::update {
 namespace {
@@ -55,7 +54,8 @@ PackOutcome LanguagePack::fetch(const PackOffer& offer, const std::string& file)
         return {false, told("didNotCome", pack.failure())};
     if (!isLanguagePack(*pack))
         return {};
-    if (std::string reason = whyNotTrusted(offer, url, *pack); !reason.empty())
+    if (std::string reason = whyNotTrusted({Kind::Pack, file, offer.version, {}}, url, *pack);
+        !reason.empty())
         return {false, std::move(reason)};
     if (const platform::Status written = needs_.folder.replace(file, *pack); !written)
         return {false, told("diskRefused", written.failure())};
@@ -64,7 +64,7 @@ PackOutcome LanguagePack::fetch(const PackOffer& offer, const std::string& file)
 }
 
 /// Empty: it is trusted.
-std::string LanguagePack::whyNotTrusted(const PackOffer& offer, const std::string& url,
+std::string LanguagePack::whyNotTrusted(const Offered& offered, const std::string& url,
                                         std::string_view pack) const {
     if (!needs_.key.present())
         return {};
@@ -72,7 +72,7 @@ std::string LanguagePack::whyNotTrusted(const PackOffer& offer, const std::strin
         needs_.transfer.openUrl({statementUrl(url), PlainHttp::Anywhere}, kLongestStatement);
     if (!statement)
         return needs_.messages.getText("signatureMissing");
-    auto reason = whyNotOffered(*statement, {offer.version, {}}, needs_.key);
+    auto reason = whyNotOffered(*statement, offered, needs_.key);
     if (!reason)
         reason = whyNotReceived(*statementOf(*statement), {pack.size(), needs_.key.sha512(pack)});
     return reason ? needs_.messages.getText(*reason) : std::string();

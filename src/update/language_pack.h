@@ -7,6 +7,7 @@
 #include "platform/program_folder.h"
 #include "ui/frm_options.h"
 #include "update/answers.h"
+#include "update/proof.h"
 
 #include <string>
 #include <string_view>
@@ -40,7 +41,7 @@ public:
     PackOutcome fetch(const PackOffer& offer, const std::string& file);
 
 private:
-    [[nodiscard]] std::string whyNotTrusted(const PackOffer& offer, const std::string& url,
+    [[nodiscard]] std::string whyNotTrusted(const Offered& offered, const std::string& url,
                                             std::string_view pack) const;
     [[nodiscard]] std::string told(language::Text what, const platform::Failure& why) const;
     void refresh(const std::string& file);

@@ -19,17 +19,19 @@ std::optional<language::Text> whyNotOffered(std::string_view statement, const Of
         return language::Text("signatureUnreadable");
     if (!key.fits(read->signedText, read->signature))
         return language::Text("signatureForged");
-    if (read->version != offered.version)
+    if (read->claim.kind != offered.kind || read->claim.file != offered.file)
+        return language::Text("signatureOtherFile");
+    if (read->claim.version != offered.version)
         return language::Text("signatureOtherVersion");
-    if (offered.sizeKb && !sameSize(*offered.sizeKb, read->size))
+    if (offered.sizeKb && !sameSize(*offered.sizeKb, read->claim.size))
         return language::Text("signatureOtherSize");
     return std::nullopt;
 }
 
 std::optional<language::Text> whyNotReceived(const Statement& statement, const Received& received) {
-    if (received.size != statement.size)
+    if (received.size != statement.claim.size)
         return language::Text("notTheSignedSize");
-    if (received.sha512 != statement.sha512)
+    if (received.sha512 != statement.claim.sha512)
         return language::Text("notTheSignedFile");
     return std::nullopt;
 }

@@ -2,7 +2,7 @@
 
 #include "language/texts.h"
 #include "platform/makers_key.h"
-#include "update/answers.h"
+#include "update/statement.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +21,8 @@ inline constexpr std::size_t kLongestStatement = 4096;
 
 /// What the server offered.
 struct Offered {
+    Kind kind = Kind::Program;
+    std::string file; ///< its name, without a folder
     std::string version;
     std::optional<std::int64_t> sizeKb;
 };

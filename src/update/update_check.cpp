@@ -1,7 +1,9 @@
 #include "update/update_check.h"
 
-#include "text/strings.h"
 #include "update/address.h"
+#include "update/makers_answers.h"
+#include "update/offer_text.h"
+#include "update/update_by_hand.h"
 #include "update/update_download.h"
 
 #include <cstddef>
@@ -14,9 +16,6 @@ namespace box = platform::box;
 namespace setting = app::setting;
 using companion::ForceBox;
 using platform::Button;
-
-/// The longest answer that is read, in bytes.
-constexpr std::size_t kLongestAnswer = std::size_t{64} * 1024;
 
 constexpr const char* kPackTitle = "Language update";
 
@@ -58,27 +57,23 @@ UpdateCheck::Outcome UpdateCheck::check() {
     if (checking_)
         return Outcome::Offered; // the check under way tells what there is to tell
     Standstill standstill(needs_.form.Timer1, checking_);
-    const auto answer = needs_.machine.transfer.openUrl(
-        {urlFor("myid=brovin&myver=" + needs_.running.text())}, kLongestAnswer);
+    MakersAnswers answers(needs_.machine.transfer, needs_.machine.server);
+    const auto answer = answers.ask("myid=brovin&myver=" + needs_.running.text());
     const auto offer = answer ? programOffer(*answer) : std::nullopt;
     const bool newer = offer && countsAsNewer(offer->version, needs_.running);
     if (newer && offerProgram(*offer) == Ending::Replaced) {
         standstill.restart = false;
         return Outcome::Offered;
     }
-    const bool packs = offerPacks(answer ? Server::Reached : Server::Silent);
+    const bool packs = offerPacks(answers);
     if (newer || packs)
         return Outcome::Offered;
     return !answer || answer->empty() ? Outcome::NoAnswer : Outcome::Nothing;
 }
 
-std::string UpdateCheck::urlFor(const std::string& query) const {
-    return needs_.machine.server + "/download/brovinupdate.php?" + query;
-}
-
 UpdateCheck::Ending UpdateCheck::offerProgram(const ProgramOffer& offer) {
-    if (ask(questionFor(offer), needs_.messages.getMessage(34)))
-        return download(offer);
+    if (ask(questionFor(offer), needs_.messages.getMessage(34)) && sureAbout(offer))
+        return needs_.machine.key.present() ? download(offer) : showPage(offer);
     needs_.settings.write(setting::kNoCheck, "1");
     cancelled();
     return Ending::GoesOn;
@@ -89,9 +84,27 @@ std::string UpdateCheck::questionFor(const ProgramOffer& offer) const {
     question += needs_.messages.getMessage(32, {std::to_string(offer.version.major),
                                                 std::to_string(offer.version.minor),
                                                 std::to_string(offer.version.revision)});
-    if (offer.sizeKb)
-        question += " - " + needs_.messages.getMessage(33) + ": " + std::to_string(*offer.sizeKb) + " KB";
+    question += sizeText(needs_.messages, offer);
+    if (offer.version < needs_.running)
+        question += "\r\n\r\n" + needs_.messages.getText("updateOlder", {needs_.running.text()});
     return question;
+}
+
+/// Going back to an older version, which the program could do by itself, wants a second thought.
+bool UpdateCheck::sureAbout(const ProgramOffer& offer) {
+    return !needs_.machine.key.present() || offer.version >= needs_.running ||
+           ask(needs_.messages.getText("updateOlderSure", {needs_.running.text(), offer.version.text()}),
+               needs_.messages.getMessage(34));
+}
+
+UpdateCheck::Ending UpdateCheck::showPage(const ProgramOffer& offer) {
+    ui::FrmDownload form;
+    const UpdateByHand window({form, needs_.messages, needs_.shell}, offer, needs_.folder.path("update.url"));
+    form.window.setVisible(true);
+    needs_.machine.windows.showModal(form);
+    if (!window.pageOpened())
+        cancelled();
+    return Ending::GoesOn;
 }
 
 UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
@@ -117,7 +130,7 @@ UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
     return Ending::Replaced;
 }
 
-bool UpdateCheck::offerPacks(Server server) {
+bool UpdateCheck::offerPacks(MakersAnswers& answers) {
     // A pack that is taken makes the catalogue anew, so the questions are those of the one at the beginning.
     const auto files = needs_.catalogue.langFiles;
     const auto versions = needs_.catalogue.langVersions;
@@ -125,12 +138,8 @@ bool UpdateCheck::offerPacks(Server server) {
     for (std::size_t slot = 0; slot < files.size(); ++slot) {
         if (files[slot].empty())
             continue;
-        const auto answer = needs_.machine.transfer.openUrl(
-            {urlFor("myid=lang&mylang=" + queryValue(files[slot]) + "&myver=" + versions[slot])},
-            kLongestAnswer);
-        if (!answer && server == Server::Silent)
-            break; // each further question would have to run out too, language after language
-        server = Server::Reached;
+        const auto answer =
+            answers.ask("myid=lang&mylang=" + queryValue(files[slot]) + "&myver=" + versions[slot]);
         const auto offer = answer ? packOffer(*answer) : std::nullopt;
         if (!offer)
             continue;
@@ -172,7 +181,7 @@ void UpdateCheck::cmdUpdate_Click() {
     const std::string title = needs_.messages.getMessage(30);
     if (outcome == Outcome::Nothing)
         tell(needs_.messages.getMessage(28, {needs_.phrases.getDude()}), box::kInformation, title);
-    else if (outcome == Outcome::NoAnswer)
+    else if (outcome == Outcome::NoAnswer && !needs_.form.exitConfirmed)
         tell(needs_.messages.getMessage(29), box::kExclamation, title);
 }
 

@@ -11,6 +11,7 @@
 #include "platform/internet_transfer.h"
 #include "platform/makers_key.h"
 #include "platform/program_folder.h"
+#include "platform/shell.h"
 #include "ui/frm_download.h"
 #include "ui/frm_options.h"
 #include "update/answers.h"
@@ -20,6 +21,8 @@
 #include <string>
 
 namespace brovin::update {
+
+class MakersAnswers;
 
 /// What it takes of the machine to update the program.
 struct Machine {
@@ -42,6 +45,7 @@ public:
         language::LanguageCatalogue& catalogue;
         platform::ProgramFolder& folder;
         platform::Dialogs& dialogs;
+        platform::Shell& shell;
         platform::EventPump& pump;
         Version running;
         Machine machine;
@@ -59,14 +63,14 @@ public:
 private:
     enum class Outcome { Nothing, NoAnswer, Offered };
     enum class Ending { GoesOn, Replaced };
-    enum class Server { Reached, Silent };
 
     Outcome check();
-    [[nodiscard]] std::string urlFor(const std::string& query) const;
     Ending offerProgram(const ProgramOffer& offer);
+    [[nodiscard]] bool sureAbout(const ProgramOffer& offer);
+    Ending showPage(const ProgramOffer& offer);
     Ending download(const ProgramOffer& offer);
     [[nodiscard]] std::string questionFor(const ProgramOffer& offer) const;
-    bool offerPacks(Server server);
+    bool offerPacks(MakersAnswers& answers);
     void fetchPack(const PackOffer& offer, const std::string& file);
     void cancelled();
     void tell(const std::string& text, platform::BoxStyle style, const std::string& title);

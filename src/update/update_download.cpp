@@ -1,9 +1,11 @@
 #include "update/update_download.h"
 
+#include "text/numbers.h"
 #include "text/strings.h"
+#include "update/address.h"
+#include "update/offer_text.h"
 #include "update/proof.h"
 
-#include <charconv>
 #include <utility>
 
 namespace brovin::update {
@@ -22,11 +24,7 @@ constexpr std::uint64_t kLargest = std::uint64_t{2} << 30U;
 constexpr std::string_view kPrefix = "bro";
 
 std::uint64_t lengthOf(const std::optional<std::string>& header) {
-    std::uint64_t length = 0;
-    if (!header)
-        return 0;
-    const auto [end, error] = std::from_chars(header->data(), header->data() + header->size(), length);
-    return error == std::errc() && end == header->data() + header->size() ? length : 0;
+    return header ? text::wholeNumber<std::uint64_t>(*header).value_or(0) : 0;
 }
 
 } // namespace
@@ -46,9 +44,7 @@ UpdateDownload::~UpdateDownload() {
 
 void UpdateDownload::dress(const std::string& animation) {
     ui::FrmDownload& form = needs_.form;
-    std::string title = needs_.messages.getMessage(34);
-    if (offer_.sizeKb)
-        title += " - " + needs_.messages.getMessage(33) + ": " + std::to_string(*offer_.sizeKb) + " KB";
+    const std::string title = needs_.messages.getMessage(34) + sizeText(needs_.messages, offer_);
     form.window.setCaption(title);
     form.cmdStart.setCaption(needs_.messages.getMessage(66));
     form.cmdCancel.setCaption(needs_.messages.getMessage(67));
@@ -66,7 +62,7 @@ void UpdateDownload::show(const std::string& text) {
 }
 
 void UpdateDownload::splitChanges(std::string_view list) {
-    needs_.form.txtUpdates.setText(text::replaceAll(list, "|", "\r\n"));
+    needs_.form.txtUpdates.setText(changesText(list));
     if (!list.empty())
         show(needs_.messages.getMessage(72) + " " + needs_.form.lblText.caption());
 }
@@ -87,10 +83,7 @@ void UpdateDownload::cmdStart_Click() {
     file_ = std::move(*file);
     localFile_ = file_->name();
     show(needs_.messages.getMessage(69));
-    if (needs_.key.present())
-        request(Phase::Asking, statementUrl(offer_.url));
-    else
-        request(Phase::Receiving, offer_.url);
+    request(Phase::Asking, statementUrl(offer_.url));
     needs_.pump.pump();
 }
 
@@ -129,7 +122,8 @@ void UpdateDownload::readStatement() {
             break;
         text.append(*piece);
     }
-    if (const auto reason = whyNotOffered(text, {offer_.version.text(), offer_.sizeKb}, needs_.key))
+    if (const auto reason = whyNotOffered(
+            text, {Kind::Program, fileNameOf(offer_.url), offer_.version.text(), offer_.sizeKb}, needs_.key))
         return distrust(*reason);
     statement_ = *statementOf(text);
     request(Phase::Receiving, offer_.url);
@@ -142,7 +136,7 @@ void UpdateDownload::receive() {
         needs_.transfer.cancel();
         return fail(needs_.messages.getMessage(76));
     }
-    if (length > kLargest || (needs_.key.present() && length != statement_.size)) {
+    if (length > kLargest || length != statement_.claim.size) {
         needs_.transfer.cancel();
         return distrust("notTheSignedSize");
     }
@@ -207,8 +201,6 @@ void UpdateDownload::finish(std::uint64_t length) {
 
 /// Empty: it is trusted.
 std::string UpdateDownload::whyNotTrusted() {
-    if (!needs_.key.present())
-        return {};
     const auto hash = file_->sha512([this] {
         needs_.pump.pump();
         return !cancelRequested_;

@@ -8,6 +8,7 @@
 #include "platform/makers_key.h"
 #include "ui/frm_download.h"
 #include "update/answers.h"
+#include "update/statement.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,8 @@
 #include "voice/mode_ids.h"
 
+#include "text/numbers.h"
+
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -51,11 +52,11 @@ bool takeHex(std::string_view& text, Number& number) {
     constexpr std::size_t kDigits = sizeof(Number) * 2;
     if (text.size() < kDigits)
         return false;
-    const char* const end = text.data() + kDigits;
-    if (std::from_chars(text.data(), end, number, 16).ptr != end)
-        return false;
+    constexpr int kHex = 16;
+    const auto read = text::wholeNumber<Number>(text.substr(0, kDigits), kHex);
+    number = read.value_or(number);
     text.remove_prefix(kDigits);
-    return true;
+    return read.has_value();
 }
 
 bool takeDash(std::string_view& text) {

@@ -139,7 +139,7 @@ TEST(UpdateCheck, isDueAfterItsPeriod) {
         {"2026-01-31", 3, "2026-02-27", false, "February has no 31st: the 28th counts"},
         {"2026-01-31", 3, "2026-02-28", true, "February's last day"},
         {"2025-12-31", 3, "2026-01-31", true, "over the end of a year"},
-        {"soon", 0, "2026-11-21", false, "no date"},
+        {"soon", 0, "2026-11-21", true, "no date counts as none"},
     };
     for (const auto& [last, period, today, due, why] : kCases) {
         World world;

@@ -20,13 +20,14 @@ using Then = ScriptedServer::Then;
 using std::chrono::milliseconds;
 
 /// Short limits, so that a test need not wait for a server that keeps it waiting.
-constexpr net::Patience kShort{milliseconds(500), milliseconds(300), milliseconds(900), 1024,
-                               milliseconds(300), milliseconds(100)};
+constexpr net::Patience kShort{milliseconds(500), milliseconds(300), 1024, milliseconds(300),
+                               milliseconds(100)};
 
 class TransferTest : public testing::Test {
 protected:
     std::string fetch(const std::string& path, std::size_t limit = 1000) {
-        const auto text = transfer_.openUrl({server_.url(path)}, limit);
+        const auto text =
+            transfer_.openUrl({server_.url(path), PlainHttp::OnlyFromThisMachine, milliseconds(900)}, limit);
         return text ? *text : "! " + text.failure().reason;
     }
     /// The body of an asynchronous request, or why there is none.

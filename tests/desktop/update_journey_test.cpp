@@ -193,8 +193,12 @@ TEST(UpdateJourney, refusesATamperedInstaller) {
 
 TEST(UpdateJourney, leavesNothingOfACancelledDownload) {
     UpdateWorld world;
-    world.key.clear();
+    world.makeFile("maker/setup", QByteArray(204800, 'x'));
+    world.maker({"sign", "--secret", world.path("secret"), "--version", "1.3.0", world.path("maker/setup")});
+    QFile statement(world.path("maker/setup.sig"));
+    ASSERT_TRUE(statement.open(QIODevice::ReadOnly));
     ScriptedServer slow;
+    slow.scripts["/setup.sig"] = {httpAnswer(statement.readAll().toStdString())};
     slow.scripts["/download/brovinupdate.php?myid=brovin&myver=1.2.3"] = {
         httpAnswer("Version:1,3,0," + slow.url("/setup") + ",Faster,200")};
     slow.scripts["/setup"] = {"HTTP/1.1 200 OK\r\nContent-Length: 204800\r\n\r\n" + std::string(102400, 'x'),

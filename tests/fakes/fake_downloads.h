@@ -28,13 +28,16 @@ public:
     }
     [[nodiscard]] bool present() const override { return carried; }
     [[nodiscard]] bool fits(std::string_view text, std::string_view signature) const override {
-        return signature == signatureFor(text);
+        return carried && signature == signatureFor(text);
     }
     [[nodiscard]] std::string sha512(std::string_view text) const override { return hashOf(text); }
     [[nodiscard]] static std::string signatureFor(std::string_view text) { return "signed:" + hashOf(text); }
     /// The whole statement about a file of this content.
-    [[nodiscard]] static std::string statement(std::string_view version, std::string_view content) {
-        const std::string text = update::textToSign(version, content.size(), hashOf(content));
+    [[nodiscard]] static std::string statement(update::Claim claim, std::string_view content) {
+        claim.date = "2026-11-21";
+        claim.size = content.size();
+        claim.sha512 = hashOf(content);
+        const std::string text = update::textToSign(claim);
         return text + signatureFor(text) + "\n";
     }
 };

@@ -16,9 +16,10 @@ class FakeTransfer final : public platform::InternetTransfer {
 public:
     struct Page {
         std::string body;
-        long announced = -1;      ///< the Content-Length; -1: the true one
-        bool breaks = false;      ///< the connection breaks at the end of the body
-        bool unreachable = false; ///< no answer at all
+        long announced = -1; ///< the Content-Length; -1: the true one
+        bool breaks = false; ///< the connection breaks at the end of the body
+        bool silent = false; ///< no answer at all, for as long as one waits
+        std::chrono::milliseconds took{0};
     };
     std::map<std::string, Page> pages;               ///< by address
     std::vector<platform::TransferRequest> requests; ///< all that were made, in order
@@ -29,12 +30,17 @@ public:
     platform::Result<std::string> openUrl(const platform::TransferRequest& request,
                                           std::size_t limit) override {
         const Page* page = ask(request);
+        took_ = page == nullptr ? std::chrono::milliseconds(0) : page->silent ? request.longest : page->took;
         if (page == nullptr)
             return failure();
+        if (page->silent)
+            return platform::Failure{platform::kTimedOut, "The server is silent"};
         if (page->body.size() > limit)
             return platform::Failure{0, "The answer is too long"};
         return page->body;
     }
+
+    [[nodiscard]] std::chrono::milliseconds took() const override { return took_; }
 
     platform::Status execute(const platform::TransferRequest& request) override {
         cancelled = false;
@@ -75,9 +81,10 @@ private:
     const Page* ask(const platform::TransferRequest& request) {
         requests.push_back(request);
         const auto page = pages.find(request.url);
-        return offline || page == pages.end() || page->second.unreachable ? nullptr : &page->second;
+        return offline || page == pages.end() ? nullptr : &page->second;
     }
 
+    std::chrono::milliseconds took_{0};
     const Page* current_ = nullptr;
     std::size_t read_ = 0;
     bool pending_ = false;

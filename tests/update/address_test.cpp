@@ -21,6 +21,7 @@ TEST(Address, isTrustedByHttpsOrOnThisMachine) {
         {"http://[::1]:80/", true, "this machine"},
         {"http://127.0.0.1.maker.example/", false, "begins like this machine"},
         {"http://127.evil/", false, "begins like this machine"},
+        {"http://127.0.0.256/", false, "no octet"},
         {"http://127.1/", false, "programs differ about short forms"},
         {"http://localhost.evil/", false, "begins like this machine"},
         {"http://localhost@evil.example/", false, "a user's name before the host"},
@@ -61,6 +62,7 @@ TEST(Address, isFollowedButNeverOutOfHttps) {
 TEST(Address, isTurnedIntoASafeOne) {
     EXPECT_EQ("https://a.example/x", byHttps("http://a.example/x"));
     EXPECT_EQ("http://127.0.0.1:80/x", byHttps("http://127.0.0.1:80/x"));
+    EXPECT_EQ("setup.deb", fileNameOf("https://a.example/x/setup.deb?y=/z"));
     EXPECT_EQ("default.blp", queryValue("default.blp"));
     EXPECT_EQ("a%26b%20%C3%A9.blp", queryValue("a&b \xC3\xA9.blp"));
 }

@@ -1,4 +1,6 @@
+#include "text/strings.h"
 #include "update/answers.h"
+#include "update/statement.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +8,8 @@ namespace brovin::update {
 namespace {
 
 TEST(ProgramOffer, hasItsFieldsBehindTheMark) {
-    const auto offer = programOffer("<b>Version:2,8,10,https://a.example/b.deb,One|Two,345\r\n");
+    const auto offer =
+        programOffer("<b>A Version of news: Version:2,8,10,https://a.example/b.deb,One|Two,345\r\n");
     ASSERT_TRUE(offer);
     EXPECT_EQ("2.8.10", offer->version.text());
     EXPECT_EQ("https://a.example/b.deb", offer->url);
@@ -55,21 +58,30 @@ TEST(PackOffer, beginsWithItsAddress) {
         EXPECT_FALSE(packOffer(answer)) << answer;
 }
 
-TEST(Statement, hasFourLines) {
-    const std::string hash(128, 'a');
-    const auto statement = statementOf("2.8.10\n4096\n" + hash + "\nc2ln\n");
+TEST(Statement, saysWhichFileOfWhichProduct) {
+    const Claim claim{Kind::Pack, "default.blp", "1.75", "2026-11-21", 4096, std::string(128, 'a')};
+    const std::string good = textToSign(claim) + "c2ln\n";
+    const auto statement = statementOf(good);
     ASSERT_TRUE(statement);
-    EXPECT_EQ("2.8.10", statement->version);
-    EXPECT_EQ(4096U, statement->size);
-    EXPECT_EQ(hash, statement->sha512);
+    EXPECT_EQ(claim, statement->claim);
     EXPECT_EQ("c2ln", statement->signature);
-    EXPECT_EQ(textToSign("2.8.10", 4096, hash), statement->signedText);
-    for (const std::string& text :
-         {std::string(), "2.8.10\n4096\n" + hash, "2.8.10\n4096\n" + hash + "\nc2ln\nmore",
-          "2.8.10\nmany\n" + hash + "\nc2ln", "2.8.10\n-1\n" + hash + "\nc2ln",
-          "2.8.10\n4096\n" + hash + "a\nc2ln", "2.8.10\n4096\n" + std::string(128, 'A') + "\nc2ln",
-          std::string("<html>\n<body>\nNot found\n</body>")})
-        EXPECT_FALSE(statementOf(text)) << text;
+    EXPECT_EQ(textToSign(claim), statement->signedText);
+    constexpr std::pair<std::string_view, std::string_view> kSpoilt[] = {
+        {"product=Brovin", "product=Broom"},
+        {"kind=pack", "kind=theme"},
+        {"file=default.blp", "file="},
+        {"kind=pack\n", ""},
+        {"date=2026-11-21", "date=2026-11-31"},
+        {"size=4096", "size=-1"},
+        {"size=4096", "size=many"},
+        {"sha512=a", "sha512=A"},
+        {"sha512=a", "sha512=aa"},
+        {"version=1.75", "Version=1.75"},
+        {"c2ln", "c2ln\nmore"},
+    };
+    for (const auto& [what, with] : kSpoilt)
+        EXPECT_FALSE(statementOf(text::replaceFirst(good, what, with))) << with;
+    EXPECT_FALSE(statementOf(textToSign(claim)));
 }
 
 } // namespace

@@ -109,13 +109,15 @@ TEST(LanguagePack, keepsTheOldOneWhenSomethingIsWrong) {
         {"it is for another version",
          [](World& w) {
              w.key.carried = true;
-             w.transfer.pages[statementUrl(kPack)].body = fakes::FakeKey::statement("1.7", w.pack);
+             w.transfer.pages[statementUrl(kPack)].body =
+                 fakes::FakeKey::statement({Kind::Pack, "default.blp", "1.7"}, w.pack);
          },
          "another version"},
         {"it was changed on the way",
          [](World& w) {
              w.key.carried = true;
-             w.transfer.pages[statementUrl(kPack)].body = fakes::FakeKey::statement("1.6", w.pack);
+             w.transfer.pages[statementUrl(kPack)].body =
+                 fakes::FakeKey::statement({Kind::Pack, "default.blp", "1.6"}, w.pack);
              w.transfer.pages[kPack].body = text::replaceAll(w.pack, "Lady", "Ugly");
          },
          "not the file"},
@@ -133,7 +135,8 @@ TEST(LanguagePack, keepsTheOldOneWhenSomethingIsWrong) {
 TEST(LanguagePack, comesByPlainHttpWhenTheMakerHasSignedIt) {
     World world;
     world.key.carried = true;
-    world.transfer.pages[statementUrl(kPack)].body = fakes::FakeKey::statement("1.6", world.pack);
+    world.transfer.pages[statementUrl(kPack)].body =
+        fakes::FakeKey::statement({Kind::Pack, "default.blp", "1.6"}, world.pack);
     world.check();
     EXPECT_EQ(world.pack, world.folder.files["default.blp"]);
     EXPECT_EQ(kPack, world.transfer.requests.at(2).url);

@@ -3,6 +3,7 @@
 #include "fakes/fake_downloads.h"
 #include "fakes/fake_machine.h"
 #include "fakes/test_language.h"
+#include "text/strings.h"
 
 #include <gtest/gtest.h>
 
@@ -21,11 +22,15 @@ constexpr const char* kOffer = "Version:2,8,0,https://maker.example/setup,Faster
 
 /// The whole program with the maker's server in memory, which answers but has nothing to offer.
 struct World : FakeMachine, FakeUpdates {
-    World() {
-        folder.files["default.blp"] = fakes::testLanguage();
+    explicit World(const std::vector<std::string>& languages = {"default.blp"}) {
+        for (const std::string& file : languages)
+            folder.files[file] = fakes::testLanguage();
         transfer.pages[kAsk].body = "no news";
         transfer.pages[kAskPack].body = "no news";
         transfer.pages[kSetup].body = std::string(5000, 'i');
+        transfer.pages[std::string(kSetup) + ".sig"].body =
+            fakes::FakeKey::statement({Kind::Program, "setup", "2.8.0"}, transfer.pages[kSetup].body);
+        key.carried = true;
         program.Form_Load();
         form.chkDude.setValue(1);
         dialogs.boxes.clear();
@@ -85,14 +90,30 @@ TEST(UpdateCheck, saysNothingWhenNobodyAsked) {
     EXPECT_EQ(4U, world.transfer.requests.size()) << "once a day";
 }
 
-TEST(UpdateCheck, offersLanguagesThoughTheAnswerAboutTheProgramIsLost) {
-    World world;
-    world.transfer.pages[kAsk].unreachable = true;
-    world.transfer.pages[kAskPack].body = "http://maker.example/default.blp,1.9";
-    world.dialogs.answers = {Button::No};
-    world.form.cmdUpdate.click();
-    ASSERT_EQ(1U, world.dialogs.boxes.size());
-    EXPECT_EQ("Language update", world.lastBox().title);
+TEST(UpdateCheck, asksOnAfterAnErrorButNotASilentServerForEver) {
+    World world({"default.blp", "b.blp", "c.blp", "d.blp"});
+    const auto pack = [](const std::string& file) {
+        return text::replaceFirst(kAskPack, "default.blp", file);
+    };
+    const auto asked = [&] {
+        world.transfer.requests.clear();
+        world.form.cmdUpdate.click();
+        return world.transfer.requests.size();
+    };
+    world.transfer.pages.erase(kAsk);
+    world.transfer.pages.erase(kAskPack);
+    for (const char* file : {"b.blp", "c.blp", "d.blp"})
+        world.transfer.pages[pack(file)].body = "no news";
+    EXPECT_EQ(5U, asked()) << "404 twice";
+    world.transfer.pages[pack("b.blp")].silent = true;
+    EXPECT_EQ(5U, asked()) << "silent once";
+    world.transfer.pages[pack("c.blp")].silent = true;
+    EXPECT_EQ(3U, asked()) << "silent twice: the other languages are left out";
+    for (auto& [url, page] : world.transfer.pages)
+        page = {.body = "no news", .took = std::chrono::seconds(9)};
+    world.transfer.pages[kAsk] = {.body = "no news", .took = std::chrono::seconds(9)};
+    EXPECT_EQ(3U, asked()) << "slow each time";
+    EXPECT_EQ(std::chrono::seconds(7), world.transfer.requests.back().longest) << "what is left of the 25";
 }
 
 TEST(UpdateCheck, holdsTheSchedulerMeanwhile) {
@@ -130,6 +151,41 @@ TEST(UpdateCheck, offersOnlyWhatIsNewer) {
         world.form.cmdUpdate.click();
         EXPECT_EQ("m28(,%2)", world.lastBox().text) << old;
     }
+}
+
+TEST(UpdateCheck, asksTwiceBeforeItGoesBack) {
+    for (const Button sure : {Button::No, Button::Yes}) {
+        World world;
+        world.transfer.pages[kAsk].body = "Version:2,6,200,https://maker.example/setup,,4";
+        world.dialogs.answers = {Button::Yes, sure};
+        world.form.cmdUpdate.click();
+        ASSERT_EQ(2U, world.dialogs.boxes.size());
+        EXPECT_NE(std::string::npos, world.dialogs.boxes[0].text.find("older than your version 2.7.106"));
+        EXPECT_EQ("Do you really want to go back from version 2.7.106 to version 2.6.200?",
+                  world.lastBox().text);
+        EXPECT_EQ(sure == Button::Yes ? 1U : 0U, world.windows.titles.size());
+    }
+}
+
+TEST(UpdateCheck, onlyShowsTheWayInABuildWithoutAKey) {
+    World world;
+    world.key.carried = false;
+    world.transfer.pages[kAsk].body = kOffer;
+    world.dialogs.answers = {Button::Yes};
+    world.windows.user = [&](ui::FrmDownload& form) {
+        EXPECT_EQ("Faster\r\nNicer", form.txtUpdates.text());
+        EXPECT_FALSE(form.ProgressBar1.visible());
+        form.cmdStart.click();
+    };
+    world.form.cmdUpdate.click();
+    EXPECT_EQ(std::vector<std::string>{world.folder.path("update.url")}, world.shell.opened);
+    EXPECT_TRUE(world.downloads.started.empty());
+    EXPECT_EQ(2U, world.transfer.requests.size()) << "the two questions, and no installer";
+    EXPECT_FALSE(world.shell.ended);
+    world.dialogs.answers = {Button::Yes};
+    world.windows.user = [](ui::FrmDownload& form) { form.cmdCancel.click(); };
+    world.form.cmdUpdate.click();
+    EXPECT_EQ("m35(%1,%2)", world.form.sbStatus.panel());
 }
 
 TEST(UpdateCheck, makesRoomForTheInstaller) {

@@ -18,7 +18,17 @@ struct World : fakes::FakeMachine, fakes::FakeUpdates {
     World() {
         for (int i = 0; i <= 77; ++i)
             messages.set(i, "m" + std::to_string(i) + "(%1,%2)");
+        key.carried = true;
         transfer.pages[kUrl].body = installer;
+        sign({Kind::Program, "setup", "2.8.0"}, installer);
+    }
+    void sign(const Claim& claim, std::string_view content) {
+        transfer.pages[statementUrl(kUrl)].body = fakes::FakeKey::statement(claim, content);
+    }
+    /// An installer of this size is signed and announced, whatever comes.
+    void announce(int bytes) {
+        transfer.pages[kUrl].announced = bytes;
+        sign({Kind::Program, "setup", "2.8.0"}, std::string(static_cast<std::size_t>(bytes), 'i'));
     }
     void open() {
         form.window.setVisible(true);
@@ -80,6 +90,7 @@ TEST(UpdateDownload, fetchesAndOffersToInstall) {
 TEST(UpdateDownload, takesABodyOfWholePieces) {
     World world;
     world.transfer.pages[kUrl].body = std::string(4096, 'x');
+    world.sign({Kind::Program, "setup", "2.8.0"}, world.transfer.pages[kUrl].body);
     world.fetch();
     EXPECT_EQ("m74(%1,%2)", world.text());
 }
@@ -101,13 +112,12 @@ struct Trouble {
 TEST(UpdateDownload, keepsNothingOfWhatWentWrong) {
     const Trouble troubles[] = {
         {"no network", [](World& w) { w.transfer.offline = true; }, "m70(7,No route)"},
-        {"not found", [](World& w) { w.transfer.pages.clear(); }, "m70(404,Not found)"},
+        {"not found", [](World& w) { w.transfer.pages.erase(kUrl); }, "m70(404,Not found)"},
         {"an error page", [](World& w) { w.transfer.pages[kUrl].body = "<html>"; }, "m76(%1,%2)"},
         {"no length", [](World& w) { w.transfer.pages[kUrl].announced = 0; }, "m76(%1,%2)"},
-        {"a short body", [](World& w) { w.transfer.pages[kUrl].announced = 6000; }, "Less came"},
-        {"a long body", [](World& w) { w.transfer.pages[kUrl].announced = 5000; }, "More came"},
+        {"a short body", [](World& w) { w.announce(6000); }, "Less came"},
+        {"a long body", [](World& w) { w.announce(5000); }, "More came"},
         {"an early end", [](World& w) { w.transfer.pages[kUrl].breaks = true; }, "connection broke"},
-        {"an endless file", [](World& w) { w.transfer.pages[kUrl].announced = 1L << 40; }, "another size"},
         {"a full disk", [](World& w) { w.downloads.room = 2000; }, "No space left"},
         {"no temporary folder", [](World& w) { w.downloads.refuses = true; }, "m70(13,Permission denied)"},
     };
@@ -126,52 +136,52 @@ TEST(UpdateDownload, keepsNothingOfWhatWentWrong) {
     }
 }
 
-/// A world whose build carries a key, and whose server has the statement that belongs to the installer.
-struct SignedWorld : World {
-    SignedWorld() {
-        key.carried = true;
-        transfer.pages[statementUrl(kUrl)].body = fakes::FakeKey::statement("2.8.0", installer);
-    }
-    void sign(std::string_view version, std::string_view content) {
-        transfer.pages[statementUrl(kUrl)].body = fakes::FakeKey::statement(version, content);
-    }
-};
-
-TEST(UpdateDownload, installsWhatTheMakerHasSigned) {
-    SignedWorld world;
-    world.sizeKb = 4;
-    world.fetch();
-    EXPECT_EQ("m74(%1,%2)", world.text());
-}
-
 TEST(UpdateDownload, distrustsWhatTheMakerHasNotSigned) {
     const struct {
         const char* what;
-        std::function<void(SignedWorld&)> make;
+        std::function<void(World&)> make;
         const char* text;
     } cases[] = {
-        {"no statement", [](SignedWorld& w) { w.transfer.pages.erase(statementUrl(kUrl)); }, "no signature"},
-        {"not a statement", [](SignedWorld& w) { w.transfer.pages[statementUrl(kUrl)].body = "Hello"; },
+        {"no statement", [](World& w) { w.transfer.pages.erase(statementUrl(kUrl)); }, "no signature"},
+        {"not a statement", [](World& w) { w.transfer.pages[statementUrl(kUrl)].body = "Hello"; },
          "cannot be read"},
         {"an endless statement",
-         [](SignedWorld& w) { w.transfer.pages[statementUrl(kUrl)].body.resize(100'000, 'x'); },
-         "cannot be read"},
+         [](World& w) { w.transfer.pages[statementUrl(kUrl)].body.resize(100'000, 'x'); }, "cannot be read"},
         {"another signer",
-         [](SignedWorld& w) {
+         [](World& w) {
              auto& body = w.transfer.pages[statementUrl(kUrl)].body;
              body.replace(body.rfind("signed:"), 6, "forged");
          },
          "not the maker's"},
-        {"a changed statement", [](SignedWorld& w) { w.transfer.pages[statementUrl(kUrl)].body[0] = '3'; },
+        {"a changed statement", [](World& w) { w.transfer.pages[statementUrl(kUrl)].body[50] = '3'; },
          "not the maker's"},
-        {"an old version", [](SignedWorld& w) { w.sign("2.7.0", w.installer); }, "another version"},
-        {"another size on offer", [](SignedWorld& w) { w.sizeKb = 900; }, "another size"},
-        {"another size", [](SignedWorld& w) { w.sign("2.8.0", w.installer + "x"); }, "another size"},
-        {"a file that was changed in between", [](SignedWorld& w) { w.transfer.pages[kUrl].body[9] = 'x'; },
+        {"an old version",
+         [](World& w) {
+             w.sign({Kind::Program, "setup", "2.7.0"}, w.installer);
+         },
+         "another version"},
+        {"a statement about a pack",
+         [](World& w) {
+             w.sign({Kind::Pack, "setup", "2.8.0"}, w.installer);
+         },
+         "another file"},
+        {"a statement about another file",
+         [](World& w) {
+             w.sign({Kind::Program, "other", "2.8.0"}, w.installer);
+         },
+         "another file"},
+        {"a build without a key", [](World& w) { w.key.carried = false; }, "not the maker's"},
+        {"another size on offer", [](World& w) { w.sizeKb = 900; }, "another size"},
+        {"another size",
+         [](World& w) {
+             w.sign({Kind::Program, "setup", "2.8.0"}, w.installer + "x");
+         },
+         "another size"},
+        {"a file that was changed in between", [](World& w) { w.transfer.pages[kUrl].body[9] = 'x'; },
          "not the file that was signed"},
     };
     for (const auto& [what, make, text] : cases) {
-        SignedWorld world;
+        World world;
         make(world);
         world.fetch();
         EXPECT_TRUE(world.text().starts_with("m77")) << what << ": " << world.text();

@@ -2,9 +2,12 @@
 #include "signing.h"
 
 #include "language/language_catalogue.h"
+#include "text/date_text.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -92,7 +95,15 @@ int sign(const Arguments& arguments) {
         version = versionOf(document);
     if (version.empty())
         return complain("--version is missing");
-    const auto statement = update_server::statementAbout(document, version, arguments.get("secret"));
+    const bool pack = document.ends_with(".blp");
+    const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    const update::Claim claim{
+        .kind = pack ? update::Kind::Pack : update::Kind::Program,
+        .file = std::filesystem::path(document).filename().string(),
+        .version = version,
+        .date = text::isoText(std::chrono::local_days(today.time_since_epoch())),
+    };
+    const auto statement = update_server::statementAbout(document, claim, arguments.get("secret"));
     if (!statement)
         return complain("the secret key or the document cannot be read");
     std::ofstream file(document + ".sig", std::ios::binary);

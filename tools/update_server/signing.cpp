@@ -1,7 +1,5 @@
 #include "signing.h"
 
-#include "update/answers.h"
-
 #include <sodium.h>
 
 #include <fcntl.h>
@@ -64,7 +62,7 @@ std::optional<std::string> makeKeys(const std::string& secretFile) {
     return base64(pair.open.data(), pair.open.size());
 }
 
-std::optional<std::string> statementAbout(const std::string& document, const std::string& version,
+std::optional<std::string> statementAbout(const std::string& document, update::Claim claim,
                                           const std::string& secretFile) {
     std::ifstream file(document, std::ios::binary);
     const auto seed = sodium_init() < 0 ? std::nullopt : readSeed(secretFile);
@@ -73,12 +71,11 @@ std::optional<std::string> statementAbout(const std::string& document, const std
     crypto_hash_sha512_state state;
     crypto_hash_sha512_init(&state);
     std::vector<char> piece(std::size_t{256} * 1024);
-    std::uint64_t size = 0;
     do {
         file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
         const auto read = static_cast<std::size_t>(file.gcount());
         crypto_hash_sha512_update(&state, reinterpret_cast<const unsigned char*>(piece.data()), read);
-        size += read;
+        claim.size += read;
     } while (file);
     if (!file.eof())
         return std::nullopt;
@@ -86,7 +83,8 @@ std::optional<std::string> statementAbout(const std::string& document, const std
     crypto_hash_sha512_final(&state, hash);
     std::array<char, 2 * sizeof hash + 1> hex{};
     sodium_bin2hex(hex.data(), hex.size(), hash, sizeof hash);
-    const std::string text = update::textToSign(version, size, hex.data());
+    claim.sha512 = hex.data();
+    const std::string text = update::textToSign(claim);
     unsigned char signature[crypto_sign_BYTES];
     crypto_sign_detached(signature, nullptr, reinterpret_cast<const unsigned char*>(text.data()), text.size(),
                          pairOf(*seed).secret.data());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "update/statement.h"
+
 #include <optional>
 #include <string>
 
@@ -9,9 +11,9 @@ namespace brovin::update_server {
 /// there yet. The public one in base64; nullopt: the file cannot be written.
 [[nodiscard]] std::optional<std::string> makeKeys(const std::string& secretFile);
 
-/// The statement about a document: version, size, SHA-512 and signature, a line each. nullopt: the key or the
-/// document cannot be read.
-[[nodiscard]] std::optional<std::string>
-statementAbout(const std::string& document, const std::string& version, const std::string& secretFile);
+/// The signed statement about a document. Its size and SHA-512 are found here; the rest of the claim is the
+/// maker's to say. nullopt: the key or the document cannot be read.
+[[nodiscard]] std::optional<std::string> statementAbout(const std::string& document, update::Claim claim,
+                                                        const std::string& secretFile);
 
 } // namespace brovin::update_server

@@ -17,6 +17,10 @@ using net::CurlRequest;
 using platform::Failure;
 using platform::TransferState;
 
+namespace {
+constexpr int kEnding = -1; ///< what an event loop says that is begun after the program was told to end
+}
+
 bool WakeUp::event(QEvent* event) {
     if (event->type() != QEvent::User)
         return QObject::event(event);
@@ -56,13 +60,15 @@ void CurlTransfer::announce() {
         tell(arrival.response ? TransferState::Response : TransferState::Error);
 }
 
-void CurlTransfer::wait(QEventLoop::ProcessEventsFlags events) {
+/// False: the program ends.
+bool CurlTransfer::wait() {
     QEventLoop loop;
     QEventLoop* const outer = std::exchange(loop_, &loop);
-    loop.exec(events);
+    const bool goesOn = loop.exec() != kEnding;
     loop_ = outer;
     if (outer != nullptr)
         outer->quit(); // it may have waited for the same
+    return goesOn;
 }
 
 platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequest& request,
@@ -76,7 +82,7 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
     since.start();
     QTimer deadline;
     QObject::connect(&deadline, &QTimer::timeout, &wakeUp_, [this] { awake(); });
-    deadline.start(patience_.text);
+    deadline.start(request.longest);
     std::string text;
     std::optional<Failure> failure;
     for (bool ended = false; !ended && !failure;) {
@@ -86,11 +92,12 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
         failure = arrival.failure;
         if (text.size() > limit)
             failure = Failure{0, "The answer is too long"};
-        else if (since.hasExpired(patience_.text.count()))
-            failure = Failure{0, "The server is too slow"};
-        else if (!ended)
-            wait(QEventLoop::ExcludeUserInputEvents);
+        else if (!ended && since.hasExpired(request.longest.count()))
+            failure = Failure{platform::kTimedOut, "The server is too slow"};
+        else if (!ended && !wait())
+            failure = Failure{0, "The program ends"};
     }
+    took_ = std::chrono::milliseconds(since.elapsed());
     fetching_ = false;
     if (failure)
         return *failure;
@@ -124,7 +131,8 @@ platform::Result<std::string_view> CurlTransfer::readPiece(std::size_t most) {
             return *arrival.failure;
         if (arrival.ended)
             return std::string_view();
-        wait(QEventLoop::AllEvents);
+        if (!wait())
+            return Failure{0, "The program ends"};
     }
     const std::string_view piece = std::string_view(chunk_).substr(read_, most);
     read_ += piece.size();

@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -30,11 +31,9 @@ class CurlTransfer final : public platform::InternetTransfer {
 public:
     explicit CurlTransfer(const net::Patience& patience = {}) : patience_(patience) {}
 
-    /// Whether the program waits for a text: what else happens has to wait with it.
-    [[nodiscard]] bool waiting() const { return fetching_; }
-
     platform::Result<std::string> openUrl(const platform::TransferRequest& request,
                                           std::size_t limit) override;
+    [[nodiscard]] std::chrono::milliseconds took() const override { return took_; }
     platform::Status execute(const platform::TransferRequest& request) override;
     [[nodiscard]] platform::Failure failure() const override { return failure_; }
     [[nodiscard]] std::optional<std::string> header(std::string_view name) const override;
@@ -46,9 +45,10 @@ private:
     void awake();
     void announce();
     /// Lets events through until something may have come.
-    void wait(QEventLoop::ProcessEventsFlags events);
+    [[nodiscard]] bool wait();
 
     net::Patience patience_;
+    std::chrono::milliseconds took_{0};
     bool fetching_ = false;
     bool announced_ = false;
     platform::Failure failure_;
