@@ -228,7 +228,9 @@ void Program::Rooms::tieCharacter() {
         {.click = [this](const CharacterClick& click) { characterHost.Agent1_Click(click); },
          .dragStart = [this](const CharacterClick& /*click*/) { characterHost.Agent1_DragStart(); },
          .dragComplete = [this](const CharacterClick& /*click*/) { characterHost.Agent1_DragComplete(); },
-         .hide = [this](const std::string& /*id*/, int cause) { characterHost.Agent1_Hide(cause); }});
+         .hide = [this](const std::string& /*id*/, int cause) { characterHost.Agent1_Hide(cause); },
+         .nextScreen = [this](const std::string& /*id*/) { characterHost.sendToNextScreen(); },
+         .screensChanged = [this] { characterHost.screensChanged(); }});
     form.picSlide.mouseDown = [this](int button, double x) { speechFrequency.picSlide_MouseDown(button, x); };
     form.picSlide.mouseMove = [this](double x) { speechFrequency.picSlide_MouseMove(x); };
     form.picSlide.mouseUp = [this] { speechFrequency.picSlide_MouseUp(); };

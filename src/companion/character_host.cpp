@@ -1,5 +1,6 @@
 #include "companion/character_host.h"
 
+#include "companion/standing.h"
 #include "text/numbers.h"
 
 #include <algorithm>
@@ -19,6 +20,19 @@ constexpr int kStandingRoom = 147;
 /// A character whose corner is farther out than this is fetched back when it is loaded.
 constexpr int kFarthestOut = -50;
 constexpr int kLeftButton = 1;
+
+platform::Area areaOf(const platform::Character& character) {
+    return {character.left(), character.top(), character.width(), character.height()};
+}
+
+void put(platform::Character& character, const platform::Area& place) {
+    character.setLeft(place.left);
+    character.setTop(place.top);
+}
+
+int topAtFirst(const platform::Area& screen) {
+    return screen.top + screen.height - kStandingRoom;
+}
 
 } // namespace
 
@@ -46,6 +60,7 @@ void CharacterHost::loadCharacter() {
         voiceIsSet_ = false;
         needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
     }
+    needs_.service.setMenu({needs_.tables.messageTable.getText("menuNextScreen")});
     actor.character = needs_.service.character(actor.name);
     if (actor.character != nullptr) {
         place(*actor.character);
@@ -56,22 +71,27 @@ void CharacterHost::loadCharacter() {
 
 /// A stored place that does not fit its variable leaves the character where its service has put it.
 void CharacterHost::place(platform::Character& character) const {
-    const platform::ScreenSize screen = needs_.service.screen();
-    if (const auto left = text::leadingInt16(needs_.settings.read(setting::kAgentX)))
+    const Screens screens = needs_.service.screens();
+    if (screens.empty())
+        return;
+    const auto storedLeft = needs_.settings.stored(setting::kAgentX);
+    const auto storedTop = needs_.settings.stored(setting::kAgentY);
+    if (!storedLeft)
+        character.setLeft(screens.front().left);
+    else if (const auto left = text::leadingInt16(*storedLeft))
         character.setLeft(*left);
-    if (character.left() > screen.width || character.left() < kFarthestOut)
-        character.setLeft(0);
-    const auto stored = needs_.settings.stored(setting::kAgentY);
-    if (!stored)
-        character.setTop(topAtFirst());
-    else if (const auto top = text::leadingInt16(*stored))
+    if (!storedTop)
+        character.setTop(topAtFirst(screens.front()));
+    else if (const auto top = text::leadingInt16(*storedTop))
         character.setTop(*top);
-    if (character.top() > screen.height || character.top() < kFarthestOut)
-        character.setTop(topAtFirst());
-}
-
-int CharacterHost::topAtFirst() const {
-    return needs_.service.screen().height - kStandingRoom;
+    const platform::Area screen = screenUnder(areaOf(character), screens);
+    const int x = character.left() - screen.left;
+    const int y = character.top() - screen.top;
+    if (x > screen.width || x < kFarthestOut)
+        character.setLeft(screen.left);
+    if (y > screen.height || y < kFarthestOut)
+        character.setTop(topAtFirst(screen));
+    put(character, onOneScreen(areaOf(character), screens));
 }
 
 void CharacterHost::setVoice(platform::Character& character) {
@@ -149,6 +169,7 @@ void CharacterHost::nameLabels() {
 void CharacterHost::languageChanged() {
     if (needs_.form.lstChars.selected() != ui::ListBox::kNone)
         nameLabels();
+    needs_.service.setMenu({needs_.tables.messageTable.getText("menuNextScreen")});
     if (needs_.actor.character == nullptr)
         return;
     const bool visible = needs_.actor.visible();
@@ -208,18 +229,50 @@ void CharacterHost::Agent1_DragComplete() {
     const platform::Character* character = needs_.actor.character;
     if (character == nullptr)
         return;
-    const platform::ScreenSize screen = needs_.service.screen();
-    // Lost: more than half of it lies beyond an edge. Doubled, so that no half is cut off an odd size.
-    const int left = 2 * character->left();
-    const int top = 2 * character->top();
-    const bool lost = left < -character->width() || left > 2 * screen.width - character->width() ||
-                      top < -character->height() || top > 2 * screen.height - character->height();
-    const int x = lost ? 0 : character->left();
-    const int y = lost ? topAtFirst() : character->top();
-    needs_.settings.write(setting::kAgentX, std::to_string(x));
-    needs_.settings.write(setting::kAgentY, std::to_string(y));
-    if (lost)
-        needs_.actor.moveTo(x, y);
+    const Screens screens = needs_.service.screens();
+    if (screens.empty())
+        return;
+    const platform::Area dropped = areaOf(*character);
+    platform::Area place = onOneScreen(dropped, screens);
+    if (isLost(dropped, screens)) {
+        const platform::Area& screen = screenUnder(dropped, screens);
+        place.left = screen.left;
+        place.top = topAtFirst(screen);
+    }
+    remember(place);
+    if (place != dropped)
+        needs_.actor.moveTo(place.left, place.top);
+}
+
+void CharacterHost::remember(const platform::Area& place) {
+    needs_.settings.write(setting::kAgentX, std::to_string(place.left));
+    needs_.settings.write(setting::kAgentY, std::to_string(place.top));
+}
+
+void CharacterHost::sendToNextScreen() {
+    const Screens screens = needs_.service.screens();
+    if (needs_.actor.character == nullptr || screens.empty())
+        return;
+    const platform::Area place = onNextScreen(areaOf(*needs_.actor.character), screens);
+    remember(place);
+    needs_.actor.moveTo(place.left, place.top);
+}
+
+void CharacterHost::screensChanged() {
+    platform::Character* const character = needs_.actor.character;
+    const Screens screens = needs_.service.screens();
+    if (character == nullptr || screens.empty())
+        return;
+    platform::Area home = areaOf(*character);
+    const auto left = needs_.settings.stored(setting::kAgentX);
+    const auto top = needs_.settings.stored(setting::kAgentY);
+    if (left && top) {
+        home.left = text::leadingInt16(*left).value_or(home.left);
+        home.top = text::leadingInt16(*top).value_or(home.top);
+    }
+    if (isLost(home, screens))
+        home = broughtBack(areaOf(*character), screens);
+    put(*character, onOneScreen(home, screens));
 }
 
 void CharacterHost::Agent1_Hide(int cause) {

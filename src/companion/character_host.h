@@ -43,6 +43,10 @@ public:
     void Agent1_DragStart();
     void Agent1_DragComplete();
     void Agent1_Hide(int cause);
+    /// To the next screen, chosen in the character's menu.
+    void sendToNextScreen();
+    /// A character whose screen has gone is fetched back, and returns when its screen does.
+    void screensChanged();
 
     /// The language has changed under a running program: labels, voice and, when it can be seen, a greeting.
     void languageChanged();
@@ -57,7 +61,7 @@ private:
     void say(language::PhraseList list);
     void play(language::PhraseList list);
     [[nodiscard]] std::string clickList() const;
-    [[nodiscard]] int topAtFirst() const;
+    void remember(const platform::Area& place);
 
     Needs needs_;
     bool voiceIsSet_ = false; ///< a language has chosen the loaded character's voice

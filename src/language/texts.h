@@ -17,6 +17,8 @@ inline constexpr TextRow kTextRows[] = {
     // Scanning and its log
     {"anotherScan", "Another scan is running at this moment. Please try again when it is done."},
     {"logNotOpened", "The deletion log could not be opened:\\n\\n%1"},
+    // The character's menu
+    {"menuNextScreen", "&Send to next monitor"},
     // The desktop
     {"helpNotOpened", "The manual could not be opened:\\n\\n%1"},
     {"linkNotOpened", "This address could not be opened:\\n\\n%1"},

@@ -6,10 +6,19 @@
 
 namespace brovin::platform {
 
-/// Width and height of the screen that characters live on.
-struct ScreenSize {
+/// A part of the desktop, which all screens share: pixels from the upper left corner of the main screen.
+struct Area {
+    int left = 0;
+    int top = 0;
     int width = 0;
     int height = 0;
+
+    bool operator==(const Area&) const = default;
+};
+
+/// What the character's menu offers besides Hide, as captions with "&" before the access key.
+struct CharacterMenu {
+    std::string nextScreen; ///< only there while there are several screens
 };
 
 /// A mouse button over a character.
@@ -31,11 +40,13 @@ struct CharacterEvents {
     std::function<void(const CharacterClick& click)> dragStart;
     std::function<void(const CharacterClick& click)> dragComplete;
     std::function<void(const std::string& id, int cause)> hide;
+    std::function<void(const std::string& id)> nextScreen; ///< chosen in the character's menu
+    std::function<void()> screensChanged;                  ///< one has come, gone, moved or changed its size
 };
 
 /// A loaded animated character. Show, hide, play, speak, moveTo and gestureAt are requests: they queue and
 /// run one after another. False: the service refused the request (no such animation, for instance). Places
-/// are pixels from the upper left corner of the screen.
+/// are pixels from the upper left corner of the main screen.
 class Character {
 public:
     virtual ~Character() = default;
@@ -76,7 +87,9 @@ public:
     /// The names of all character files, with their endings, sorted; of a user's and an installed file of the
     /// same name, one.
     [[nodiscard]] virtual std::vector<std::string> files() = 0;
-    [[nodiscard]] virtual ScreenSize screen() const = 0;
+    /// All screens, the main one first. Empty: the machine has none at this moment.
+    [[nodiscard]] virtual std::vector<Area> screens() const = 0;
+    virtual void setMenu(const CharacterMenu& menu) = 0;
     virtual void setEvents(CharacterEvents events) = 0;
 
     /// Loads a character file from the characters folder under an id; upper and lower case in the file's name

@@ -193,6 +193,67 @@ TEST(CharacterHost, keepsItsPlaceAfterADragUnlessItIsLost) {
     EXPECT_EQ((Texts{"stopAll", "play Blink"}), world.after([&] { world.host.Agent1_DragStart(); }));
 }
 
+TEST(CharacterHost, livesOnAnyOfSeveralMonitors) {
+    // A large one, to its right a smaller one, to its left one that is lower still; the character is 128 by
+    // 128.
+    const std::vector<platform::Area> three = {{0, 0, 1000, 800}, {1000, 0, 600, 600}, {-500, 100, 500, 500}};
+    constexpr struct {
+        int x, y;
+        std::pair<int, int> dropped, sent;
+        std::string_view why;
+    } kCases[] = {
+        {1200,
+         300,
+         {1200, 300},
+         {-343, 336},
+         "on the second one; the last one sends it to the first from the left"},
+        {-400, 200, {-400, 200}, {234, 180}, "left of the main one"},
+        {1530, 300, {1530, 300}, {-128, 336}, "less than half beyond the outer edge"},
+        {1540, 300, {1000, 453}, {-500, 457}, "more: to the lower left of that monitor"},
+        {930, 300, {872, 300}, {1472, 210}, "between two of unequal height, more on the main one"},
+        {960, 300, {1000, 300}, {-500, 336}, "more on the right one"},
+        {1200, 700, {0, 653}, {1000, 458}, "below the smaller one, outside all"},
+    };
+    for (const auto& [x, y, dropped, sent, why] : kCases) {
+        World world;
+        world.characters.screenAreas = three;
+        const auto stored = [&world] {
+            return std::pair(std::stoi(world.settings.setting("AgentX")),
+                             std::stoi(world.settings.setting("AgentY")));
+        };
+        world.character.x = x;
+        world.character.y = y;
+        const Texts requests = world.after([&] { world.host.Agent1_DragComplete(); });
+        EXPECT_EQ(dropped, stored()) << why;
+        EXPECT_EQ(dropped == std::pair(x, y) ? 1U : 2U, requests.size()) << why;
+        std::tie(world.character.x, world.character.y) = std::pair(0, 0);
+        world.host.loadCharacter();
+        EXPECT_EQ(dropped, std::pair(world.character.x, world.character.y)) << "after a restart: " << why;
+        world.host.sendToNextScreen();
+        EXPECT_EQ(sent, stored()) << why;
+    }
+}
+
+TEST(CharacterHost, comesBackWhenItsMonitorGoesAndReturnsWithIt) {
+    World world;
+    const std::vector<platform::Area> both = {{0, 0, 1024, 768}, {1024, 0, 800, 600}};
+    world.characters.screenAreas = both;
+    world.settings.set("AgentX", "1500");
+    world.settings.set("AgentY", "20");
+    world.host.loadCharacter();
+    const auto changed = [&world](const std::vector<platform::Area>& screens) {
+        world.characters.screenAreas = screens;
+        world.host.screensChanged();
+        return std::pair(world.character.x, world.character.y);
+    };
+    EXPECT_EQ(std::pair(1500, 20), changed(both));
+    EXPECT_EQ(std::pair(896, 20), changed({both.front()})) << "the nearest edge of what is left";
+    EXPECT_EQ(std::pair(896, 20), changed({})) << "asleep";
+    EXPECT_EQ(std::pair(512, 20), changed({{0, 0, 640, 480}})) << "a smaller one";
+    EXPECT_EQ(std::pair(1500, 20), changed(both));
+    EXPECT_EQ("1500", world.settings.setting("AgentX"));
+}
+
 TEST(CharacterHost, speaksTheLanguageThatIsChosen) {
     World world;
     world.host.scanCharacters();

@@ -121,22 +121,37 @@ TEST(CharacterWindow, isHiddenByWhateverClosesIt) {
     EXPECT_FALSE(world.ring().visible());
 }
 
-TEST(CharacterWindow, comesBackWhenItsScreenShrinks) {
+TEST(CharacterWindow, tellsOfMonitorsAndOffersTheNextOne) {
     CharacterWorld world;
-    world.showAt({850, 650});
     const auto change = [](const QString& command) {
         EXPECT_EQ(0, QProcess::execute("xrandr", command.split(' '))) << command.toStdString();
     };
-    change("--newmode small 23.75 640 664 720 800 480 483 487 500");
-    change("--addmode screen small");
-    change("--output screen --mode small");
-    EXPECT_TRUE(waitUntil([&world] { return world.ring().left() < 640; }));
-    letPass(300);
-    EXPECT_EQ(QPoint(520, 360), QPoint(world.ring().left(), world.ring().top()));
-    EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(QPoint(520, 360) + kOnRing));
-    change("--output screen --mode 1024x768");
-    EXPECT_TRUE(waitUntil([&world] { return world.service->screen().width == 1024; }));
-    letPass(300);
+    const auto monitors = [&world](std::vector<platform::Area> areas) {
+        EXPECT_TRUE(waitUntil([&] { return world.service->screens() == areas; }));
+        EXPECT_TRUE(waitUntil([&] { return !world.events.empty() && world.events.back() == "screens"; }));
+        world.events.clear();
+    };
+    change("--setmonitor left 512/100x768/200+0+0 screen");
+    change("--setmonitor right 512/100x600/200+512+0 none");
+    monitors({{0, 0, 512, 768}, {512, 0, 512, 600}});
+    world.service->setMenu({"&Next"});
+    world.showAt({700, 200});
+    input(at(QPoint(700, 200) + kOnRing) + QStringList{"click", "3"});
+    EXPECT_TRUE(waitUntil([] { return QApplication::activePopupWidget() != nullptr; }));
+    Journey::takePicture("menu of several monitors");
+    input({"key", "n"});
+    EXPECT_TRUE(waitUntil([&world] { return world.events.size() == 2; }));
+    EXPECT_EQ((Lines{pressed("click", 2, 0, QPoint(700, 200) + kOnRing), "next"}), world.events);
+
+    world.ring().speak("What a long way to the other end of the room, where all of this fits on one monitor");
+    EXPECT_TRUE(waitUntil([] {
+        const auto* const bubble = CharacterWorld::window<Bubble>();
+        return bubble != nullptr && bubble->isVisible() &&
+               QRect(512, 0, 512, 600).contains(bubble->geometry());
+    }));
+    change("--delmonitor right");
+    change("--delmonitor left");
+    monitors({{0, 0, 1024, 768}});
 }
 
 TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {

@@ -53,12 +53,13 @@ struct CharacterWorld {
         writeCharacterFile(scratch.filePath("ring.acs"), data);
         service = std::make_unique<desktop::DesktopCharacterService>(desktop::DesktopCharacterService::Needs{
             {scratch.path().toStdString()}, desktop::silentAudio, [this] { return busy; }});
-        service->setEvents(
-            {.click = [this](const auto& click) { note("click", click); },
-             .dragStart = [this](const auto& click) { note("drag", click); },
-             .dragComplete = [this](const auto& click) { note("dropped", click); },
-             .hide = [this](const std::string& /*id*/,
-                            int cause) { events.push_back("hide " + std::to_string(cause)); }});
+        service->setEvents({.click = [this](const auto& click) { note("click", click); },
+                            .dragStart = [this](const auto& click) { note("drag", click); },
+                            .dragComplete = [this](const auto& click) { note("dropped", click); },
+                            .hide = [this](const std::string& /*id*/,
+                                           int cause) { events.push_back("hide " + std::to_string(cause)); },
+                            .nextScreen = [this](const std::string& /*id*/) { events.emplace_back("next"); },
+                            .screensChanged = [this] { events.emplace_back("screens"); }});
         EXPECT_TRUE(service->load(kId, "RING.ACS"));
     }
 

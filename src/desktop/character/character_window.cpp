@@ -4,6 +4,7 @@
 #include "desktop/character/x11_desktop.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -12,11 +13,16 @@
 namespace brovin::desktop {
 
 CharacterWindow::CharacterWindow(const character::CharacterData& shown)
-    : images_(shown.images), painter_(shown, images_), hideAction_(menu_.addAction(QString())) {
+    : images_(shown.images), painter_(shown, images_), hideAction_(menu_.addAction(QString())),
+      nextScreenAction_(menu_.addAction(QString())) {
     setFixedSize(shown.width, shown.height);
     QObject::connect(hideAction_, &QAction::triggered, this, [this] {
         if (stage_ != nullptr)
             stage_->hideByUser(character::VisibilityCause::UserHidByMenu);
+    });
+    QObject::connect(nextScreenAction_, &QAction::triggered, this, [this] {
+        if (nextScreen)
+            nextScreen();
     });
 }
 
@@ -29,6 +35,10 @@ void CharacterWindow::detach() {
     stage_ = nullptr;
     mouse_.reset();
     menu_.hide();
+}
+
+void CharacterWindow::setMenu(const platform::CharacterMenu& menu) {
+    nextScreenAction_->setText(QString::fromStdString(menu.nextScreen));
 }
 
 QRect CharacterWindow::figure() const {
@@ -92,8 +102,10 @@ void CharacterWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (!mouse_)
         return;
     const bool inside = rect().contains(event->position().toPoint());
-    if (mouse_->release(*event, inside) == CharacterMouse::Released::RightClick)
-        menu_.popup(event->globalPosition().toPoint());
+    if (mouse_->release(*event, inside) != CharacterMouse::Released::RightClick)
+        return;
+    nextScreenAction_->setVisible(QGuiApplication::screens().size() > 1);
+    menu_.popup(event->globalPosition().toPoint());
 }
 
 void CharacterWindow::hideEvent(QHideEvent* event) {

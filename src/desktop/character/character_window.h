@@ -6,6 +6,7 @@
 #include "character/stage/surface.h"
 #include "desktop/character/character_mouse.h"
 #include "desktop/character/overlay_window.h"
+#include "platform/character_service.h"
 
 #include <QImage>
 #include <QMenu>
@@ -28,9 +29,12 @@ public:
     void detach();
 
     void setHideCaption(const QString& caption) { hideAction_->setText(caption); }
+    void setMenu(const platform::CharacterMenu& menu);
 
     /// Called when it has been moved.
     std::function<void()> moved;
+    /// Called when the user has chosen so in the menu.
+    std::function<void()> nextScreen;
 
     /// Where on the screen the picture is in its frame; the whole frame where it shows nothing.
     [[nodiscard]] QRect figure() const;
@@ -57,6 +61,7 @@ private:
     QRect opaque_;   ///< of the picture
     QMenu menu_;
     QAction* hideAction_;
+    QAction* nextScreenAction_; ///< only to be seen while there are several screens
     character::Stage* stage_ = nullptr;
     std::optional<CharacterMouse> mouse_;
 };

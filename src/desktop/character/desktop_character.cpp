@@ -1,7 +1,6 @@
 #include "desktop/character/desktop_character.h"
 
 #include "desktop/character/character_language.h"
-#include "desktop/character/screens.h"
 
 #include <utility>
 
@@ -24,6 +23,7 @@ DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterDat
                      .attention = [this] { driver_.callSoon(); }}),
       driver_(stage_, std::move(needs.tell)) {
     window_.attach(stage_);
+    window_.nextScreen = std::move(needs.nextScreen);
     window_.moved = [this] { balloon_.follow(); };
     balloon_.setClosed([this] { stage_.closeBalloon(); });
     const character::LanguageId language = usersLanguage();
@@ -34,14 +34,6 @@ DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterDat
 
 DesktopCharacter::~DesktopCharacter() {
     window_.detach();
-}
-
-void DesktopCharacter::comeIntoSight() {
-    const QRect frame(window_.place(), window_.size());
-    if (!visible() || onAnyScreen(frame))
-        return;
-    const QPoint place = movedInto(frame, roomAround(frame)).topLeft();
-    stage_.setPlace({place.x(), place.y()}, character::MoveCause::Service);
 }
 
 void DesktopCharacter::setLeft(int pixels) {

@@ -20,13 +20,13 @@ public:
         CharacterAudio audio;
         character::Chance& chance;
         std::function<void(character::Event)> tell;
+        std::function<void()> nextScreen; ///< chosen in the menu
     };
     DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs);
     ~DesktopCharacter() override;
 
     [[nodiscard]] const character::Guid& guid() const { return data_->guid; }
-    /// The screens have changed: out of sight, it comes back.
-    void comeIntoSight();
+    void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }
     [[nodiscard]] int left() const override { return stage_.place().x; }

@@ -25,11 +25,19 @@ bool DesktopCharacterService::available() const {
     return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
-platform::ScreenSize DesktopCharacterService::screen() const {
-    const QScreen* const screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr)
-        return {};
-    return {screen->geometry().width(), screen->geometry().height()};
+std::vector<platform::Area> DesktopCharacterService::screens() const {
+    std::vector<platform::Area> areas;
+    for (const QScreen* const screen : QGuiApplication::screens()) { // the main one first
+        const QRect at = screen->geometry();
+        areas.push_back({at.x(), at.y(), at.width(), at.height()});
+    }
+    return areas;
+}
+
+void DesktopCharacterService::setMenu(const platform::CharacterMenu& menu) {
+    menu_ = menu;
+    for (const auto& [id, character] : characters_)
+        character->setMenu(menu_);
 }
 
 bool DesktopCharacterService::load(const std::string& id, const std::string& fileName) {
@@ -43,9 +51,17 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
         return false;
     auto data = std::make_shared<const character::CharacterData>(std::move(*read));
     CharacterAudio audio = makeAudio_(data);
-    const auto tell = [this, id](character::Event event) { delivery_.add(id, std::move(event)); };
-    characters_.emplace(id, std::make_unique<DesktopCharacter>(
-                                std::move(data), DesktopCharacter::Needs{std::move(audio), chance_, tell}));
+    DesktopCharacter::Needs needs{std::move(audio), chance_,
+                                  [this, id](character::Event event) { delivery_.add(id, std::move(event)); },
+                                  [this, id] {
+                                      delivery_.add(id, [id](const platform::CharacterEvents& events) {
+                                          if (events.nextScreen)
+                                              events.nextScreen(id);
+                                      });
+                                  }};
+    const auto made =
+        characters_.emplace(id, std::make_unique<DesktopCharacter>(std::move(data), std::move(needs)));
+    made.first->second->setMenu(menu_);
     return true;
 }
 
@@ -66,18 +82,21 @@ bool DesktopCharacterService::loaded(const character::Guid& guid) const {
 }
 
 void DesktopCharacterService::watchScreens() {
-    const auto watch = [this](QScreen* screen) {
-        QObject::connect(screen, &QScreen::geometryChanged, &screens_, [this] { bringCharactersBack(); });
+    const auto changed = [this] {
+        delivery_.add({}, [](const platform::CharacterEvents& events) {
+            if (events.screensChanged)
+                events.screensChanged();
+        });
+    };
+    const auto watch = [this, changed](QScreen* screen) {
+        QObject::connect(screen, &QScreen::geometryChanged, &watch_, changed);
     };
     for (QScreen* const screen : QGuiApplication::screens())
         watch(screen);
-    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &screens_, watch);
-    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &screens_, [this] { bringCharactersBack(); });
-}
-
-void DesktopCharacterService::bringCharactersBack() {
-    for (const auto& [id, character] : characters_)
-        character->comeIntoSight();
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &watch_, watch);
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &watch_, changed);
+    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &watch_, changed);
+    QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &watch_, changed);
 }
 
 } // namespace brovin::desktop

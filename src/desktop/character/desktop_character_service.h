@@ -31,7 +31,8 @@ public:
     /// False on a desktop where a program cannot place its windows.
     [[nodiscard]] bool available() const override;
     [[nodiscard]] std::vector<std::string> files() override { return folder_.files(); }
-    [[nodiscard]] platform::ScreenSize screen() const override;
+    [[nodiscard]] std::vector<platform::Area> screens() const override;
+    void setMenu(const platform::CharacterMenu& menu) override;
     void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
     /// Also false: the id is in use, or the very same character is loaded.
     bool load(const std::string& id, const std::string& fileName) override;
@@ -50,14 +51,14 @@ private:
 
     [[nodiscard]] bool loaded(const character::Guid& guid) const;
     void watchScreens();
-    void bringCharactersBack();
 
     CharacterFolder folder_;
     AudioMaker makeAudio_;
     StageChance chance_;
     EventDelivery delivery_;
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
-    QObject screens_; ///< ends the watch over the screens
+    platform::CharacterMenu menu_;
+    QObject watch_; ///< over the screens; ends with the service
 };
 
 } // namespace brovin::desktop

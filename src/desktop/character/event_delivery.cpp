@@ -9,6 +9,7 @@ namespace brovin::desktop {
 namespace {
 
 using platform::CharacterClick;
+using platform::CharacterEvents;
 
 constexpr std::chrono::milliseconds kAskAgain{250}; ///< whether events that are held can be let go
 
@@ -25,6 +26,20 @@ void tellClick(const std::function<void(const CharacterClick&)>& handler, const 
         handler({id, pointer.button, pointer.shift, pointer.at.x, pointer.at.y});
 }
 
+void tell(const CharacterEvents& events, const std::string& id, const character::Event& event) {
+    std::visit(
+        Overloaded{
+            [&](const character::event::Clicked& e) { tellClick(events.click, id, e.pointer); },
+            [&](const character::event::DragStarted& e) { tellClick(events.dragStart, id, e.pointer); },
+            [&](const character::event::DragCompleted& e) { tellClick(events.dragComplete, id, e.pointer); },
+            [&](const character::event::Disappeared& e) {
+                if (events.hide)
+                    events.hide(id, static_cast<int>(e.cause));
+            },
+            [](const auto&) {}},
+        event);
+}
+
 } // namespace
 
 EventDelivery::EventDelivery(std::function<bool()> busy) : busy_(std::move(busy)) {
@@ -33,7 +48,11 @@ EventDelivery::EventDelivery(std::function<bool()> busy) : busy_(std::move(busy)
 }
 
 void EventDelivery::add(const std::string& id, character::Event event) {
-    waiting_.push_back({id, std::move(event)});
+    add(id, [id, happened = std::move(event)](const CharacterEvents& events) { tell(events, id, happened); });
+}
+
+void EventDelivery::add(const std::string& id, Telling tell) {
+    waiting_.push_back({id, std::move(tell)});
     if (!delivering_ && !timer_.isActive())
         timer_.start(0);
 }
@@ -47,28 +66,12 @@ void EventDelivery::deliver() {
     while (!waiting_.empty() && !busy_()) {
         const Waiting oldest = std::move(waiting_.front());
         waiting_.pop_front();
-        tell(oldest);
+        const platform::CharacterEvents events = events_; // a handler may set others
+        oldest.tell(events);
     }
     delivering_ = false;
     if (!waiting_.empty())
         timer_.start(kAskAgain);
-}
-
-void EventDelivery::tell(const Waiting& what) const {
-    const platform::CharacterEvents events = events_; // a handler may set others
-    std::visit(
-        Overloaded{
-            [&](const character::event::Clicked& e) { tellClick(events.click, what.id, e.pointer); },
-            [&](const character::event::DragStarted& e) { tellClick(events.dragStart, what.id, e.pointer); },
-            [&](const character::event::DragCompleted& e) {
-                tellClick(events.dragComplete, what.id, e.pointer);
-            },
-            [&](const character::event::Disappeared& e) {
-                if (events.hide)
-                    events.hide(what.id, static_cast<int>(e.cause));
-            },
-            [](const auto&) {}},
-        what.event);
 }
 
 } // namespace brovin::desktop

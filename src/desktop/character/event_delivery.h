@@ -19,18 +19,21 @@ public:
 
     void setEvents(platform::CharacterEvents events) { events_ = std::move(events); }
 
+    using Telling = std::function<void(const platform::CharacterEvents&)>;
+
     void add(const std::string& id, character::Event event);
+    /// Something that happens beside the stage; without an id, beside all characters.
+    void add(const std::string& id, Telling tell);
     /// There is no such character any more, and nothing to be told of it.
     void forget(const std::string& id);
 
 private:
     struct Waiting {
         std::string id;
-        character::Event event;
+        Telling tell;
     };
 
     void deliver();
-    void tell(const Waiting& what) const;
 
     std::function<bool()> busy_;
     platform::CharacterEvents events_;

@@ -8,20 +8,17 @@
 namespace brovin::desktop {
 
 QRect roomAround(const QRect& place) {
-    const QScreen* const there = QGuiApplication::screenAt(place.center());
-    if (there != nullptr)
-        return there->availableGeometry();
     const QList<QScreen*> screens = QGuiApplication::screens();
-    const auto touched = std::find_if(screens.begin(), screens.end(),
-                                      [&place](QScreen* s) { return s->geometry().intersects(place); });
-    const QScreen* const screen = touched == screens.end() ? QGuiApplication::primaryScreen() : *touched;
-    return screen == nullptr ? QRect() : screen->availableGeometry();
-}
-
-bool onAnyScreen(const QRect& place) {
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(),
-                       [&place](QScreen* screen) { return screen->geometry().intersects(place); });
+    if (screens.isEmpty())
+        return {};
+    const auto standing = [&place](const QScreen* screen) {
+        const QRect part = screen->geometry() & place;
+        return part.isEmpty() ? 0 : part.width() * part.height();
+    };
+    const auto most = std::max_element(screens.begin(), screens.end(), [standing](QScreen* a, QScreen* b) {
+        return standing(a) < standing(b);
+    });
+    return (*most)->availableGeometry();
 }
 
 QRect movedInto(QRect rect, const QRect& room) {
