@@ -54,6 +54,48 @@ inline constexpr TextRow kTextRows[] = {
     {"signatureOtherSize", "Its signature is for another size than the one on offer."},
     {"notTheSignedSize", "It has another size than the one that was signed."},
     {"notTheSignedFile", "It is not the file that was signed."},
+    // What systems leave behind, and what goes with it
+    {"knownDsStore",
+     "The Mac's Finder made it: how the window of this folder looked. Safe to delete; it will be back."},
+    {"knownThumbs", "Windows made it: small pictures of the files beside it. Safe to delete; they are drawn "
+                    "again when needed."},
+    {"knownFsEvents", "The Mac made it: a diary of changes on this disk. Safe to delete; its next backup "
+                      "looks at every file once."},
+    {"knownSpotlight",
+     "The Mac's search made it: its index of this disk. Safe to delete; it is built again."},
+    {"knownTemporary",
+     "The Mac put files here while it worked on them. Safe to delete when nobody is saving at this moment."},
+    {"knownApDisk", "The Mac made it: what it shares of this disk. Safe to delete."},
+    {"knownStationThumbs",
+     "A network disk made it: small pictures for its photo viewer. Safe to delete; they are drawn again."},
+    {"knownDesktopIni", "Windows reads it: the icon, the name and the view that somebody chose for this "
+                        "folder. That choice goes with it."},
+    {"knownAppleDouble", "A file server keeps here what Mac files carry beside their contents: old fonts, "
+                         "tags, comments. All of that goes with it."},
+    {"knownMacOsx", "Unpacked from a Mac's archive: what its files carried beside their contents. Mostly "
+                    "nothing, sometimes an old font."},
+    {"knownVersions", "The Mac keeps older versions of documents here. Whoever wants one back will miss it."},
+    {"knownVolumeIcon", "The picture that somebody gave this disk on a Mac. It goes with it."},
+    {"knownIndexWish", "Somebody put it here so that a Mac does not search this disk. Without it, it will."},
+    {"knownEaDir", "A network disk made it: small pictures, and what Mac files carry beside their contents. "
+                   "The pictures come back, the rest does not."},
+    {"knownAppleServer",
+     "A file server for Macs works with it. Delete it only while that server stands still."},
+    {"knownDirectory", "A Linux file manager made it: the icon and the view that somebody chose for this "
+                       "folder. That choice goes with it."},
+    {"knownTrash",
+     "A trash folder: what somebody threw away and may want back. It is not clutter, and not offered."},
+    // What a "._" file carries: bytes; a name and bytes
+    {"knownDotUnderscore", "The half of a Mac file that holds everything but its contents."},
+    {"knownIcon", "The picture that somebody gave this folder on a Mac. It goes with it."},
+    {"carriesNothing", "Nothing is lost with it."},
+    {"carriesDamaged", "It is damaged; what it carries cannot be told."},
+    {"carriesResourceFork", "a resource fork of %1 bytes"},
+    {"carriesFinderInfo", "the Finder's label or place"},
+    {"carriesTags", "tags"},
+    {"carriesComment", "a comment"},
+    {"carriesAttribute", "%1 (%2 bytes)"},
+    {"carriesOther", "%1 parts of an older system"},
     // Reasons of the program
     {"reasonOverflow", "Overflow"},
     {"reasonInvalidValue", "Invalid property value"},
