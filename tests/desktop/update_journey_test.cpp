@@ -180,7 +180,7 @@ TEST(UpdateJourney, refusesATamperedInstaller) {
     answerBox(journey, "1.3.0", QMessageBox::Yes);
     pressInDownload(journey, "cmdStart", "");
     journey.then(
-        "the refusal", [] { return downloadText().contains("not the file that was signed"); },
+        "the refusal", [] { return downloadText().contains("the file that was signed"); },
         [] { Journey::takePicture("download-refused"); });
     pressInDownload(journey, "cmdCancel", "");
     journey.then(
@@ -224,6 +224,43 @@ TEST(UpdateJourney, leavesNothingOfACancelledDownload) {
     journey.run();
     EXPECT_EQ(QStringList(), world.downloads());
     EXPECT_EQ("Cancelled", world.form().sbStatus.panel());
+}
+
+TEST(UpdateJourney, leadsToThePageWithoutAKey) {
+    UpdateWorld world;
+    world.offerInstaller();
+    world.key.clear();
+    world.startAsking(world.address);
+    Journey journey;
+    pressUpdate(journey, world);
+    answerBox(journey, "1.3.0", QMessageBox::Yes);
+    pressInDownload(journey, "cmdCancel", "download-by-hand");
+    journey.then(
+        "the window's end", [] { return downloadWindow() == nullptr; }, nullptr);
+    journey.run();
+    EXPECT_EQ("Cancelled", world.form().sbStatus.panel());
+    EXPECT_EQ(QStringList(), world.downloads());
+}
+
+TEST(UpdateJourney, answersAndEndsWhileTheServerIsSilent) {
+    UpdateWorld world;
+    ScriptedServer silent;
+    silent.scripts["/download/brovinupdate.php?myid=brovin&myver=1.2.3"] = {"", ScriptedServer::Then::Hang};
+    world.startAsking(silent.url());
+    Journey journey;
+    pressUpdate(journey, world);
+    journey.then(
+        "the question to the server",
+        [&world] { return !world.form().Timer1.enabled() && world.widget("imgTabs3")->isVisible(); },
+        [&world] { click(world.widget("imgTabs3")); });
+    journey.then(
+        "another page", [&world] { return world.form().picTab[3].visible(); },
+        [&world] { click(world.widget("cmdExit")); });
+    answerBox(journey, "", QMessageBox::Yes);
+    journey.then(
+        "the program's end", [&world] { return !world.form().window.visible(); }, nullptr);
+    journey.run();
+    EXPECT_EQ(nullptr, openBox());
 }
 
 TEST(UpdateJourney, takesALanguagePackInTheRunningWindow) {
