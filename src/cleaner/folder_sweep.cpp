@@ -112,22 +112,31 @@ void FolderSweep::ascend() {
 void FolderSweep::visit(Level& level) {
     entryName_.clear();
     needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown("")}));
-    const auto entries = walk_->list();
-    if (!entries) {
-        if (folderFailed)
-            folderFailed(truePath_, entries.failure().reason);
-        goOn(entries.failure());
-        return;
-    }
-    ++foldersOpened;
+    auto entries = walk_->list();
+    if (entries)
+        ++foldersOpened;
     std::int16_t kb = 0; // belongs to the folder: where a size is too large, the one before counts again
-    for (const platform::Entry& entry : *entries) {
-        needs_.pump.pump();
-        if (!handleEntry(entry, level, kb)) {
+    for (; entries && !entries->empty(); entries = walk_->listMore()) {
+        if (!handlePiece(*entries, level, kb)) {
             level.subfolders.clear();
             return;
         }
     }
+    if (entries)
+        return;
+    if (folderFailed)
+        folderFailed(truePath_, entries.failure().reason);
+    if (!goOn(entries.failure()))
+        level.subfolders.clear();
+}
+
+bool FolderSweep::handlePiece(std::span<const platform::Entry> entries, Level& level, std::int16_t& kb) {
+    for (const platform::Entry& entry : entries) {
+        needs_.pump.pump();
+        if (!handleEntry(entry, level, kb))
+            return false;
+    }
+    return true;
 }
 
 bool FolderSweep::handleEntry(const platform::Entry& entry, Level& level, std::int16_t& kb) {

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -73,6 +74,7 @@ private:
     };
 
     void visit(Level& level);
+    bool handlePiece(std::span<const platform::Entry> entries, Level& level, std::int16_t& kb);
     bool handleEntry(const platform::Entry& entry, Level& level, std::int16_t& kb);
     bool deleteIcon(const platform::Entry& entry);
     bool deleteListed(const platform::Entry& entry, std::int16_t& kb);

@@ -15,7 +15,9 @@ class PreviewWalk final : public platform::FolderWalk {
 public:
     explicit PreviewWalk(std::unique_ptr<platform::FolderWalk> beneath) : beneath_(std::move(beneath)) {}
 
+    void whileWaiting(std::function<bool()> goesOn) override { beneath_->whileWaiting(std::move(goesOn)); }
     Result<std::span<const Entry>> list() override { return beneath_->list(); }
+    Result<std::span<const Entry>> listMore() override { return beneath_->listMore(); }
     Status enter(std::string_view trueName) override { return beneath_->enter(trueName); }
     Status leave() override { return beneath_->leave(); }
     Result<std::uint64_t> fileLength(std::string_view trueName) override {

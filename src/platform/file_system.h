@@ -3,6 +3,7 @@
 #include "platform/result.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -37,9 +38,18 @@ class FolderWalk {
 public:
     virtual ~FolderWalk() = default;
 
-    /// All entries of this folder but "." and "..", hidden and system ones included, in the disk's order.
-    /// Valid until the next list, enter or leave. A failure midway keeps nothing of the list.
+    /// Asked some times a second while a slow disk lets the walk wait. False: the operation fails with
+    /// ECANCELED. Not every wait can be ended so.
+    virtual void whileWaiting(std::function<bool()> goesOn) = 0;
+
+    /// The first entries of this folder, "." and ".." left out, hidden and system ones included, in the
+    /// disk's order. Valid until the next list, listMore, enter or leave.
     virtual Result<std::span<const Entry>> list() = 0;
+
+    /// The entries that follow; none: that was all. Folders come in pieces so that a huge one costs no more
+    /// memory than a small one. What happens to the entries of one piece does not change which ones the next
+    /// has, as far as the disk keeps its order.
+    virtual Result<std::span<const Entry>> listMore() = 0;
 
     /// Goes down into a folder of this one. On failure the place stays the same.
     virtual Status enter(std::string_view trueName) = 0;

@@ -2,17 +2,22 @@
 
 #include "posix/entry_name.h"
 
+#include <algorithm>
+
 namespace brovin::posix {
 
-platform::Result<std::span<const platform::Entry>> FolderList::read(int folder) {
+std::span<const platform::Entry> FolderList::piece() {
+    constexpr std::size_t kMostNameBytes = 256;
     entries_.clear();
-    if (const platform::Status status = reader_.read(folder); !status)
-        return status.failure();
     shownNames_.clear();
-    shownNames_.reserve(roomForShownNames(reader_.bytes()));
-    while (const auto record = reader_.next())
+    shownNames_.reserve(roomForShownNames(std::min(reader_.bytes(), kMostEntries * kMostNameBytes)));
+    while (entries_.size() < kMostEntries) {
+        const auto record = reader_.next();
+        if (!record)
+            break;
         entries_.push_back({shownName(record->name, shownNames_), record->name, record->kind});
-    return std::span<const platform::Entry>(entries_);
+    }
+    return entries_;
 }
 
 } // namespace brovin::posix

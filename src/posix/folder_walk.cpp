@@ -9,29 +9,111 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace brovin::posix {
 
-PosixFolderWalk::PosixFolderWalk(Descriptor root) : root_(std::move(root)), chain_(root_.number()) {}
+PosixFolderWalk::PosixFolderWalk(Descriptor root)
+    : root_(FolderChain::held(std::move(root))), chain_(root_->number()) {
+    watch_.start();
+}
+
+PosixFolderWalk::~PosixFolderWalk() {
+    if (ahead_)
+        ahead_->stop();
+}
 
 platform::Result<std::span<const platform::Entry>> PosixFolderWalk::list() {
     if (over_)
         return systemFailure(ESTALE);
-    if (!fromStart_ && ::lseek(chain_.current(), 0, SEEK_SET) != 0)
-        return lastFailure();
+    if (ready_) {
+        list_.begin(chain_.current(), *std::exchange(ready_, std::nullopt));
+        return list_.piece();
+    }
+    if (platform::Status begun = beginList(); !begun)
+        return begun.failure();
+    return list_.piece();
+}
+
+platform::Status PosixFolderWalk::beginList() {
+    if (!fromStart_) {
+        watch_.start();
+        if (::lseek(chain_.current(), 0, SEEK_SET) != 0)
+            return lastFailure();
+        if (ahead_)
+            ahead_->dropBelow(chain_.depth());
+    }
     fromStart_ = false;
-    return list_.read(chain_.current());
+    platform::Status begun = list_.begin(chain_.current());
+    if (!begun)
+        return begun;
+    pace_.note(watch_.stop(list_.bytes()));
+    planAhead();
+    return begun;
+}
+
+platform::Result<std::span<const platform::Entry>> PosixFolderWalk::listMore() {
+    if (over_)
+        return systemFailure(ESTALE);
+    auto piece = list_.piece();
+    while (piece.empty()) {
+        platform::Result<bool> more = list_.nextPart();
+        if (!more)
+            return more.failure();
+        if (!*more)
+            break;
+        planAhead();
+        piece = list_.piece();
+    }
+    return piece;
+}
+
+/// Tells what lies below, if the disk is slow.
+void PosixFolderWalk::planAhead() {
+    if (!pace_.slow())
+        return;
+    if (!ahead_ && ReadAhead::possible())
+        ahead_ = std::make_shared<ReadAhead>(pace_);
+    if (!ahead_)
+        return;
+    std::vector<std::string> names;
+    list_.eachFolder([&names](std::string_view name) {
+        if (names.size() < ReadPlan::kMostOfOneFolder)
+            names.emplace_back(name);
+    });
+    if (!names.empty())
+        ahead_->plan(handle(), chain_.depth(), names);
 }
 
 platform::Status PosixFolderWalk::enter(std::string_view trueName) {
     const PlainName name(trueName);
     if (platform::Status usable = check(name); !usable)
         return usable;
-    platform::Result<Descriptor> folder = openFolderIn(chain_.current(), name.text());
+    ready_.reset();
+    if (ahead_) {
+        platform::Result<ReadFolder> read = ahead_->take(chain_.depth(), trueName, patience_);
+        if (!read)
+            return read.failure();
+        if (read->folder) {
+            platform::Status entered = chain_.enter(std::move(read->folder), trueName);
+            if (entered)
+                ready_ = std::move(read->records);
+            fromStart_ = false;
+            return entered;
+        }
+    }
+    return enterInPlace(name.text());
+}
+
+platform::Status PosixFolderWalk::enterInPlace(const char* name) {
+    watch_.start();
+    platform::Result<Descriptor> folder = openFolderIn(chain_.current(), name);
     if (!folder)
         return folder.failure();
-    if (platform::Status entered = chain_.enter(std::move(*folder)); !entered)
+    if (platform::Status entered = chain_.enter(FolderChain::held(std::move(*folder))); !entered)
         return entered;
-    list_.clear();
     fromStart_ = true;
     return platform::Done{};
 }
@@ -39,11 +121,18 @@ platform::Status PosixFolderWalk::enter(std::string_view trueName) {
 platform::Status PosixFolderWalk::leave() {
     if (over_ || chain_.depth() == 0)
         return systemFailure(over_ ? ESTALE : EINVAL);
-    list_.clear();
+    ready_.reset();
     fromStart_ = false;
-    platform::Status left = chain_.leave();
+    platform::Result<FolderChain::Way> left = chain_.leave();
     over_ = !left;
-    return left;
+    if (!left)
+        return left.failure();
+    if (ahead_) {
+        ahead_->dropBelow(chain_.depth() + 1);
+        if (*left == FolderChain::Way::Reopened)
+            ahead_->reopened(handle(), chain_.depth());
+    }
+    return platform::Done{};
 }
 
 platform::Result<std::uint64_t> PosixFolderWalk::fileLength(std::string_view trueName) {
@@ -66,14 +155,23 @@ platform::Result<std::uint64_t> PosixFolderWalk::folderSize(std::string_view tru
 
 platform::Status PosixFolderWalk::deleteFile(std::string_view trueName, platform::Force force) {
     const PlainName name(trueName);
-    platform::Status usable = check(name);
-    return usable ? removeFile(chain_.current(), name.text(), force) : usable;
+    platform::Status ready = readyToDelete(name);
+    return ready ? removeFile(chain_.current(), name.text(), force) : ready;
 }
 
 platform::Status PosixFolderWalk::deleteFolder(std::string_view trueName, platform::Force force) {
     const PlainName name(trueName);
+    platform::Status ready = readyToDelete(name);
+    if (ready && ahead_)
+        ready = ahead_->release(chain_.depth(), trueName, patience_);
+    return ready ? removeTree(chain_.current(), name.text(), force) : ready;
+}
+
+/// What was read ahead may have been moved out of the tree since, so that deleting in it would reach
+/// elsewhere.
+platform::Status PosixFolderWalk::readyToDelete(const PlainName& name) {
     platform::Status usable = check(name);
-    return usable ? removeTree(chain_.current(), name.text(), force) : usable;
+    return usable ? chain_.prove() : usable;
 }
 
 platform::Status PosixFolderWalk::check(const PlainName& name) const {

@@ -5,17 +5,28 @@
 #include "posix/folder_chain.h"
 #include "posix/folder_list.h"
 #include "posix/plain_name.h"
+#include "posix/read_ahead.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
 
 namespace brovin::posix {
 
 /// A walk over a real disk. All that it does goes by an open folder and the name of an entry in it, never by
-/// a path.
+/// a path. Where the disk is slow, the folders that lie before it are opened and listed meanwhile.
 class PosixFolderWalk final : public platform::FolderWalk {
 public:
     /// `root` is a folder that is open for reading.
     explicit PosixFolderWalk(Descriptor root);
 
+    ~PosixFolderWalk() override;
+    PosixFolderWalk(const PosixFolderWalk&) = delete;
+    PosixFolderWalk& operator=(const PosixFolderWalk&) = delete;
+
+    void whileWaiting(std::function<bool()> goesOn) override { patience_ = std::move(goesOn); }
     platform::Result<std::span<const platform::Entry>> list() override;
+    platform::Result<std::span<const platform::Entry>> listMore() override;
     platform::Status enter(std::string_view trueName) override;
     platform::Status leave() override;
     platform::Result<std::uint64_t> fileLength(std::string_view trueName) override;
@@ -25,12 +36,23 @@ public:
 
 private:
     platform::Status check(const PlainName& name) const;
+    platform::Status beginList();
+    platform::Status enterInPlace(const char* name);
+    platform::Status readyToDelete(const PlainName& name);
+    void planAhead();
+    [[nodiscard]] FolderHandle handle() const { return chain_.depth() == 0 ? root_ : chain_.handle(); }
 
-    Descriptor root_;
+    FolderHandle root_;
     FolderChain chain_;
     FolderList list_;
     bool fromStart_ = true; ///< the current folder's descriptor stands before its first entry
     bool over_ = false;
+
+    std::function<bool()> patience_;
+    FolderWatch watch_;
+    DiskPace pace_;
+    std::shared_ptr<ReadAhead> ahead_;   ///< from when the disk was slow for the first time
+    std::optional<FolderRecords> ready_; ///< what was read ahead of the current folder
 };
 
 } // namespace brovin::posix

@@ -30,14 +30,20 @@ std::optional<std::string> onlyNameWithoutCase(int place, std::string_view lower
     if (!folder || !reader.read(folder.number()))
         return std::nullopt;
     std::optional<std::string> only;
-    while (const auto record = reader.next()) {
-        if (lowerCase(record->name) != lowered)
-            continue;
-        if (only)
+    for (;;) {
+        while (const auto record = reader.next()) {
+            if (lowerCase(record->name) != lowered)
+                continue;
+            if (only)
+                return std::nullopt;
+            only = record->name;
+        }
+        const platform::Result<bool> more = reader.readOn();
+        if (!more)
             return std::nullopt;
-        only = record->name;
+        if (!*more)
+            return only;
     }
-    return only;
 }
 
 } // namespace

@@ -25,7 +25,7 @@ platform::Status TreeTraversal::visitNext() {
         pending_.resize(name);
         return platform::Done{};
     }
-    if (platform::Status entered = chain_.enter(std::move(*folder)); !entered)
+    if (platform::Status entered = chain_.enter(FolderChain::held(std::move(*folder))); !entered)
         return entered;
     levels_.push_back({name, pending_.size()});
     return visitContents();
@@ -34,6 +34,18 @@ platform::Status TreeTraversal::visitNext() {
 platform::Status TreeTraversal::visitContents() {
     if (platform::Status read = reader_.read(chain_.current()); !read)
         return read;
+    for (;;) {
+        if (platform::Status visited = visitPart(); !visited)
+            return visited;
+        const platform::Result<bool> more = reader_.readOn();
+        if (!more)
+            return more.failure();
+        if (!*more)
+            return platform::Done{};
+    }
+}
+
+platform::Status TreeTraversal::visitPart() {
     while (const auto record = reader_.next()) {
         // A disk behind a network may be hostile: a name such as "../x" must not lead out of the tree.
         if (!isPlainName(record->name))
@@ -49,8 +61,8 @@ platform::Status TreeTraversal::visitContents() {
 }
 
 platform::Status TreeTraversal::leave() {
-    if (platform::Status left = chain_.leave(); !left)
-        return left;
+    if (const auto left = chain_.leave(); !left)
+        return left.failure();
     const Level level = levels_.back();
     levels_.pop_back();
     platform::Status status = visitor_.leaveFolder(chain_.current(), &pending_[level.name]);

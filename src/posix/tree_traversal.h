@@ -47,6 +47,7 @@ private:
 
     platform::Status visitNext();
     platform::Status visitContents();
+    platform::Status visitPart();
     platform::Status leave();
 
     FolderChain chain_;

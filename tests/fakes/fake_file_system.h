@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -134,6 +135,12 @@ private:
             }
             return std::span<const platform::Entry>(entries_);
         }
+
+        platform::Result<std::span<const platform::Entry>> listMore() override {
+            return std::span<const platform::Entry>();
+        }
+
+        void whileWaiting(std::function<bool()>) override {} // this disk is never slow
 
         platform::Status enter(std::string_view trueName) override {
             const auto folder = ask(FileOperation::Enter, trueName, platform::EntryKind::Folder);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <optional>
+
+namespace brovin::posix {
+
+/// Measures how long a folder lets one thread wait.
+class FolderWatch {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    FolderWatch();
+    void start() { begin_ = Clock::now(); }
+
+    /// The time since the start, less what reading so many bytes takes anywhere. nullopt: others had the
+    /// processor meanwhile, so that the time says nothing about the disk.
+    std::optional<std::chrono::nanoseconds> stop(std::size_t bytes);
+
+private:
+    Clock::time_point begin_{};
+    long timesInterrupted_;
+};
+
+/// Whether a disk is worth reading ahead on.
+class DiskPace {
+public:
+    static constexpr std::chrono::nanoseconds kFast = std::chrono::microseconds(50); ///< a folder at most
+
+    void note(std::optional<std::chrono::nanoseconds> took);
+
+    /// From the first folder that really had to be waited for until many were fast again.
+    [[nodiscard]] bool slow() const { return slow_; }
+
+private:
+    std::chrono::nanoseconds mean_{0};
+    bool slow_ = false;
+};
+
+} // namespace brovin::posix
