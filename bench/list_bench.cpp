@@ -2,8 +2,8 @@
 
 #include "app/settings.h"
 #include "cleaner/stored_list.h"
-#include "desktop/qt_regional.h"
-#include "desktop/qt_settings_store.h"
+#include "posix/icu_regional.h"
+#include "posix/ini_settings_store.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -29,8 +29,8 @@ double seconds(Work work) {
 
 int main() {
     const QTemporaryDir scratch;
-    const QString path = scratch.filePath(QStringLiteral("Brovin.conf"));
-    const desktop::QtRegional regional;
+    const std::string path = scratch.filePath(QStringLiteral("Brovin.conf")).toStdString();
+    const posix::IcuRegional regional;
     std::vector<cleaner::ListEntry> entries;
     for (std::size_t i = 0; i < cleaner::kMostEntries; ++i)
         entries.push_back({"/srv/share/folder number " + std::to_string(i),
@@ -41,7 +41,7 @@ int main() {
     double loading = 0;
     std::size_t loaded = 0;
     {
-        desktop::QtSettingsStore store(path);
+        posix::IniSettingsStore store(path);
         app::Settings settings(store);
         saving = seconds([&] {
             cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, regional);
@@ -52,12 +52,12 @@ int main() {
         });
     }
     loading = seconds([&] {
-        desktop::QtSettingsStore store(path);
+        posix::IniSettingsStore store(path);
         const app::Settings settings(store);
         loaded = cleaner::loadList(settings, cleaner::kWatchedFoldersSection, regional).size();
     });
     std::printf("%zu watched folders with their true spelling, %lld bytes\n\n", loaded,
-                static_cast<long long>(QFileInfo(path).size()));
+                static_cast<long long>(QFileInfo(QString::fromStdString(path)).size()));
     std::printf("| step | time | of the second allowed |\n|---|---|---|\n");
     std::printf("| save for the first time | %.3f s | %.2f |\n", saving, saving);
     std::printf("| remove the first and save | %.3f s | %.2f |\n", changing, changing);

@@ -2,9 +2,9 @@
 // program uses.
 
 #include "companion/phrase_engine.h"
-#include "desktop/qt_regional.h"
-#include "desktop/qt_settings_store.h"
 #include "language/language_file.h"
+#include "posix/icu_regional.h"
+#include "posix/ini_settings_store.h"
 #include "posix/standard_random.h"
 
 #include <QTemporaryDir>
@@ -31,9 +31,9 @@ struct World {
         actor.name = "Peedy";
     }
     QTemporaryDir scratch;
-    desktop::QtSettingsStore store{scratch.filePath(QStringLiteral("Brovin.conf"))};
+    posix::IniSettingsStore store{scratch.filePath(QStringLiteral("Brovin.conf")).toStdString()};
     app::Settings settings{store};
-    desktop::QtRegional regional;
+    posix::IcuRegional regional;
     posix::StandardRandom random;
     ui::FrmOptions form;
     language::LanguageTables tables;

@@ -9,8 +9,6 @@
 #include "desktop/options_window.h"
 #include "desktop/pictures.h"
 #include "desktop/qt_dialogs.h"
-#include "desktop/qt_regional.h"
-#include "desktop/qt_settings_store.h"
 #include "desktop/qt_shell.h"
 #include "desktop/timer_binding.h"
 #include "desktop/tray_icon.h"
@@ -21,12 +19,14 @@
 #include "net/sodium_key.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
+#include "posix/icu_regional.h"
+#include "posix/ini_settings_store.h"
+#include "posix/make_folders.h"
 #include "posix/posix_file_system.h"
 #include "posix/standard_random.h"
 #include "posix/system_clock.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 
 #include <functional>
@@ -38,8 +38,8 @@
 namespace brovin::desktop {
 namespace {
 
-std::string bytesOf(const QString& path) {
-    return QFile::encodeName(path).toStdString();
+QString pathOf(const std::string& bytes) {
+    return QFile::decodeName(QByteArray::fromStdString(bytes));
 }
 
 /// Every character speaks with a voice of its own.
@@ -52,23 +52,20 @@ CharacterAudio spokenAudio(const std::shared_ptr<const character::CharacterData>
 }
 
 /// The user's own characters win.
-std::vector<std::string> characterFolders(const Places& places) {
-    std::vector<std::string> folders;
-    for (const QString& folder : {places.ownFolder, places.installedFolder})
-        folders.push_back(bytesOf(folder + QStringLiteral("/msagent/chars")));
-    return folders;
+std::vector<std::string> characterFolders(const posix::Places& places) {
+    return {places.ownFolder + "/msagent/chars", places.installedFolder + "/msagent/chars"};
 }
 
 /// The machine beneath, on a Linux desktop.
 struct DesktopMachine {
-    DesktopMachine(const Places& places, const UpdateSource& source, const AudioMaker& audio)
-        : settings(places.settingsFile), folder({bytesOf(places.installedFolder), bytesOf(places.ownFolder)}),
+    DesktopMachine(const posix::Places& places, const UpdateSource& source, const AudioMaker& audio)
+        : settings(places.settingsFile), folder({places.installedFolder, places.ownFolder}),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
-          registry(places.autostartFolder), instance(places.runningLock),
-          scanLock(bytesOf(places.settingsFolder)),
+          registry(pathOf(places.autostartFolder)), instance(pathOf(places.runningLock)),
+          scanLock(places.settingsFolder),
           key(source.key), updates{transfer, downloads, key, downloadWindows, source.server} {}
 
-    QtSettingsStore settings;
+    posix::IniSettingsStore settings;
     posix::PosixFileSystem files;
     posix::DiskProgramFolder folder;
     QtDialogs dialogs;
@@ -79,7 +76,7 @@ struct DesktopMachine {
     AutostartRegistry registry;
     LockFileInstance instance;
     posix::FlockScanLock scanLock;
-    QtRegional regional;
+    posix::IcuRegional regional;
     posix::SystemClock clock;
     posix::StandardRandom random;
     QtEventPump pump;
@@ -97,21 +94,20 @@ struct DesktopMachine {
     }
 };
 
-void tellOfDamage(QtDialogs& dialogs, const QtSettingsStore& settings,
+void tellOfDamage(QtDialogs& dialogs, const posix::IniSettingsStore& settings,
                   const language::MessageTable& messages) {
-    if (settings.damagedCopy().isEmpty())
+    if (settings.damagedCopy().empty())
         return;
-    dialogs.messageBox(messages.getText("settingsDamaged", {settings.damagedCopy().toStdString()}),
+    dialogs.messageBox(messages.getText("settingsDamaged", {settings.damagedCopy()}),
                        platform::box::kExclamation, "");
 }
 
 } // namespace
 
 struct DesktopProgram::Parts {
-    Parts(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates,
+    Parts(const posix::Places& places, const app::ProgramInfo& info, const UpdateSource& updates,
           const AudioMaker& audio)
-        : machine(places, updates, audio),
-          program(machine.pieces(), info, bytesOf(QApplication::applicationFilePath())) {}
+        : machine(places, updates, audio), program(machine.pieces(), info, posix::programFile()) {}
 
     DesktopMachine machine;
     app::Program program;
@@ -121,19 +117,19 @@ struct DesktopProgram::Parts {
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
 
-DesktopProgram::DesktopProgram(const Places& places, const app::ProgramInfo& info,
+DesktopProgram::DesktopProgram(const posix::Places& places, const app::ProgramInfo& info,
                                const UpdateSource& updates, const AudioMaker& audio) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
     installAccessibility();
-    QDir().mkpath(places.settingsFolder);
+    static_cast<void>(posix::makeFolders(places.settingsFolder)); // whether it can be written in shows later
     parts_ = std::make_unique<Parts>(places, info, updates, audio);
     DesktopMachine& machine = parts_->machine;
     OptionsWindow& window = parts_->window;
     machine.dialogs.setOwner(&window);
     machine.downloadWindows.setOwner(&window);
     machine.shell.setWindow(&window);
-    machine.shell.setManual(places.installedFolder + QStringLiteral("/help"));
+    machine.shell.setManual(pathOf(places.installedFolder + "/help"));
     machine.shell.ending = [&window] { window.letGo(); };
     machine.instance.showYourself = [this] { comeUp(); };
     machine.tray.tie(form(), parts_->program.mainWindow(), parts_->busy);

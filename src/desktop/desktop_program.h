@@ -2,7 +2,7 @@
 
 #include "app/program_info.h"
 #include "desktop/character/character_audio.h"
-#include "desktop/places.h"
+#include "posix/places.h"
 
 #include <QRect>
 
@@ -28,8 +28,8 @@ struct UpdateSource {
 class DesktopProgram {
 public:
     /// `audio` is what characters are heard by; empty: this machine's voices and sound.
-    DesktopProgram(const Places& places, const app::ProgramInfo& info, const UpdateSource& updates = {},
-                   const AudioMaker& audio = {});
+    DesktopProgram(const posix::Places& places, const app::ProgramInfo& info,
+                   const UpdateSource& updates = {}, const AudioMaker& audio = {});
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;

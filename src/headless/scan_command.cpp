@@ -46,7 +46,7 @@ public:
                 const app::ProgramInfo& program)
         : options_(options), machine_(machine), console_(console), program_(program) {}
 
-    ScanStatus run();
+    ExitStatus run();
 
 private:
     bool chooseLanguage();
@@ -102,16 +102,16 @@ private:
     ScanReport report_{options_, console_};
 };
 
-ScanStatus ScanProgram::run() {
+ExitStatus ScanProgram::run() {
     if (!chooseLanguage()) {
         console_.err << "brovin: no usable language file in the program's folder\n";
-        return ScanStatus::BadUsage;
+        return ExitStatus::BadUsage;
     }
     restoreOptions();
     fillLists();
     if (form_.lstFolders.count() == 0) {
         console_.err << "brovin: no folder is watched; name one with --folder\n";
-        return ScanStatus::NothingToScan;
+        return ExitStatus::NothingToScan;
     }
     settings_.refused = [this](const std::string& location) {
         console_.err << "brovin: the totals could not be saved in " << location << "\n";
@@ -123,12 +123,12 @@ ScanStatus ScanProgram::run() {
     form_.sbStatus.observe([this] { report_.progress(form_.sbStatus.panel()); });
     if (scanRun_.runScan() != ScanOutcome::Done) {
         console_.err << "brovin: another scan is running\n";
-        return ScanStatus::Busy;
+        return ExitStatus::Busy;
     }
     report_.summary(sweep_);
     if (sweep_.foldersOpened == 0)
-        return ScanStatus::NothingToScan;
-    return report_.failed() > 0 ? ScanStatus::SomeFailed : ScanStatus::Done;
+        return ExitStatus::NothingToScan;
+    return report_.failed() > 0 ? ExitStatus::SomeFailed : ExitStatus::Done;
 }
 
 bool ScanProgram::chooseLanguage() {
@@ -164,7 +164,7 @@ void ScanProgram::fillLists() {
 
 } // namespace
 
-ScanStatus scanCommand(const ScanOptions& options, const ScanMachine& machine, const Console& console,
+ExitStatus scanCommand(const ScanOptions& options, const ScanMachine& machine, const Console& console,
                        const app::ProgramInfo& program) {
     return ScanProgram(options, machine, console, program).run();
 }

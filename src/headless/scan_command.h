@@ -3,6 +3,7 @@
 #include "app/program_info.h"
 #include "headless/command_line.h"
 #include "headless/console.h"
+#include "headless/exit_status.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/program_folder.h"
@@ -24,12 +25,9 @@ struct ScanMachine {
     platform::Random& random;
 };
 
-/// Exit status of a scan.
-enum class ScanStatus : int { Done = 0, SomeFailed = 1, BadUsage = 2, Busy = 3, NothingToScan = 4 };
-
 /// One scan run on the program's own core: the same sweep, log and totals as in the window. It makes no
 /// update check, since nobody is there to ask.
-[[nodiscard]] ScanStatus scanCommand(const ScanOptions& options, const ScanMachine& machine,
+[[nodiscard]] ExitStatus scanCommand(const ScanOptions& options, const ScanMachine& machine,
                                      const Console& console, const app::ProgramInfo& program);
 
 } // namespace brovin::headless

@@ -31,6 +31,11 @@ public:
     [[nodiscard]] virtual std::string lowerCase(std::string_view text) const = 0;
     /// The first letter of each word in upper case, the rest in lower case.
     [[nodiscard]] virtual std::string properCase(std::string_view text) const = 0;
+
+    /// The language in which the user reads messages, by the number that language files give: 1031 for German
+    /// as in Germany, 0 for one that has no number. The lowest ten bits tell the language without the
+    /// country.
+    [[nodiscard]] virtual long languageId() const = 0;
 };
 
 } // namespace brovin::platform

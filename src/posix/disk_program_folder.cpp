@@ -5,13 +5,13 @@
 #include "posix/make_folders.h"
 #include "posix/open_folder.h"
 #include "posix/plain_name.h"
+#include "posix/read_up_to.h"
+#include "posix/replace_file.h"
 #include "posix/system_call.h"
-#include "posix/write_all.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <set>
 
 namespace brovin::posix {
@@ -41,24 +41,6 @@ void gatherNames(const std::string& folderPath, std::string_view ending, std::se
         std::string name(record->name);
         if (name.ends_with(ending) && isRegularFile(join(folderPath, name)))
             names.insert(std::move(name));
-    }
-}
-
-/// Reads to the end, whatever size the file gives itself, but no further than one byte past the limit.
-std::optional<std::string> readUpTo(const Descriptor& file, std::size_t limit) {
-    constexpr std::size_t kPiece = std::size_t{64} * 1024;
-    std::string content;
-    for (;;) {
-        const std::size_t size = content.size();
-        const std::size_t room = limit - size < kPiece ? limit - size + 1 : kPiece;
-        content.resize(size + room);
-        const ssize_t bytes =
-            uninterrupted([&] { return ::read(file.number(), content.data() + size, room); });
-        content.resize(size + static_cast<std::size_t>(std::max<ssize_t>(bytes, 0)));
-        if (bytes < 0 || content.size() > limit)
-            return std::nullopt;
-        if (bytes == 0)
-            return content;
     }
 }
 
@@ -105,21 +87,7 @@ platform::Status DiskProgramFolder::replace(const std::string& name, std::string
         return systemFailure(EINVAL);
     if (const platform::Status made = makeFolders(paths_.own); !made)
         return made.failure();
-    const std::string fresh = join(paths_.own, name + ".new"); // a left-over of a killed copy gives way
-    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    ::unlink(fresh.c_str());
-    const Descriptor file(
-        uninterrupted([&] { return ::open(fresh.c_str(), flags, S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH); }));
-    if (!file)
-        return lastFailure();
-    platform::Status written = writeAll(file.number(), content);
-    if (written && ::fsync(file.number()) != 0)
-        written = lastFailure();
-    if (written && ::rename(fresh.c_str(), join(paths_.own, name).c_str()) != 0)
-        written = lastFailure();
-    if (!written)
-        ::unlink(fresh.c_str());
-    return written;
+    return replaceFile(join(paths_.own, name), content, S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH);
 }
 
 std::string DiskProgramFolder::path(const std::string& name) {

@@ -2,21 +2,10 @@
 
 #include "text/utf8.h"
 
-#include <clocale>
-#include <cwctype>
+#include <unicode/uchar.h>
 
 namespace brovin::posix {
 namespace {
-
-/// The C library's Unicode tables, without regard to the locale of the process.
-locale_t unicode() {
-    static const locale_t tables = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return tables;
-}
-
-char32_t upper(char32_t c) {
-    return static_cast<char32_t>(towupper_l(static_cast<wint_t>(c), unicode()));
-}
 
 template <class Map>
 std::string mapped(std::string_view bytes, Map map) {
@@ -36,7 +25,7 @@ std::string mapped(std::string_view bytes, Map map) {
 } // namespace
 
 char32_t lowerCase(char32_t character) {
-    return static_cast<char32_t>(towlower_l(static_cast<wint_t>(character), unicode()));
+    return static_cast<char32_t>(u_tolower(static_cast<UChar32>(character)));
 }
 
 std::string lowerCase(std::string_view text) {
@@ -46,7 +35,8 @@ std::string lowerCase(std::string_view text) {
 std::string properCase(std::string_view text) {
     bool wordBegins = true;
     return mapped(text, [&wordBegins](char32_t c) {
-        const char32_t shown = wordBegins ? upper(c) : lowerCase(c);
+        const char32_t shown =
+            wordBegins ? static_cast<char32_t>(u_toupper(static_cast<UChar32>(c))) : lowerCase(c);
         wordBegins = c == U' ' || c == U'\t';
         return shown;
     });

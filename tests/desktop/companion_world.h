@@ -41,8 +41,8 @@ public:
         });
     }
     void setLanguage(long id) {
-        own_.setLanguageId(id);
-        heard_.voices.push_back(own_.voiceName());
+        own_.choice().setLanguageId(id);
+        heard_.voices.push_back(own_.choice().voiceName());
     }
     [[nodiscard]] bool available() const override { return true; }
     [[nodiscard]] bool say(const std::vector<character::SpokenRun>& runs,
@@ -130,7 +130,7 @@ struct CompanionWorld : DesktopWorld {
     static inline const QString kPeedy = kShipped + "/msagent/chars/peedy.acs";
 
     CompanionWorld() {
-        places.installedFolder = kShipped;
+        places.installedFolder = BROVIN_PROGRAM_FOLDER;
         makeFile("config/Brovin/Brovin.conf", "[Settings]\nAgentX=860\nAgentY=500\n");
         audio = [this](const auto& data) {
             auto voice = std::make_unique<NotingVoice>(*data, heard);
@@ -158,11 +158,11 @@ struct CompanionWorld : DesktopWorld {
 
     /// A file in the user's own folder of characters.
     [[nodiscard]] QString ownCharacter(const QString& name) const {
-        return places.ownFolder + "/msagent/chars/" + name;
+        return QString::fromStdString(places.ownFolder + "/msagent/chars/") + name;
     }
 
     [[nodiscard]] QString stored(const char* key) const {
-        return QSettings(places.settingsFile, QSettings::IniFormat)
+        return QSettings(QString::fromStdString(places.settingsFile), QSettings::IniFormat)
             .value(QStringLiteral("Settings/") + key)
             .toString();
     }

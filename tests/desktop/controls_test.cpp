@@ -26,7 +26,7 @@ struct PageWorld : DesktopWorld {
         return qobject_cast<Widget*>(widget(name));
     }
     [[nodiscard]] QByteArray stored(const QByteArray& key) const {
-        QFile file(places.settingsFile);
+        QFile file(QString::fromStdString(places.settingsFile));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         for (const QByteArray& line : file.readAll().split('\n'))
             if (line.startsWith(key + '='))

@@ -19,17 +19,17 @@ namespace brovin::tests {
 /// afterwards.
 struct DesktopWorld {
     QTemporaryDir scratch;
-    desktop::Places places;
+    posix::Places places;
     desktop::AudioMaker audio; ///< empty: this machine's
     std::unique_ptr<desktop::DesktopProgram> program;
 
     DesktopWorld() {
-        const QString root = scratch.path();
+        const std::string root = scratch.path().toStdString();
         places.settingsFolder = root + "/config/Brovin";
         places.settingsFile = places.settingsFolder + "/Brovin.conf";
         places.autostartFolder = root + "/config/autostart";
         places.runningLock = root + "/running.lock";
-        places.installedFolder = QStringLiteral(BROVIN_ASSETS);
+        places.installedFolder = BROVIN_ASSETS;
         places.ownFolder = root + "/data";
     }
 
@@ -58,7 +58,7 @@ struct DesktopWorld {
     [[nodiscard]] bool exists(const QString& below) const { return QFileInfo(path(below)).exists(); }
 
     [[nodiscard]] QList<QByteArray> logLines() const {
-        QFile log(places.ownFolder + "/deletions.log");
+        QFile log(QString::fromStdString(places.ownFolder + "/deletions.log"));
         if (!log.open(QIODevice::ReadOnly))
             return {};
         QList<QByteArray> lines = log.readAll().split('\n');

@@ -100,7 +100,7 @@ TEST(LifeJourney, livesBehindItsIconUntilToldToLeave) {
 TEST(LifeJourney, startsWithTheSystemWhenToldTo) {
     DesktopWorld world;
     world.start();
-    const QString entry = world.places.autostartFolder + "/brovin.desktop";
+    const QString entry = QString::fromStdString(world.places.autostartFolder + "/brovin.desktop");
     Journey journey;
     journey.then(
         "the icon in the tray", [&world] { return !world.program->trayIcon().isEmpty(); },

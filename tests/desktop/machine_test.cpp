@@ -1,7 +1,5 @@
 #include "desktop/autostart_registry.h"
 #include "desktop/lock_file_instance.h"
-#include "desktop/qt_regional.h"
-#include "text/date_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,25 +12,6 @@
 
 namespace brovin::desktop {
 namespace {
-
-TEST(QtRegional, followsTheUsersLanguage) {
-    const auto when = *text::dateOf("2026-11-05T15:04:09");
-    const QtRegional us(QLocale("en_US"));
-    const QtRegional german(QLocale("de_DE"));
-    EXPECT_EQ("Thursday, November 5, 2026", us.longDate(when));
-    EXPECT_EQ("Donnerstag, 5. November 2026", german.longDate(when));
-    EXPECT_EQ("05.11.26", german.shortDate(when));
-    EXPECT_EQ("3:04:09 PM", us.longTime(when)) << "no time zone";
-    EXPECT_EQ("15:04:09", german.longTime(when)) << "no time zone";
-    EXPECT_EQ("15:04", german.shortTime(when));
-    EXPECT_EQ("1,234,567", us.grouped(1234567));
-    EXPECT_EQ("1.234.567", german.grouped(1234567));
-    EXPECT_EQ("M\u00e4rz", german.monthName(3));
-    EXPECT_EQ("Sun", us.shortDayName(0));
-    EXPECT_EQ("Sat", us.shortDayName(6));
-    EXPECT_EQ("AM", us.amPm(11));
-    EXPECT_EQ("PM", us.amPm(12));
-}
 
 TEST(AutostartRegistry, writesAnEntryThatDesktopsAccept) {
     const QTemporaryDir scratch;

@@ -16,7 +16,7 @@ namespace {
 /// The real program before the maker's real server, which offers a newer version with a signature.
 struct UpdateWorld : DesktopWorld {
     UpdateWorld() {
-        places.installedFolder = QStringLiteral(BROVIN_SHARE);
+        places.installedFolder = BROVIN_SHARE;
         QDir().mkpath(path("tmp"));
         QDir().mkpath(path("maker"));
         qputenv("TMPDIR", path("tmp").toUtf8());
@@ -59,7 +59,7 @@ struct UpdateWorld : DesktopWorld {
         form().mPopRestore.click();
     }
     [[nodiscard]] QByteArray settings() const {
-        QFile file(places.settingsFile);
+        QFile file(QString::fromStdString(places.settingsFile));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     /// What lies in the folder for downloads.

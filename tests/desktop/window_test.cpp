@@ -37,7 +37,7 @@ QByteArray longWinded(const QByteArray& language) {
 /// The program with its window shown, in letters of a size and in a language.
 struct WindowWorld : DesktopWorld {
     explicit WindowWorld(int percent = 100, bool longCaptions = false) {
-        places.installedFolder = path("installed");
+        places.installedFolder = path("installed").toStdString();
         QFile shipped(QStringLiteral(BROVIN_ASSETS "/default.blp"));
         EXPECT_TRUE(shipped.open(QIODevice::ReadOnly));
         const QByteArray english = shipped.readAll();

@@ -12,6 +12,9 @@ namespace brovin::fakes {
 /// A country of its own: day first, commas between thousands, a clock with halves.
 class FakeRegional final : public platform::Regional {
 public:
+    long language = 1033; ///< English
+
+    [[nodiscard]] long languageId() const override { return language; }
     [[nodiscard]] std::string longDate(platform::DateTime when) const override {
         const std::chrono::year_month_day day(std::chrono::floor<std::chrono::days>(when));
         return std::to_string(static_cast<unsigned>(day.day())) + " " +

@@ -29,7 +29,7 @@ struct World : fakes::FakeMachine {
         settings.values[{"filelist.txt", "Entry2"}] = "__macosx";
     }
 
-    ScanStatus scan() {
+    ExitStatus scan() {
         return scanCommand(options, {settings, files, folder, scanLock, regional, clock, random},
                            {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
     }
@@ -43,7 +43,7 @@ struct World : fakes::FakeMachine {
 
 TEST(ScanCommand, isTheSameRunAsInTheWindow) {
     World world;
-    EXPECT_EQ(ScanStatus::Done, world.scan());
+    EXPECT_EQ(ExitStatus::Done, world.scan());
     EXPECT_EQ((Paths{"/Share", "/Share/Old", "/Share/keep.txt"}), world.files.tree());
     EXPECT_EQ("2", world.settings.setting("TotalNuked"));
     EXPECT_EQ("25", world.settings.setting("KB"));
@@ -64,7 +64,7 @@ TEST(ScanCommand, changesNothingInADryRun) {
     world.settings.set("Confirm", "1");
     const auto before = world.settings.values;
     const auto tree = world.files.tree();
-    EXPECT_EQ(ScanStatus::Done, world.scan());
+    EXPECT_EQ(ExitStatus::Done, world.scan());
     EXPECT_EQ(tree, world.files.tree());
     EXPECT_EQ(before, world.settings.values);
     EXPECT_FALSE(world.folder.files.contains("deletions.log"));
@@ -77,7 +77,7 @@ TEST(ScanCommand, tellsTheTruthAboutAFailedDeletion) {
     World world;
     world.options.json = true;
     world.files.failing.insert({fakes::FileOperation::DeleteFile, "/Share/Thumbs.DB"});
-    EXPECT_EQ(ScanStatus::SomeFailed, world.scan());
+    EXPECT_EQ(ExitStatus::SomeFailed, world.scan());
     EXPECT_EQ("{\"path\":\"/Share/Thumbs.DB\",\"kind\":\"file\",\"kb\":5,\"deleted\":false,"
               "\"reason\":\"Permission denied\"}\n"
               "{\"path\":\"/Share/Old/__MACOSX\",\"kind\":\"folder\",\"kb\":20,\"deleted\":true}\n"
@@ -92,14 +92,14 @@ TEST(ScanCommand, asksOnlyWhereSomebodyCanAnswer) {
     World silent;
     silent.settings.set("Confirm", "1");
     silent.in.str("y\ny\n");
-    EXPECT_EQ(ScanStatus::Done, silent.scan());
+    EXPECT_EQ(ExitStatus::Done, silent.scan());
     EXPECT_TRUE(silent.files.deleted.empty()) << "the answers were not for us";
 
     World asked;
     asked.settings.set("Confirm", "1");
     asked.interactive = true;
     asked.in.str("n\nYES\n");
-    EXPECT_EQ(ScanStatus::Done, asked.scan());
+    EXPECT_EQ(ExitStatus::Done, asked.scan());
     EXPECT_EQ(Paths{"/Share/Old/__MACOSX"}, asked.files.deleted);
 }
 
@@ -109,7 +109,7 @@ TEST(ScanCommand, takesFoldersAndNamesInPlaceOfTheLists) {
     world.files.addFile("/Other/thumbs.db");
     world.options.folders = {"/Other"};
     world.options.nasty = {"Junk"};
-    EXPECT_EQ(ScanStatus::Done, world.scan());
+    EXPECT_EQ(ExitStatus::Done, world.scan());
     EXPECT_EQ(Paths{"/Other/JUNK"}, world.files.deleted);
     EXPECT_EQ("thumbs.db", world.settings.read("filelist.txt", "Entry1")) << "the lists stay";
 }
@@ -117,27 +117,27 @@ TEST(ScanCommand, takesFoldersAndNamesInPlaceOfTheLists) {
 TEST(ScanCommand, saysWhyItDoesNothing) {
     World empty;
     empty.settings.values.clear();
-    EXPECT_EQ(ScanStatus::NothingToScan, empty.scan());
+    EXPECT_EQ(ExitStatus::NothingToScan, empty.scan());
     EXPECT_NE("", empty.err.str());
 
     World gone;
     gone.options.folders = {"/nowhere"};
-    EXPECT_EQ(ScanStatus::NothingToScan, gone.scan());
+    EXPECT_EQ(ExitStatus::NothingToScan, gone.scan());
     EXPECT_NE(std::string::npos, gone.err.str().find("/nowhere"));
 
     World busy;
     busy.scanLock.heldElsewhere = true;
-    EXPECT_EQ(ScanStatus::Busy, busy.scan());
+    EXPECT_EQ(ExitStatus::Busy, busy.scan());
     EXPECT_TRUE(busy.files.deleted.empty());
 
     World mute;
     mute.folder.files.clear();
-    EXPECT_EQ(ScanStatus::BadUsage, mute.scan());
+    EXPECT_EQ(ExitStatus::BadUsage, mute.scan());
     EXPECT_TRUE(mute.files.deleted.empty());
 
     World broken;
     broken.folder.files["default.blp"] = "language=x\nlanguageDesc=y\nlangversion=1\n";
-    EXPECT_EQ(ScanStatus::BadUsage, broken.scan()) << "nobody can choose another language";
+    EXPECT_EQ(ExitStatus::BadUsage, broken.scan()) << "nobody can choose another language";
     EXPECT_TRUE(broken.files.deleted.empty());
 }
 

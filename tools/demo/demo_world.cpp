@@ -1,6 +1,6 @@
 #include "demo_world.h"
 
-#include "desktop/qt_settings_store.h"
+#include "posix/ini_settings_store.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,8 +36,8 @@ void makeShare(const QString& share) {
     }
 }
 
-void storeLists(const desktop::Places& places, const QString& share) {
-    desktop::QtSettingsStore settings(places.settingsFile);
+void storeLists(const posix::Places& places, const QString& share) {
+    posix::IniSettingsStore settings(places.settingsFile);
     std::vector<platform::SettingsEntry> names{{"Number", std::to_string(std::size(kNasty))}};
     for (std::size_t i = 0; i < std::size(kNasty); ++i)
         names.push_back({"Entry" + std::to_string(i + 1), kNasty[i]});
@@ -49,13 +49,14 @@ void storeLists(const desktop::Places& places, const QString& share) {
 
 } // namespace
 
-desktop::Places makeDemoWorld(const QString& folder) {
-    desktop::Places places = desktop::findPlaces({});
-    places.settingsFolder = folder + QStringLiteral("/config/Brovin");
-    places.settingsFile = places.settingsFolder + QStringLiteral("/Brovin.conf");
-    places.autostartFolder = folder + QStringLiteral("/config/autostart");
-    places.runningLock = folder + QStringLiteral("/running.lock");
-    places.ownFolder = folder + QStringLiteral("/data");
+posix::Places makeDemoWorld(const QString& folder) {
+    const std::string root = QFile::encodeName(folder).toStdString();
+    posix::Places places = posix::findPlaces({}).value_or(posix::Places());
+    places.settingsFolder = root + "/config/Brovin";
+    places.settingsFile = places.settingsFolder + "/Brovin.conf";
+    places.autostartFolder = root + "/config/autostart";
+    places.runningLock = root + "/running.lock";
+    places.ownFolder = root + "/data";
     makeShare(folder + QStringLiteral("/Share"));
     storeLists(places, folder + QStringLiteral("/Share"));
     return places;

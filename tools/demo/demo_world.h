@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/places.h"
+#include "posix/places.h"
 
 #include <QString>
 
@@ -8,6 +8,6 @@ namespace brovin::tools {
 
 /// Makes a folder with real clutter below `folder`, which is new and empty, and settings there that watch it.
 /// Returns where the program has to look.
-[[nodiscard]] desktop::Places makeDemoWorld(const QString& folder);
+[[nodiscard]] posix::Places makeDemoWorld(const QString& folder);
 
 } // namespace brovin::tools

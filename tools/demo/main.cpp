@@ -130,7 +130,7 @@ int main(int argc, char** argv) {
     QTemporaryDir scratch(QDir::temp().filePath(QStringLiteral("brovin-demo-XXXXXX")));
     scratch.setAutoRemove(false);
     const QString folder = scratch.path();
-    const desktop::Places places = tools::makeDemoWorld(folder);
+    const posix::Places places = tools::makeDemoWorld(folder);
     desktop::DesktopProgram program(places, {"Brovin", 1, 0, 0});
     if (!program.start())
         return 1;

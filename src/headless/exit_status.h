@@ -1,0 +1,16 @@
+#pragma once
+
+namespace brovin::headless {
+
+/// How the program ends, for those who start it from a script.
+enum class ExitStatus : int {
+    Done = 0,
+    SomeFailed = 1, ///< a deletion failed, a folder could not be swept, or the settings are damaged
+    BadUsage = 2,
+    Busy = 3, ///< another scan is running
+    NothingToScan = 4,
+    OutputLost = 5, ///< what there was to say could not be written
+    NoWindow = 127, ///< the executable with the windows is not installed
+};
+
+} // namespace brovin::headless

@@ -1,0 +1,89 @@
+#include "headless/command_line.h"
+#include "headless/scan_command.h"
+#include "posix/disk_program_folder.h"
+#include "posix/flock_scan_lock.h"
+#include "posix/icu_regional.h"
+#include "posix/ini_settings_store.h"
+#include "posix/places.h"
+#include "posix/posix_file_system.h"
+#include "posix/standard_random.h"
+#include "posix/system_clock.h"
+#include "posix/terminal.h"
+#include "version.h"
+
+#include <unistd.h>
+
+#include <csignal>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace brovin;
+using headless::ExitStatus;
+
+const app::ProgramInfo kInfo{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
+
+ExitStatus scan(headless::ScanOptions options, const std::string& programFolder) {
+    const auto places = posix::findPlaces(programFolder);
+    if (!places) {
+        std::cerr << "brovin: the environment names no home folder: set HOME, or XDG_CONFIG_HOME and "
+                     "XDG_DATA_HOME\n";
+        return ExitStatus::BadUsage;
+    }
+    for (std::string& folder : options.folders)
+        folder = posix::absolutePath(folder);
+    posix::IniSettingsStore settings(places->settingsFile);
+    posix::PosixFileSystem files;
+    posix::DiskProgramFolder folder({places->installedFolder, places->ownFolder});
+    posix::FlockScanLock lock(places->settingsFolder);
+    const posix::IcuRegional regional;
+    const posix::SystemClock clock;
+    posix::StandardRandom random;
+    random.seed(static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
+    const headless::Console console{std::cin, std::cout, std::cerr, posix::isTerminal(STDIN_FILENO),
+                                    posix::isTerminal(STDERR_FILENO)};
+    return headless::scanCommand(options, {settings, files, folder, lock, regional, clock, random}, console,
+                                 kInfo);
+}
+
+/// All that is done without a window.
+ExitStatus run(const headless::CommandLine& line) {
+    // Whoever reads the output may stop listening; what is begun is brought to its end all the same.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    ExitStatus status = ExitStatus::Done;
+    if (line.scan)
+        status = scan(line.scanOptions, line.programFolder);
+    else if (line.help)
+        std::cout << headless::usage();
+    else
+        std::cout << kInfo.title << " " << kInfo.major << "." << kInfo.minor << "." << kInfo.revision << "\n";
+    return std::cout.flush() ? status : ExitStatus::OutputLost;
+}
+
+/// Goes on as the program with the windows, which has the same arguments and environment.
+ExitStatus becomeWindow(char** argv) {
+    const std::string program = posix::windowProgramFile();
+    if (!program.empty())
+        ::execv(program.c_str(), argv);
+    std::cerr
+        << "brovin: the window cannot be started: install the package brovin-desktop; \"brovin --scan\" "
+           "works without it\n";
+    return ExitStatus::NoWindow;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+    const headless::CommandLine line = headless::parseCommandLine(arguments);
+    if (!line.problem.empty()) {
+        std::cerr << "brovin: " << line.problem << "\n" << headless::usage();
+        return static_cast<int>(ExitStatus::BadUsage);
+    }
+    const bool window = !line.scan && !line.help && !line.version;
+    return static_cast<int>(window ? becomeWindow(argv) : run(line));
+}

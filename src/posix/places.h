@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace brovin::posix {
+
+/// Where this user's files of the program are (XDG Base Directory Specification).
+struct Places {
+    std::string settingsFile;
+    std::string settingsFolder;
+    std::string autostartFolder;
+    std::string runningLock;     ///< held by the copy that runs with these settings; of this machine alone
+    std::string installedFolder; ///< the program's folder as it was installed
+    std::string ownFolder;       ///< the user's own part of it
+};
+
+/// `programFolder` replaces both parts of the program's folder; empty: the usual ones. nullopt: neither the
+/// environment nor the system's list of users tells where this user's files are.
+[[nodiscard]] std::optional<Places> findPlaces(const std::string& programFolder);
+
+/// What the user starts, "brovin", whichever of its executables runs.
+[[nodiscard]] std::string programFile();
+
+/// The executable with the windows; empty: it is not installed.
+[[nodiscard]] std::string windowProgramFile();
+
+/// The path from the root that names what `path` names from here. It is kept as the user wrote it, except
+/// that
+/// "..", which means what the system makes of it, leads to the path without links.
+[[nodiscard]] std::string absolutePath(const std::string& path);
+
+} // namespace brovin::posix

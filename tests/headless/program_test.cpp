@@ -1,0 +1,72 @@
+#include "posix/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+
+#include <cstdio>
+
+namespace brovin::headless {
+namespace {
+
+struct Ended {
+    int status;
+    std::string said; ///< on both outputs
+};
+
+/// Runs a command of the shell in which $brovin is the program, with a home of its own in `scratch`.
+Ended run(const posix::ScratchFolder& scratch, const std::string& command) {
+    const std::string whole = "export brovin='" BROVIN_PROGRAM "' HOME='" + scratch.path() +
+                              "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C; { " + command + "; } 2>&1";
+    FILE* const output = ::popen(whole.c_str(), "r");
+    std::string said;
+    for (int c = std::getc(output); c != EOF; c = std::getc(output))
+        said.push_back(static_cast<char>(c));
+    return {WEXITSTATUS(::pclose(output)), said};
+}
+
+TEST(Program, needsNoToolkit) {
+    const posix::ScratchFolder scratch;
+    const Ended listed = run(scratch, "ldd $brovin");
+    ASSERT_EQ(0, listed.status) << listed.said;
+    std::istringstream libraries(listed.said);
+    for (std::string line; std::getline(libraries, line);) {
+        const std::string name = line.substr(line.find_first_not_of(" \t"));
+        bool known = name.starts_with("/lib"); // the loader
+        for (const char* mayBe :
+             {"linux-vdso", "libsimpleini.", "libicui18n.", "libicuuc.", "libicudata.", "libstdc++.", "libm.",
+              "libgcc_s.", "libc.", "libasan.", "libubsan.", "libtsan."})
+            known = known || name.starts_with(mayBe);
+        EXPECT_TRUE(known) << name;
+    }
+}
+
+TEST(Program, endsWithAStatusThatTellsWhy) {
+    const posix::ScratchFolder scratch;
+    scratch.addText("Share/Thumbs.db", "x");
+    const struct {
+        const char* command;
+        int status;
+        const char* says;
+    } kCases[] = {
+        {"$brovin --version", 0, "Brovin "},
+        {"$brovin --skan", 2, "unknown option --skan"},
+        {"$brovin --scan", 4, "no folder is watched"},
+        {"$brovin --version >/dev/full", 5, ""},
+        {"$brovin --scan --folder $HOME/Share --nasty x --dry-run >/dev/full", 5, ""},
+        {"{ sleep 0.1; $brovin --help; echo $? >&2; } | true; sleep 0.5", 0, "5\n"}, // nobody listens
+        {"cp $brovin $HOME; $HOME/brovin --program-folder /x", 127, "install the package brovin-desktop"},
+        {"cp $brovin $HOME; printf '#!/bin/sh\\necho $HOME \"$@\"' >$HOME/brovin-desktop; chmod +x "
+         "$HOME/brovin-desktop; cd $HOME; ./brovin --program-folder '/x  y' | sed \"s:$PWD:home:\"",
+         0, "home --program-folder /x  y\n"},
+    };
+    for (const auto& expected : kCases) {
+        const Ended ended = run(scratch, expected.command);
+        EXPECT_EQ(expected.status, ended.status) << expected.command << "\n" << ended.said;
+        EXPECT_NE(std::string::npos, ended.said.find(expected.says)) << expected.command << "\n"
+                                                                     << ended.said;
+    }
+}
+
+} // namespace
+} // namespace brovin::headless
