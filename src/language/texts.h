@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/reasons.h"
+
 #include <cstddef>
 #include <string_view>
 
@@ -99,21 +101,23 @@ inline constexpr TextRow kTextRows[] = {
     // Reasons of the program
     {"reasonOverflow", "Overflow"},
     {"reasonInvalidValue", "Invalid property value"},
-    {"reasonNoInstaller", "There is no installer"},
+    {"reasonNoInstaller", platform::reason::kNoInstaller},
     // Reasons of the machine beneath an update
-    {"reasonNoProgram", "It is neither a package nor a program"},
-    {"reasonNoChance", "There is no chance in this machine"},
-    {"reasonNothingSaid", "The server has nothing to say"},
-    {"reasonOtherRequest", "Another request is under way"},
-    {"reasonTooLong", "The answer is too long"},
-    {"reasonTooSlow", "The server is too slow"},
-    {"reasonSilent", "The server is silent"},
-    {"reasonUnsafeAddress", "The address is not a safe one"},
-    {"reasonLedOn", "The server leads on and on"},
-    {"reasonLedAstray", "The server leads to an address that is not a safe one"},
-    {"reasonAnswered", "The server answered %1"},
-    {"reasonTooMuch", "More came than the server had announced"},
-    {"reasonTooLittle", "Less came than the server had announced"},
+    {"reasonNoProgram", platform::reason::kNoProgram},
+    {"reasonNoChance", platform::reason::kNoChance},
+    {"reasonOthersFolder", platform::reason::kOthersFolder},
+    {"reasonNothingSaid", platform::reason::kNothingSaid},
+    {"reasonOtherRequest", platform::reason::kOtherRequest},
+    {"reasonTooLong", platform::reason::kTooLong},
+    {"reasonTooSlow", platform::reason::kTooSlow},
+    {"reasonSilent", platform::reason::kSilent},
+    {"reasonEnding", platform::reason::kEnding},
+    {"reasonUnsafeAddress", platform::reason::kUnsafeAddress},
+    {"reasonLedOn", platform::reason::kLedOn},
+    {"reasonLedAstray", platform::reason::kLedAstray},
+    {"reasonAnswered", platform::reason::kAnswered},
+    {"reasonTooMuch", platform::reason::kTooMuch},
+    {"reasonTooLittle", platform::reason::kTooLittle},
 };
 
 /// One of the rows, by its name; a name without a row does not compile.

@@ -1,5 +1,6 @@
 #include "net/curl_request.h"
 
+#include "platform/reasons.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 #include "update/address.h"
@@ -13,6 +14,7 @@
 namespace brovin::net {
 namespace {
 
+namespace reason = platform::reason;
 using platform::Failure;
 
 static_assert(platform::kTimedOut == CURLE_OPERATION_TIMEDOUT);
@@ -104,7 +106,7 @@ void CurlRequest::run() {
 std::optional<Failure> CurlRequest::follow() {
     std::string url = request_.url;
     if (!update::mayFetch(url, request_.plainHttp))
-        return Failure{0, "The address is not a safe one"};
+        return Failure{0, reason::kUnsafeAddress};
     for (int redirects = 0;; ++redirects) {
         Hop hop{*this, url};
         if (auto failure = fetch(hop))
@@ -114,9 +116,9 @@ std::optional<Failure> CurlRequest::follow() {
         const char* next = nullptr;
         curl_easy_getinfo(hop.easy.get(), CURLINFO_REDIRECT_URL, &next);
         if (redirects == kRedirects)
-            return Failure{0, "The server leads on and on"};
+            return Failure{0, reason::kLedOn};
         if (next == nullptr || !update::mayFollow(url, next, request_.plainHttp))
-            return Failure{0, "The server leads to an address that is not a safe one"};
+            return Failure{0, reason::kLedAstray};
         url = next;
     }
 }
@@ -175,25 +177,26 @@ std::optional<Failure> CurlRequest::whyGiveUp(const Hop& hop) {
     }
     const auto now = Clock::now();
     if (now - hop.last > patience_.silence)
-        return Failure{CURLE_OPERATION_TIMEDOUT, "The server is silent"};
+        return Failure{CURLE_OPERATION_TIMEDOUT, reason::kSilent};
     const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(now - hop.begun - hop.held);
     const auto overdue = waited - patience_.firstMinute;
     if (overdue.count() > 0 &&
         hop.come * 1000 < patience_.bytesPerSecond * static_cast<std::uint64_t>(overdue.count()))
-        return Failure{CURLE_OPERATION_TIMEDOUT, "The server is too slow"};
+        return Failure{CURLE_OPERATION_TIMEDOUT, reason::kTooSlow};
     return std::nullopt;
 }
 
 std::optional<Failure> CurlRequest::outcomeOf(Hop& hop, int code) const {
     if (hop.status != 0 && hop.status != kSuccess && !isRedirect(hop.status))
-        return Failure{static_cast<int>(hop.status), "The server answered " + std::to_string(hop.status)};
+        return Failure{static_cast<int>(hop.status),
+                       text::replaceAll(reason::kAnswered, "%1", std::to_string(hop.status))};
     if (hop.status == kSuccess && hop.announced && hop.come > *hop.announced)
-        return Failure{CURLE_RECV_ERROR, "More came than the server had announced"};
+        return Failure{CURLE_RECV_ERROR, reason::kTooMuch};
     if (code != CURLE_OK)
         return Failure{code, hop.reason[0] == '\0' ? curl_easy_strerror(static_cast<CURLcode>(code))
                                                    : hop.reason.data()};
     if (hop.status == kSuccess && hop.announced && hop.come != *hop.announced)
-        return Failure{CURLE_PARTIAL_FILE, "Less came than the server had announced"};
+        return Failure{CURLE_PARTIAL_FILE, reason::kTooLittle};
     return std::nullopt;
 }
 

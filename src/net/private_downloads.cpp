@@ -1,6 +1,7 @@
 #include "net/private_downloads.h"
 
 #include "net/private_file.h"
+#include "platform/reasons.h"
 #include "posix/directory_reader.h"
 #include "posix/open_folder.h"
 #include "posix/system_call.h"
@@ -17,6 +18,7 @@
 namespace brovin::net {
 namespace {
 
+namespace reason = platform::reason;
 using platform::Failure;
 using posix::Descriptor;
 using posix::lastFailure;
@@ -44,7 +46,7 @@ platform::Result<Descriptor> PrivateDownloads::open() const {
     if (::fstat(folder.number(), &facts) != 0)
         return lastFailure();
     if (facts.st_uid != ::geteuid())
-        return Failure{EACCES, path_ + " belongs to somebody else"};
+        return Failure{EACCES, reason::kOthersFolder};
     if ((facts.st_mode & (S_IRWXG | S_IRWXO)) != 0 && ::fchmod(folder.number(), S_IRWXU) != 0)
         return lastFailure();
     return folder;
@@ -67,7 +69,7 @@ void PrivateDownloads::removeLeftOvers(std::string_view prefix, std::string_view
 
 platform::Result<std::unique_ptr<platform::DownloadFile>> PrivateDownloads::create(std::string_view prefix) {
     if (sodium_init() < 0)
-        return Failure{ENOSYS, "There is no chance in this machine"};
+        return Failure{ENOSYS, reason::kNoChance};
     auto folder = open();
     if (!folder)
         return folder.failure();

@@ -1,6 +1,7 @@
 #include "net/private_file.h"
 
 #include "net/start_program.h"
+#include "platform/reasons.h"
 #include "posix/system_call.h"
 #include "posix/write_all.h"
 
@@ -16,6 +17,7 @@ namespace brovin::net {
 namespace {
 
 using platform::Done;
+namespace reason = platform::reason;
 using platform::Failure;
 using platform::Status;
 using posix::Descriptor;
@@ -120,7 +122,7 @@ Status PrivateFile::startInstaller() {
     case Kind::Executable:
         return startExecutable();
     default:
-        return Failure{ENOEXEC, "It is neither a package nor a program"};
+        return Failure{ENOEXEC, reason::kNoProgram};
     }
 }
 

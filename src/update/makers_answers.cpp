@@ -1,4 +1,5 @@
 #include "update/makers_answers.h"
+#include "platform/reasons.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -20,7 +21,7 @@ bool MakersAnswers::givenUp() const {
 
 platform::Result<std::string> MakersAnswers::ask(const std::string& query) {
     if (givenUp())
-        return platform::Failure{platform::kTimedOut, "The server is silent"};
+        return platform::Failure{platform::kTimedOut, platform::reason::kSilent};
     platform::TransferRequest request{server_ + "/download/brovinupdate.php?" + query};
     request.longest = std::min(kOneAnswer, left_);
     auto answer = transfer_.openUrl(request, kLongestAnswer);

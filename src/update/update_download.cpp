@@ -1,5 +1,6 @@
 #include "update/update_download.h"
 
+#include "platform/reasons.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 #include "update/address.h"
@@ -273,7 +274,7 @@ void UpdateDownload::leave() {
 
 platform::Status UpdateDownload::install() {
     if (phase_ != Phase::Complete || !file_)
-        return platform::Failure{0, "There is no installer"};
+        return platform::Failure{0, platform::reason::kNoInstaller};
     return file_->startInstaller();
 }
 

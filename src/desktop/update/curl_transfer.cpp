@@ -1,5 +1,6 @@
 #include "desktop/update/curl_transfer.h"
 
+#include "platform/reasons.h"
 #include "text/strings.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@ namespace brovin::desktop {
 
 using net::Arrival;
 using net::CurlRequest;
+namespace reason = platform::reason;
 using platform::Failure;
 using platform::TransferState;
 
@@ -54,7 +56,7 @@ void CurlTransfer::announce() {
     chunk_ = std::move(arrival.bytes);
     read_ = 0;
     if (!arrival.response)
-        failure_ = arrival.failure.value_or(Failure{0, "The server has nothing to say"});
+        failure_ = arrival.failure.value_or(Failure{0, reason::kNothingSaid});
     const auto tell = stateChanged;
     if (tell)
         tell(arrival.response ? TransferState::Response : TransferState::Error);
@@ -74,7 +76,7 @@ bool CurlTransfer::wait() {
 platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequest& request,
                                                     std::size_t limit) {
     if (fetching_ || request_)
-        return Failure{0, "Another request is under way"};
+        return Failure{0, reason::kOtherRequest};
     fetching_ = true;
     called_ = false;
     CurlRequest fetch(request, patience_, waker());
@@ -91,11 +93,11 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
         ended = arrival.ended;
         failure = arrival.failure;
         if (text.size() > limit)
-            failure = Failure{0, "The answer is too long"};
+            failure = Failure{0, reason::kTooLong};
         else if (!ended && since.hasExpired(request.longest.count()))
-            failure = Failure{platform::kTimedOut, "The server is too slow"};
+            failure = Failure{platform::kTimedOut, reason::kTooSlow};
         else if (!ended && !wait())
-            failure = Failure{0, "The program ends"};
+            failure = Failure{0, reason::kEnding};
     }
     took_ = std::chrono::milliseconds(since.elapsed());
     fetching_ = false;
@@ -106,7 +108,7 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
 
 platform::Status CurlTransfer::execute(const platform::TransferRequest& request) {
     if (fetching_)
-        return Failure{0, "Another request is under way"};
+        return Failure{0, reason::kOtherRequest};
     cancel();
     announced_ = false;
     called_ = false;
@@ -132,7 +134,7 @@ platform::Result<std::string_view> CurlTransfer::readPiece(std::size_t most) {
         if (arrival.ended)
             return std::string_view();
         if (!wait())
-            return Failure{0, "The program ends"};
+            return Failure{0, reason::kEnding};
     }
     const std::string_view piece = std::string_view(chunk_).substr(read_, most);
     read_ += piece.size();
