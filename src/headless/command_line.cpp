@@ -25,6 +25,7 @@ constexpr Option kOptions[] = {
     {.name = "--json", .scanFlag = &ScanOptions::json},
     {.name = "--folder", .list = &ScanOptions::folders},
     {.name = "--nasty", .list = &ScanOptions::nasty},
+    {.name = "--check-language", .text = &CommandLine::checkLanguage},
     {.name = "--program-folder", .text = &CommandLine::programFolder},
     {.name = "--update-server", .text = &CommandLine::updateServer},
 };
@@ -89,6 +90,7 @@ The desktop companion and file cleaner. Without options it starts hidden behind 
     --json               one JSON object per deletion and a summary
     --folder DIR         sweep DIR instead of the watched folders (may be repeated)
     --nasty NAME         delete NAME instead of the names on the Nasty File List (may be repeated)
+  --check-language FILE  say what is wrong with a language file (see "Language files" in the manual)
   --program-folder DIR   language files, pictures and the deletion log are in DIR
   --update-server URL    ask there for updates
   --help                 show this help

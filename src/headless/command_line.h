@@ -20,6 +20,7 @@ struct CommandLine {
     bool version = false;
     bool scan = false;
     ScanOptions scanOptions;
+    std::string checkLanguage; ///< the language file to check; empty: none
     std::string programFolder; ///< empty: the usual one
     std::string updateServer;  ///< empty: the one of the build
     std::string problem;       ///< what is wrong with it; empty: nothing

@@ -1,4 +1,5 @@
 #include "headless/command_line.h"
+#include "headless/language_command.h"
 #include "headless/scan_command.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
@@ -56,6 +57,8 @@ ExitStatus run(const headless::CommandLine& line) {
     ExitStatus status = ExitStatus::Done;
     if (line.scan)
         status = scan(line.scanOptions, line.programFolder);
+    else if (!line.checkLanguage.empty())
+        status = headless::checkLanguageCommand(line.checkLanguage, std::cout, std::cerr);
     else if (line.help)
         std::cout << headless::usage();
     else
@@ -84,6 +87,6 @@ int main(int argc, char** argv) {
         std::cerr << "brovin: " << line.problem << "\n" << headless::usage();
         return static_cast<int>(ExitStatus::BadUsage);
     }
-    const bool window = !line.scan && !line.help && !line.version;
+    const bool window = !line.scan && !line.help && !line.version && line.checkLanguage.empty();
     return static_cast<int>(window ? becomeWindow(argv) : run(line));
 }

@@ -52,6 +52,11 @@ TEST(Program, endsWithAStatusThatTellsWhy) {
         {"$brovin --version", 0, "Brovin "},
         {"$brovin --skan", 2, "unknown option --skan"},
         {"$brovin --scan", 4, "no folder is watched"},
+        {"$brovin --check-language " BROVIN_ASSETS "/german.blp", 0, ""},
+        {"sed 's/&dude&!|/\\&dood\\&!|/' " BROVIN_ASSETS
+         "/german.blp >$HOME/x.blp; $brovin --check-language $HOME/x.blp",
+         1, "/x.blp:"},
+        {"$brovin --check-language $HOME", 2, "cannot be read"},
         {"$brovin --version >/dev/full", 5, ""},
         {"$brovin --scan --folder $HOME/Share --nasty x --dry-run >/dev/full", 5, ""},
         {"{ sleep 0.1; $brovin --help; echo $? >&2; } | true; sleep 0.5", 0, "5\n"}, // nobody listens
