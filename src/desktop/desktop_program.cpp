@@ -126,6 +126,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const app::ProgramIn
     parts_ = std::make_unique<Parts>(places, info, updates, audio);
     DesktopMachine& machine = parts_->machine;
     OptionsWindow& window = parts_->window;
+    window.company = [&machine] { return machine.characters.company(); };
     machine.dialogs.setOwner(&window);
     machine.downloadWindows.setOwner(&window);
     machine.shell.setWindow(&window);

@@ -1,6 +1,7 @@
 #include "desktop/options_window.h"
 
 #include "desktop/bindings.h"
+#include "desktop/character/company.h"
 #include "desktop/hover_button.h"
 #include "desktop/page_scroller.h"
 #include "desktop/pages/pages.h"
@@ -134,8 +135,11 @@ void OptionsWindow::showOnScreen() {
     if (!placed_) {
         const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
         const QSize around = decorationOf(*this);
-        resize(sizeHint().expandedTo({680, 0}).boundedTo(room.size() - around));
-        move(room.center() - QRect(QPoint(), size() + around).center());
+        const QSize wanted = sizeHint().expandedTo({680, 0}) + around;
+        const int least = sizeHint().width() * 9 / 10 + around.width(); // the widest page may scroll a little
+        const QRect place = placeBeside(company ? company() : QVector<QRect>(), wanted, least, room);
+        resize(place.size() - around);
+        move(place.topLeft());
         placed_ = true;
     }
     showNormal();

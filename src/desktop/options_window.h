@@ -2,8 +2,12 @@
 
 #include "ui/frm_options.h"
 
+#include <QRect>
 #include <QTimer>
+#include <QVector>
 #include <QWidget>
+
+#include <functional>
 
 class QAbstractButton;
 class QStackedWidget;
@@ -19,6 +23,9 @@ public:
 
     /// Lets the window go without asking the program, which is ending.
     void letGo() { lettingGo_ = true; }
+
+    /// What it keeps clear of when it comes up for the first time, as `placeBeside` takes it; empty: nothing.
+    std::function<QVector<QRect>()> company;
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -1,6 +1,7 @@
 #include "desktop/character/balloon_placement.h"
 #include "desktop/character/character_folder.h"
 #include "desktop/character/character_language.h"
+#include "desktop/character/company.h"
 #include "desktop/character/event_delivery.h"
 #include "desktop/character/opaque_region.h"
 #include "desktop/character_world.h"
@@ -34,13 +35,47 @@ TEST(BalloonPlacement, findsRoomBesideTheFigure) {
         {"off the screen", {-300, 900, 100, 90}, BalloonSide::Above, {0, 626, 200, 60}, {0, 699}},
     };
     for (const auto& [what, figure, side, bubble, tip] : kCases) {
-        const BalloonPlace place = placeBalloon(kBubble, figure, kRoom);
+        const BalloonPlace place = placeBalloon(kBubble, figure, kRoom, {});
         EXPECT_EQ(side, place.side) << what;
         EXPECT_EQ(bubble, place.bubble) << what;
         EXPECT_EQ(tip, place.tip) << what;
         EXPECT_TRUE(place.window.contains(bubble) && place.window.contains(tip)) << what;
         EXPECT_TRUE(kRoom.contains(place.window)) << what;
     }
+}
+
+TEST(BalloonPlacement, keepsOffWhatIsBeingWorkedWith) {
+    constexpr QRect kRoom(0, 0, 1000, 700);
+    const auto side = [&](const QRect& figure, const QRegion& work) {
+        return placeBalloon({200, 60}, figure, kRoom, work).side;
+    };
+    EXPECT_EQ(BalloonSide::Right, side({400, 300, 100, 90}, QRect(300, 0, 300, 299))) << "work above";
+    EXPECT_EQ(BalloonSide::Left, side({400, 300, 100, 90}, QRect(300, 0, 700, 700))) << "and to the right";
+    EXPECT_EQ(BalloonSide::Above, side({400, 300, 100, 90}, kRoom)) << "all around";
+}
+
+TEST(Company, isLeftInSightByAWindowThatComesUp) {
+    constexpr QRect kRoom(0, 0, 1000, 700);
+    const QRect figure(0, 550, 128, 128);
+    const QRect withBalloon(0, 460, 220, 218);
+    const struct {
+        const char* what;
+        QSize wanted;
+        int least;
+        QVector<QRect> company;
+        QRect place;
+    } kCases[] = {
+        {"alone", {600, 500}, 400, {}, {200, 100, 600, 500}},
+        {"no need to move", {500, 500}, 400, {withBalloon, figure}, {250, 100, 500, 500}},
+        {"to its right", {700, 500}, 400, {withBalloon, figure}, {226, 100, 700, 500}},
+        {"narrower", {900, 900}, 400, {withBalloon, figure}, {226, 0, 774, 700}},
+        {"only the figure in sight", {900, 700}, 800, {withBalloon, figure}, {134, 0, 866, 700}},
+        {"no room for both", {990, 700}, 900, {withBalloon, figure}, {5, 0, 990, 700}},
+        {"to its left", {700, 700}, 400, {QRect(800, 500, 200, 150)}, {94, 0, 700, 700}},
+        {"on another screen", {700, 700}, 400, {QRect(1200, 500, 200, 150)}, {150, 0, 700, 700}},
+    };
+    for (const auto& [what, wanted, least, company, place] : kCases)
+        EXPECT_EQ(place, placeBeside(company, wanted, least, kRoom)) << what;
 }
 
 TEST(OpaqueRegion, isEveryPixelThatShowsAnything) {

@@ -50,6 +50,37 @@ TEST(CompanionJourney, saysAndDoesWhatItIsToldTo) {
     })) << "the animation, by its sounds";
 }
 
+TEST(CompanionJourney, standsBesideTheWindowAtItsFirstStart) {
+    const auto xrandr = [](const QString& command) {
+        EXPECT_EQ(0, QProcess::execute("xrandr", command.split(QLatin1Char(' '))));
+    };
+    const QFont usual = QApplication::font();
+    for (const auto& [width, letters] : {std::pair{1024, 1}, {800, 1}, {1024, 2}}) {
+        xrandr(QStringLiteral("--setmonitor only %1/200x600/150+0+0 screen").arg(width));
+        EXPECT_TRUE(
+            waitUntil([wide = width] { return QApplication::primaryScreen()->geometry().width() == wide; }));
+        QFont large = usual;
+        large.setPointSizeF(usual.pointSizeF() * letters);
+        QApplication::setFont(large);
+        CompanionWorld world;
+        ASSERT_TRUE(QFile::remove(QString::fromStdString(world.places.settingsFile)));
+        world.start();
+        EXPECT_TRUE(waitUntil([] { return CompanionWorld::figure() != nullptr; }));
+        world.form().mPopRestore.click();
+        EXPECT_TRUE(waitUntil([&world] { return world.program->window().isActiveWindow(); }));
+        EXPECT_TRUE(waitUntil(CompanionWorld::balloonIsOpen));
+        letPass(500);
+        Journey::takePicture(QStringLiteral("first start %1 %2").arg(width).arg(letters));
+        const QRect window = world.program->window().frameGeometry();
+        const QRect balloon = CharacterWorld::window<desktop::Bubble>()->geometry();
+        EXPECT_FALSE(CompanionWorld::figure()->geometry().intersects(window)) << width << ' ' << letters;
+        EXPECT_FALSE(balloon.intersects(window)) << width << ' ' << letters;
+        xrandr("--delmonitor only");
+        letPass(500);
+    }
+    QApplication::setFont(usual);
+}
+
 TEST(CompanionJourney, keepsTheSliderBetweenItsEnds) {
     CompanionWorld world;
     world.open();

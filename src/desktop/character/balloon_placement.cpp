@@ -2,6 +2,8 @@
 
 #include "desktop/character/screens.h"
 
+#include <QVector>
+
 #include <algorithm>
 
 namespace brovin::desktop {
@@ -18,18 +20,6 @@ int bottomEdge(const QRect& rect) {
 /// About where a figure's mouth is.
 int mouthHeight(const QRect& figure) {
     return figure.y() + figure.height() / 3;
-}
-
-BalloonSide chooseSide(QSize bubble, const QRect& figure, const QRect& room) {
-    if (figure.y() - room.y() >= bubble.height() + kTipLength)
-        return BalloonSide::Above;
-    const int right = rightEdge(room) - rightEdge(figure);
-    const int left = figure.x() - room.x();
-    if (std::max(left, right) >= bubble.width() + kTipLength)
-        return right >= left ? BalloonSide::Right : BalloonSide::Left;
-    if (bottomEdge(room) - bottomEdge(figure) >= bubble.height() + kTipLength)
-        return BalloonSide::Below;
-    return BalloonSide::Above;
 }
 
 /// The window's rectangle, before it is moved into the room.
@@ -49,6 +39,30 @@ QRect windowAt(BalloonSide side, QSize bubble, const QRect& figure) {
         break;
     }
     return {QPoint(middle, bottomEdge(figure)), upright};
+}
+
+/// In the order of preference.
+QVector<BalloonSide> sidesWithRoom(QSize bubble, const QRect& figure, const QRect& room) {
+    const int right = rightEdge(room) - rightEdge(figure);
+    const int left = figure.x() - room.x();
+    QVector<BalloonSide> sides;
+    if (figure.y() - room.y() >= bubble.height() + kTipLength)
+        sides += BalloonSide::Above;
+    if (std::max(left, right) >= bubble.width() + kTipLength)
+        sides += right >= left ? BalloonSide::Right : BalloonSide::Left;
+    if (std::min(left, right) >= bubble.width() + kTipLength)
+        sides += right >= left ? BalloonSide::Left : BalloonSide::Right;
+    if (bottomEdge(room) - bottomEdge(figure) >= bubble.height() + kTipLength)
+        sides += BalloonSide::Below;
+    return sides;
+}
+
+/// How many pixels of `work` lie below a window.
+int covered(const QRect& window, const QRegion& work) {
+    int pixels = 0;
+    for (const QRect& part : work& window)
+        pixels += part.width() * part.height();
+    return pixels;
 }
 
 QRect bubbleIn(const QRect& window, BalloonSide side) {
@@ -84,10 +98,15 @@ QPoint tipIn(const QRect& window, BalloonSide side, const QRect& figure) {
 
 } // namespace
 
-BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room) {
+BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room, const QRegion& work) {
+    const auto windowOn = [&](BalloonSide side) { return movedInto(windowAt(side, bubble, figure), room); };
+    const QVector<BalloonSide> sides = sidesWithRoom(bubble, figure, room);
+    const auto best = std::min_element(sides.begin(), sides.end(), [&](BalloonSide a, BalloonSide b) {
+        return covered(bubbleIn(windowOn(a), a), work) < covered(bubbleIn(windowOn(b), b), work);
+    });
     BalloonPlace place;
-    place.side = chooseSide(bubble, figure, room);
-    place.window = movedInto(windowAt(place.side, bubble, figure), room);
+    place.side = best == sides.end() ? BalloonSide::Above : *best;
+    place.window = windowOn(place.side);
     place.bubble = bubbleIn(place.window, place.side);
     place.tip = tipIn(place.window, place.side, figure);
     return place;

@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 
 #include <cstdint>
@@ -23,8 +24,10 @@ struct BalloonPlace {
 /// How far the tip reaches out of the bubble.
 inline constexpr int kTipLength = 14;
 
-/// Puts a bubble beside a figure: above it; where there is no room, to the side that has more; else below.
-/// Where no side has room it covers the figure, but never leaves `room` unless it is larger.
-[[nodiscard]] BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room);
+/// Puts a bubble beside a figure: above it; where there is no room, to the side that has more; else below. Of
+/// the sides that have room, one where it covers less of `work` goes before the others. Where no side has
+/// room it covers the figure, but never leaves `room` unless it is larger.
+[[nodiscard]] BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room,
+                                        const QRegion& work);
 
 } // namespace brovin::desktop

@@ -2,6 +2,7 @@
 
 #include "desktop/character/screens.h"
 
+#include <QApplication>
 #include <QFont>
 #include <QFontMetricsF>
 
@@ -54,6 +55,16 @@ std::optional<Qt::LayoutDirection> directionIn(const QString& text) {
     return std::nullopt;
 }
 
+/// The program's windows that the user works in.
+QRegion windowsAtWork() {
+    QRegion windows;
+    for (const QWidget* const window : QApplication::topLevelWidgets())
+        if (window->isVisible() && !window->isMinimized() &&
+            (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog))
+            windows += window->frameGeometry();
+    return windows;
+}
+
 } // namespace
 
 BalloonWindow::BalloonWindow(const character::BalloonSettings& settings, const CharacterWindow& speaker)
@@ -101,7 +112,14 @@ void BalloonWindow::hide() {
 
 void BalloonWindow::follow() {
     if (figure_)
-        bubble_.takeForm(placeBalloon(size_, figure_->translated(speaker_.place()), room()));
+        bubble_.takeForm(placeBalloon(size_, figure_->translated(speaker_.place()), room(), windowsAtWork()));
+}
+
+QRect BalloonWindow::reach() const {
+    constexpr int kUsualLines = 4;
+    const QSize bubble(charactersPerLine_ * averageCharacterWidth() + kAround,
+                       kUsualLines * bubble_.fontMetrics().lineSpacing() + kAround);
+    return placeBalloon(bubble, speaker_.figure(), room(), {}).window;
 }
 
 QRect BalloonWindow::room() const {

@@ -25,6 +25,8 @@ public:
     void setDirection(Qt::LayoutDirection direction) { direction_ = direction; }
     /// The speaker has moved.
     void follow();
+    /// Where a balloon of full width would be at this moment.
+    [[nodiscard]] QRect reach() const;
 
     [[nodiscard]] int textWidth(std::string_view text) const override;
     [[nodiscard]] int averageCharacterWidth() const override;

@@ -26,6 +26,9 @@ public:
     ~DesktopCharacter() override;
 
     [[nodiscard]] const character::Guid& guid() const { return data_->guid; }
+    /// Where it is, shown or not, and where it is with a balloon.
+    [[nodiscard]] QRect frame() const { return {window_.place(), window_.size()}; }
+    [[nodiscard]] QRect frameWithBalloon() const { return frame() | balloon_.reach(); }
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }

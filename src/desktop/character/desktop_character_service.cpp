@@ -65,6 +65,15 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
     return true;
 }
 
+QVector<QRect> DesktopCharacterService::company() const {
+    QVector<QRect> areas;
+    for (const auto& [id, character] : characters_)
+        areas.push_back(character->frameWithBalloon());
+    for (const auto& [id, character] : characters_)
+        areas.push_back(character->frame());
+    return areas;
+}
+
 void DesktopCharacterService::unload(const std::string& id) {
     characters_.erase(id);
     delivery_.forget(id);

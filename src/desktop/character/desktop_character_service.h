@@ -9,6 +9,8 @@
 #include "posix/standard_random.h"
 
 #include <QObject>
+#include <QRect>
+#include <QVector>
 
 #include <functional>
 #include <map>
@@ -33,6 +35,8 @@ public:
     [[nodiscard]] std::vector<std::string> files() override { return folder_.files(); }
     [[nodiscard]] std::vector<platform::Area> screens() const override;
     void setMenu(const platform::CharacterMenu& menu) override;
+    /// What a window should keep clear of, for `placeBeside`.
+    [[nodiscard]] QVector<QRect> company() const;
     void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
     /// Also false: the id is in use, or the very same character is loaded.
     bool load(const std::string& id, const std::string& fileName) override;
