@@ -3,8 +3,10 @@
 #include "app/program.h"
 #include "desktop/accessibility.h"
 #include "desktop/autostart_registry.h"
+#include "desktop/box_manners.h"
 #include "desktop/character/desktop_character_service.h"
 #include "desktop/download_window.h"
+#include "desktop/initiative.h"
 #include "desktop/lock_file_instance.h"
 #include "desktop/options_window.h"
 #include "desktop/pictures.h"
@@ -65,6 +67,7 @@ struct DesktopMachine {
           scanLock(places.settingsFolder),
           key(source.key), updates{transfer, downloads, key, downloadWindows, source.server} {}
 
+    Initiative initiative;
     posix::IniSettingsStore settings;
     posix::PosixFileSystem files;
     posix::DiskProgramFolder folder;
@@ -113,7 +116,7 @@ struct DesktopProgram::Parts {
     app::Program program;
     std::function<bool()> busy = [this] { return machine.busy(); };
     OptionsWindow window{program.frmOptions()};
-    TimerBinding tick{program.frmOptions().Timer1, busy};
+    TimerBinding tick{program.frmOptions().Timer1, machine.initiative, busy};
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
 
@@ -133,7 +136,9 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const app::ProgramIn
     machine.shell.setManual(pathOf(places.installedFolder + "/help"));
     machine.shell.ending = [&window] { window.letGo(); };
     machine.instance.showYourself = [this] { comeUp(); };
-    machine.tray.tie(form(), parts_->program.mainWindow(), parts_->busy);
+    machine.dialogs.asked = [&machine] { return machine.initiative.userAsked(); };
+    machine.tray.tie(form(), parts_->program.mainWindow(),
+                     {[&machine] { machine.initiative.userActs(); }, parts_->busy, [this] { comeUp(); }});
     form().imgBrovin.setPicture("imgBrovin");
     form().imgLogo.setPicture("imgLogo");
     form().picAdd.setPicture("picAdd");
@@ -142,6 +147,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const app::ProgramIn
 DesktopProgram::~DesktopProgram() = default;
 
 bool DesktopProgram::start() {
+    parts_->machine.initiative.userActs(); // by starting it
     if (!parts_->program.Form_Load())
         return false;
     tellOfDamage(parts_->machine.dialogs, parts_->machine.settings, parts_->program.messages());
@@ -149,10 +155,14 @@ bool DesktopProgram::start() {
 }
 
 void DesktopProgram::comeUp() {
+    parts_->machine.initiative.userActs();
     if (QWidget* question = QApplication::activeModalWidget()) {
-        question->raise();
-        question->activateWindow();
-    } else if (!parts_->busy()) {
+        if (question->parentWidget() != nullptr) // which takes its question along when it is put away
+            form().mPopRestore.click();
+        bringBack(*question);
+    } else if (parts_->busy()) {
+        parts_->machine.shell.setForegroundWindow(); // it cannot listen to more at this moment
+    } else {
         form().mPopRestore.click();
     }
 }

@@ -1,5 +1,7 @@
 #include "desktop/qt_dialogs.h"
 
+#include "desktop/box_manners.h"
+#include "desktop/box_text.h"
 #include "desktop/text.h"
 
 #include <QApplication>
@@ -9,6 +11,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 
 namespace brovin::desktop {
 namespace {
@@ -71,6 +74,18 @@ QString titleOf(const std::string& title) {
     return title.empty() ? QApplication::applicationName() : qtLines(title);
 }
 
+/// The text as far as there is room for it; the whole one can be unfolded.
+void setText(QMessageBox& message, const QString& text) {
+    const QString fitting =
+        fittingText(text, message.fontMetrics(), message.screen()->availableGeometry().size());
+    message.setText(fitting);
+    if (fitting == text)
+        return;
+    message.setDetailedText(text);
+    if (message.standardButtons() == QMessageBox::Ok) // among two buttons, the toolkit would not know
+        message.setEscapeButton(QMessageBox::Ok);
+}
+
 } // namespace
 
 QWidget* QtDialogs::visibleOwner() const {
@@ -81,14 +96,22 @@ QWidget* QtDialogs::visibleOwner() const {
 
 Button QtDialogs::messageBox(const std::string& text, platform::BoxStyle style, const std::string& title) {
     const Opening opening(open_);
-    QMessageBox message(iconOf(style), titleOf(title), qtLines(text), buttonsOf(style), visibleOwner());
+    const bool wanted = !asked || asked();
+    // Before its owner, a box would get the keyboard together with it.
+    QMessageBox message(iconOf(style), titleOf(title), {}, buttonsOf(style),
+                        wanted ? visibleOwner() : nullptr);
     message.setTextFormat(Qt::PlainText); // a file's name may look like markup
+    setText(message, qtLines(text));
     message.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     message.setWindowFlag(Qt::WindowStaysOnTopHint);
     if ((style & box::kButtons) == box::kYesNo) {
         message.setEscapeButton(QMessageBox::No);
-        message.setDefaultButton(QMessageBox::No); // a stray Enter deletes nothing
+        message.setDefaultButton(QMessageBox::No);              // a stray Enter deletes nothing
+        if (!wanted || (style & box::kIcons) == box::kQuestion) // questions come in rows, too
+            letButtonsWait(message);
     }
+    if (!wanted)
+        new UnaskedBox(message);
     return answerOf(message.exec());
 }
 
@@ -97,7 +120,8 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
     const Opening opening(open_);
     QInputDialog input(visibleOwner());
     input.setWindowTitle(titleOf(title));
-    input.setLabelText(qtLines(prompt));
+    input.setLabelText(
+        fittingText(qtLines(prompt), input.fontMetrics(), input.screen()->availableGeometry().size()));
     for (QLabel* label : input.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     input.setTextValue(qt(text));

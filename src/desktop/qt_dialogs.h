@@ -3,6 +3,8 @@
 #include "desktop/toolkit_language.h"
 #include "platform/dialogs.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace brovin::desktop {
@@ -12,6 +14,9 @@ class QtDialogs final : public platform::Dialogs {
 public:
     /// The window that owns the boxes while it is visible; null: none.
     void setOwner(QWidget* owner) { owner_ = owner; }
+
+    /// Whether the box that is about to open was asked for; empty: always.
+    std::function<bool()> asked;
 
     /// Whether one of them is open: the program waits for the answer, and other events wait for the program.
     [[nodiscard]] bool open() const { return open_ > 0; }

@@ -8,18 +8,21 @@ namespace {
 constexpr std::chrono::milliseconds kAskAgain{250}; ///< whether a held tick can be let go
 }
 
-TimerBinding::TimerBinding(ui::Timer& control, std::function<bool()> busy)
-    : control_(control), busy_(std::move(busy)) {
-    timer_.setTimerType(Qt::PreciseTimer); // the usual kind rounds half a minute to whole seconds
+TimerBinding::TimerBinding(ui::Timer& control) : control_(control) {
     QObject::connect(&timer_, &QTimer::timeout, [this] { fire(); });
     control.observe([this] { follow(); });
+}
+
+TimerBinding::TimerBinding(ui::Timer& control, Initiative& initiative, std::function<bool()> busy)
+    : TimerBinding(control) {
+    initiative_ = &initiative;
+    busy_ = std::move(busy);
+    timer_.setTimerType(Qt::PreciseTimer); // the usual kind rounds half a minute to whole seconds
     follow();
 }
 
-TimerBinding::TimerBinding(ui::Timer& control, ui::Window& window)
-    : TimerBinding(control, [] { return false; }) {
+TimerBinding::TimerBinding(ui::Timer& control, ui::Window& window) : TimerBinding(control) {
     window_ = &window;
-    timer_.setTimerType(Qt::CoarseTimer); // which may wake the machine together with others
     window.observe([this] { follow(); });
     follow();
 }
@@ -34,12 +37,17 @@ void TimerBinding::follow() {
 }
 
 void TimerBinding::fire() {
-    if (busy_()) {
+    if (busy_ && busy_()) {
         timer_.start(kAskAgain);
         return;
     }
     if (timer_.intervalAsDuration() != control_.interval())
         timer_.start(control_.interval());
+    if (initiative_ == nullptr) {
+        control_.tick();
+        return;
+    }
+    const Initiative::ByTheClock nobodyAsked(*initiative_);
     control_.tick();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/initiative.h"
 #include "ui/controls.h"
 #include "ui/window.h"
 
@@ -14,7 +15,7 @@ namespace brovin::desktop {
 /// the program is free: while a question is open, other events wait.
 class TimerBinding final {
 public:
-    TimerBinding(ui::Timer& control, std::function<bool()> busy);
+    TimerBinding(ui::Timer& control, Initiative& initiative, std::function<bool()> busy);
     /// A timer that only moves something on the screen: it stands still, and wakes nobody, while the window
     /// is hidden.
     TimerBinding(ui::Timer& control, ui::Window& window);
@@ -23,11 +24,13 @@ public:
     [[nodiscard]] std::chrono::milliseconds untilNextTick() const { return timer_.remainingTimeAsDuration(); }
 
 private:
+    explicit TimerBinding(ui::Timer& control);
     void follow();
     void fire();
 
     ui::Timer& control_;
     const ui::Window* window_ = nullptr;
+    Initiative* initiative_ = nullptr;
     std::function<bool()> busy_;
     QTimer timer_;
 };

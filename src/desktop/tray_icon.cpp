@@ -4,18 +4,20 @@
 #include "desktop/text.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QPointer>
+#include <QWidget>
+#include <QWindow>
 
 namespace brovin::desktop {
-
 TrayIcon::TrayIcon() : icon_(programIcon()) {
     icon_.setContextMenu(&menu_);
     connect(&icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
 }
 
-void TrayIcon::tie(ui::FrmOptions& form, ui::MainWindow& window, std::function<bool()> busy) {
+void TrayIcon::tie(ui::FrmOptions& form, ui::MainWindow& window, Reception reception) {
     window_ = &window;
-    busy_ = std::move(busy);
+    reception_ = std::move(reception);
     addEntry(form.mHelp);
     addEntry(form.mPopRestore);
     addEntry(form.mPopExit);
@@ -32,7 +34,7 @@ void TrayIcon::addEntry(ui::Button& control) {
     show();
     control.observe(show);
     connect(action, &QAction::triggered, this, [this, &control] {
-        if (!busy_())
+        if (admitted())
             control.click();
     });
 }
@@ -40,6 +42,7 @@ void TrayIcon::addEntry(ui::Button& control) {
 bool TrayIcon::add(const std::string& tip) {
     icon_.setToolTip(qt(tip));
     icon_.show(); // where an area appears later, the icon joins it by itself
+    keepInReach();
     return available();
 }
 
@@ -51,8 +54,37 @@ void TrayIcon::remove() {
     icon_.hide();
 }
 
+/// A box that is open keeps clicks from all usual windows, and the one that the toolkit makes for the icon is
+/// no exception. It is made one, and the clicks are taken where they arrive.
+void TrayIcon::keepInReach() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        QWindow* const window = widget->windowHandle();
+        if (window == nullptr || !widget->inherits("QSystemTrayIconSys"))
+            continue;
+        window->setFlags(window->flags() | Qt::ToolTip);
+        window->installEventFilter(this);
+        widget->installEventFilter(this); // shown again in another panel, it has another window
+    }
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show && watched->isWidgetType())
+        keepInReach();
+    const bool press =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    return press && watched->isWindowType() && !admitted();
+}
+
+bool TrayIcon::admitted() const {
+    reception_.userActs();
+    if (!reception_.busy())
+        return true;
+    reception_.bringBack();
+    return false;
+}
+
 void TrayIcon::activated(QSystemTrayIcon::ActivationReason reason) {
-    if (window_ == nullptr || busy_())
+    if (window_ == nullptr || (reason == QSystemTrayIcon::Context && reception_.busy()) || !admitted())
         return;
     if (reason == QSystemTrayIcon::Trigger)
         window_->trayMouse(ui::TrayMouse::LeftUp);

@@ -17,8 +17,14 @@ class TrayIcon final : public QObject, public platform::NotificationArea {
 public:
     TrayIcon();
 
-    /// Ties icon and menu to the program. While `busy` says so, clicks are lost: a question is open.
-    void tie(ui::FrmOptions& form, ui::MainWindow& window, std::function<bool()> busy);
+    /// What the user's acts on the icon meet.
+    struct Reception {
+        std::function<void()> userActs;  ///< told first, of each
+        std::function<bool()> busy;      ///< whether a question is open, so that the program cannot listen
+        std::function<void()> bringBack; ///< what an act does then: whatever is open comes to the front
+    };
+    /// Ties icon and menu to the program.
+    void tie(ui::FrmOptions& form, ui::MainWindow& window, Reception reception);
 
     [[nodiscard]] bool available() const override { return QSystemTrayIcon::isSystemTrayAvailable(); }
     bool add(const std::string& tip) override;
@@ -28,14 +34,20 @@ public:
     /// Where the icon is on the screen; empty: nowhere.
     [[nodiscard]] QRect place() const { return icon_.geometry(); }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void keepInReach();
     void addEntry(ui::Button& control);
+    /// Whether an act on the icon reaches the program.
+    [[nodiscard]] bool admitted() const;
     void activated(QSystemTrayIcon::ActivationReason reason);
 
     QMenu menu_;
     QSystemTrayIcon icon_;
     ui::MainWindow* window_ = nullptr;
-    std::function<bool()> busy_;
+    Reception reception_;
 };
 
 } // namespace brovin::desktop

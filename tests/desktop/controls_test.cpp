@@ -1,11 +1,14 @@
 // Controls of the window under real keys: what the toolkit's own widgets would get wrong.
 
 #include "desktop/desktop_world.h"
+#include "desktop/qt_dialogs.h"
 #include "desktop/timer_binding.h"
 
 #include <QDateTimeEdit>
 #include <QFile>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <QValidator>
 
@@ -81,11 +84,36 @@ TEST(Interval, takesWhatIsTyped) {
     }
 }
 
+TEST(Boxes, fitOnTheScreenWhateverThePathIs) {
+    desktop::QtDialogs dialogs;
+    const std::string deep = "Shall /" + std::string(3000, 'x') + "/y z";
+    std::string many = "end?";
+    for (int i = 0; i < 200; ++i)
+        many = "word and word\r\n" + many;
+    for (const std::string& text : {deep + " go?", many, deep + "\r\n" + many}) {
+        QTimer::singleShot(800, [&text] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(nullptr, box);
+            EXPECT_TRUE(box->screen()->availableGeometry().contains(box->frameGeometry()));
+            EXPECT_TRUE(box->text().startsWith(QString::fromStdString(text.substr(0, 4))));
+            EXPECT_TRUE(box->text().endsWith(QString::fromStdString(text.substr(text.size() - 4))));
+            EXPECT_EQ(QString::fromStdString(text).remove('\r'), box->detailedText()) << "the whole of it";
+            const QString folder = qEnvironmentVariable("SCREENSHOT_DIR");
+            if (!folder.isEmpty())
+                box->grab().save(folder + "/long-box.png");
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        EXPECT_EQ(platform::Button::No,
+                  dialogs.messageBox(text, platform::box::kYesNo | platform::box::kQuestion, "Title"));
+    }
+}
+
 TEST(Ticks, comeWhenTheyAreDue) {
     struct : ui::Form {
         ui::Timer timer{*this, "Timer1"};
     } form;
-    const desktop::TimerBinding binding(form.timer, [] { return false; });
+    desktop::Initiative initiative;
+    const desktop::TimerBinding binding(form.timer, initiative, [] { return false; });
     form.timer.setInterval(std::chrono::milliseconds(30'500));
     form.timer.setEnabled(true);
     EXPECT_LE(binding.untilNextTick(), form.timer.interval()) << "not rounded to whole seconds";

@@ -124,8 +124,19 @@ TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
     journey.then(
         "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
         [&world] { click(world.widget("cmdNuke")); });
+    // Answered the moment it is there, it could not have been read.
     journey.then(
-        "the first question", [] { return shownAndReady(openDialog<QMessageBox>()); },
+        "the first question's coming", [] { return openDialog<QMessageBox>() != nullptr; },
+        [] {
+            openDialog<QMessageBox>()->button(QMessageBox::Yes)->click();
+            EXPECT_NE(nullptr, openDialog<QMessageBox>());
+        });
+    journey.then(
+        "the first question",
+        [] {
+            const auto* box = openDialog<QMessageBox>(); // whose buttons wait until it can have been seen
+            return shownAndReady(box) && box->buttons().front()->isEnabled();
+        },
         [&world] {
             Journey::takePicture("confirm");
             world.program->window().move(40, 60);
@@ -135,7 +146,7 @@ TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
         "the second question",
         [] {
             const auto* box = openDialog<QMessageBox>();
-            return shownAndReady(box) && box->text().contains("sub");
+            return shownAndReady(box) && box->text().contains("sub") && box->buttons().front()->isEnabled();
         },
         [] { click(openDialog<QMessageBox>()->button(QMessageBox::Yes)); });
     closeMessage(journey, "one-deleted", [](const QString&) {});

@@ -103,7 +103,8 @@ void answerBox(Journey& journey, const QString& contains, QMessageBox::StandardB
         "the box about " + contains.toStdString(),
         [contains, button] {
             return openBox() != nullptr && openBox()->isActiveWindow() &&
-                   openBox()->text().contains(contains) && openBox()->button(button) != nullptr;
+                   openBox()->text().contains(contains) && openBox()->button(button) != nullptr &&
+                   openBox()->button(button)->isEnabled();
         },
         [contains, button] {
             Journey::takePicture("update-" + contains.section(' ', 0, 0));
