@@ -73,6 +73,22 @@ TEST(ShowAndHide, fallSilentWhenTheyAreCut) {
     EXPECT_EQ((Lines{"sound off", "frame nothing", "gone"}), untimed(world.settle()));
 }
 
+TEST(ShowAndHide, countFromTheMomentInWhichTheyAreInProgress) {
+    StageWorld world;
+    world.stage->show(Manner::Animated);
+    EXPECT_TRUE(world.stage->visible()) << "its turn has come, before any time has passed";
+    world.stage->hide(Manner::Animated);
+    world.settle();
+    EXPECT_TRUE(world.stage->visible());
+    world.pass(kLong);
+    EXPECT_FALSE(world.stage->visible());
+    const Asked hello = world.stage->speak("hello");
+    EXPECT_TRUE(hello);
+    world.stage->show(Manner::Animated);
+    EXPECT_FALSE(world.stage->visible()) << "it waits for its turn";
+    EXPECT_TRUE(world.stage->busy());
+}
+
 TEST(ShowAndHide, workWithoutAnyAnimation) {
     StageWorld world(TestCharacter().animation("RestPose", {{}}));
     world.stage->show(Manner::Animated);

@@ -72,7 +72,13 @@ public:
 
     // At once, beside the queue.
 
-    [[nodiscard]] bool visible() const { return presence_.visible(); }
+    /// From the moment on in which a Show is the request in progress, although its first picture comes with
+    /// the next `advance`, to the moment in which a Hide is complete.
+    [[nodiscard]] bool visible() const {
+        return presence_.visible() || queue_.running() == RequestKind::Show;
+    }
+    /// Whether a request is in progress.
+    [[nodiscard]] bool busy() const { return !queue_.empty(); }
     [[nodiscard]] VisibilityCause visibilityCause() const { return presence_.visibilityCause(); }
     [[nodiscard]] Place place() const { return presence_.place(); }
     /// Without effect while the user drags the character.
