@@ -116,7 +116,8 @@ struct Program::Rooms {
     Mascot mascot{speech, machine.random};
     RunKey runKey;
     std::optional<update::UpdateCheck> updateCheck; ///< where the machine can
-    ShutDown shutDown{{form, settings, speech, actor, machine.characters, machine.tray, machine.shell}};
+    ShutDown shutDown{
+        {form, settings, speech, actor, scanRun, machine.characters, machine.tray, machine.shell}};
     StartUp startUp{{.form = form,
                      .settings = settings,
                      .speech = speech,

@@ -69,7 +69,7 @@ void Scheduler::Timer1_Timer() {
     announceWord();
     scanWhenDue();
     if (needs_.form.exitConfirmed)
-        return;                           // an update takes the program's place
+        return;                           // the scan has ended with an update that takes the program's place
     needs_.tray.add(needs_.form.trayTip); // comes back where the panel was restarted, else changes nothing
     checkWhenDue();
 }
@@ -152,7 +152,9 @@ void Scheduler::scanWhenDue() {
 }
 
 void Scheduler::checkWhenDue() {
-    if (!needs_.form.chkUpdate.checked())
+    // An update that is accepted ends the program, which a scan does not let happen. It ends with a check
+    // itself.
+    if (!needs_.form.chkUpdate.checked() || needs_.form.scanBusy)
         return;
     const local_days today = dayOf(needs_.clock.now());
     const std::string stored = needs_.settings.read(setting::kLastUpdateCheck);

@@ -17,7 +17,10 @@ void ShutDown::cmdExit_Click() {
         messages.getMessage(12), companion::ForceBox::Yes);
     if (answer != platform::Button::Yes)
         return;
-    form.exitConfirmed = true;
+    if (form.scanBusy) {
+        offerToStopScan();
+        return;
+    }
     if (form.chkAgent.checked() && needs_.actor.character != nullptr) {
         needs_.actor.character->stopAll();
         needs_.actor.hide();
@@ -25,9 +28,20 @@ void ShutDown::cmdExit_Click() {
     Form_Unload();
 }
 
+void ShutDown::offerToStopScan() {
+    const auto answer = needs_.speech.announcer.agentMsgBox(
+        "A scan is running, so I stay until it is done. Shall I stop it now?\r\n\r\nWhat it has deleted by "
+        "then "
+        "stays deleted.",
+        box::kYesNo | box::kQuestion, needs_.speech.messages.getMessage(12), companion::ForceBox::Yes);
+    if (answer == platform::Button::Yes)
+        needs_.scanRun.cancel();
+}
+
 void ShutDown::Form_Unload() {
     if (needs_.form.scanBusy)
         return;
+    needs_.form.exitConfirmed = true;
     needs_.form.window.setVisible(false);
     needs_.tray.remove();
     leaveCharacter();

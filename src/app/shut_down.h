@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/settings.h"
+#include "cleaner/scan_run.h"
 #include "cleaner/speech.h"
 #include "companion/actor.h"
 #include "platform/character_service.h"
@@ -18,18 +19,21 @@ public:
         Settings& settings;
         cleaner::Speech speech;
         companion::Actor& actor;
+        cleaner::ScanRun& scanRun;
         platform::CharacterService& characters;
         platform::NotificationArea& tray;
         platform::Shell& shell;
     };
     explicit ShutDown(const Needs& needs) : needs_(needs) {}
 
-    /// Asks, and ends the program on Yes; refused while a scan runs.
+    /// Asks, and ends the program on Yes. While a scan runs that is refused and leaves no trace, but the scan
+    /// can be stopped.
     void cmdExit_Click();
     /// Ends the program without a question; refused while a scan runs.
     void Form_Unload();
 
 private:
+    void offerToStopScan();
     void leaveCharacter();
 
     Needs needs_;

@@ -49,6 +49,7 @@ void FolderSweep::beginRun(platform::LineWriter* log) {
     scanKB = 0;
     notVisited = 0;
     foldersOpened = 0;
+    cancelled_ = false;
     names_ = NameSet(needs_.form.lstFiles.items());
     log_ = log;
 }
@@ -69,12 +70,13 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
     levels_.push_back({{}, 0, shownPath_.size(), truePath_.size()});
     visit(levels_.back());
     // A loop and not a recursion: whoever can write to a shared disk can nest folders as deep as he likes.
-    while (!levels_.empty()) {
+    while (!levels_.empty() && !cancelled_) {
         if (levels_.back().next < levels_.back().subfolders.size())
             descend(levels_.back());
         else
             ascend();
     }
+    levels_.clear();
     walk_.reset();
 }
 
@@ -112,6 +114,7 @@ void FolderSweep::ascend() {
 void FolderSweep::visit(Level& level) {
     entryName_.clear();
     needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown("")}));
+    progress();
     auto entries = walk_->list();
     if (entries)
         ++foldersOpened;
@@ -133,7 +136,7 @@ void FolderSweep::visit(Level& level) {
 bool FolderSweep::handlePiece(std::span<const platform::Entry> entries, Level& level, std::int16_t& kb) {
     for (const platform::Entry& entry : entries) {
         needs_.pump.pump();
-        if (!handleEntry(entry, level, kb))
+        if (cancelled_ || !handleEntry(entry, level, kb))
             return false;
     }
     return true;
@@ -222,7 +225,14 @@ Status FolderSweep::addKilobytes(std::int32_t kb) {
 }
 
 Status FolderSweep::countItem() {
-    return assign(scanItemCount, std::int64_t{scanItemCount} + 1);
+    const Status counted = assign(scanItemCount, std::int64_t{scanItemCount} + 1);
+    progress();
+    return counted;
+}
+
+void FolderSweep::progress() const {
+    if (progressed)
+        progressed();
 }
 
 std::string FolderSweep::shown(std::string_view name) const {

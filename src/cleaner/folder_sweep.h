@@ -45,6 +45,8 @@ public:
 
     /// Told after each deletion that was tried.
     std::function<void(const Deletion&)> deletionTried;
+    /// Told at each folder and each deletion, however quickly they follow.
+    std::function<void()> progressed;
     /// Told when a folder, given in the disk's own bytes, could not be swept, and why.
     std::function<void(const std::string& path, const std::string& reason)> folderFailed;
 
@@ -56,6 +58,11 @@ public:
     /// Sets the counts to nothing and takes over the names of `lstFiles` for the run. Deletions are logged
     /// there; null: nowhere.
     void beginRun(platform::LineWriter* log);
+
+    /// Ends the run behind the entry that is being worked on; what is left is not looked at. May be called by
+    /// whatever the event pump lets through.
+    void cancel() { cancelled_ = true; }
+    [[nodiscard]] bool cancelled() const { return cancelled_; }
 
     /// Sweeps one folder tree. `shownPath` is what the user sees, `truePath` where it is.
     void sweepFolder(const std::string& shownPath, const std::string& truePath);
@@ -88,6 +95,7 @@ private:
     platform::Status writeLog(const std::string& line);
     platform::Status addKilobytes(std::int32_t kb);
     platform::Status countItem();
+    void progress() const;
     [[nodiscard]] std::string shown(std::string_view name) const;
     /// The statement's outcome. True: go on with the next one; false: the user ends the work on this folder.
     bool goOn(const platform::Status& statement);
@@ -100,6 +108,7 @@ private:
     std::string shownPath_; ///< of the current folder, with a separator at its end
     std::string truePath_;
     std::string entryName_; ///< the entry that the sweep is at
+    bool cancelled_ = false;
 };
 
 } // namespace brovin::cleaner

@@ -11,6 +11,11 @@ namespace box = platform::box;
 namespace setting = app::setting;
 using companion::ForceBox;
 
+/// How often the number of what is gone is told: each change goes round the whole desktop.
+constexpr std::chrono::milliseconds kProgressInterval{250};
+/// The second click of a double click comes within this time.
+constexpr std::chrono::milliseconds kDoubleClick{500};
+
 /// For a step whose failure must not stop the run: a full disk keeps nobody's clutter alive.
 void carryOn(const platform::Status& /*passedOver*/) {}
 
@@ -21,6 +26,10 @@ std::string added(const std::string& stored, double share) {
 
 } // namespace
 
+ScanRun::ScanRun(const Needs& needs) : needs_(needs) {
+    needs_.sweep.progressed = [this] { showProgress(); };
+}
+
 ScanOutcome ScanRun::runScan() {
     if (needs_.form.scanBusy)
         return ScanOutcome::Busy;
@@ -30,6 +39,8 @@ ScanOutcome ScanRun::runScan() {
     needs_.form.scanBusy = true;
 
     showStatus(needs_.speech.messages.getMessage(54));
+    needs_.statistics.showRunning(needs_.form.sbStatus.panel());
+    shownAt_ = needs_.clock.elapsed();
     const auto log = openLog();
     needs_.sweep.beginRun(log.get());
     sweepAll();
@@ -44,14 +55,32 @@ ScanOutcome ScanRun::runScan() {
 
     hold.reset();
     needs_.form.scanBusy = false;
+    if (needs_.sweep.cancelled())
+        return ScanOutcome::Stopped;
     finished();
     return ScanOutcome::Done;
 }
 
 void ScanRun::showStatus(const std::string& text) {
     needs_.form.sbStatus.setPanel(text);
+    setTip(text);
+}
+
+void ScanRun::setTip(const std::string& text) {
     needs_.form.trayTip = ui::trayTip(text);
     needs_.tray.setTip(needs_.form.trayTip);
+}
+
+/// In the title and at the icon; the status line tells the folder meanwhile.
+void ScanRun::showProgress() {
+    const std::chrono::milliseconds now = needs_.clock.elapsed();
+    if (now - shownAt_ < kProgressInterval)
+        return;
+    shownAt_ = now;
+    const std::string text =
+        needs_.speech.messages.getMessage(54) + " (" + std::to_string(needs_.sweep.scanItemCount) + ")";
+    setTip(text);
+    needs_.statistics.showRunning(text);
 }
 
 std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
@@ -66,7 +95,7 @@ std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
 }
 
 void ScanRun::sweepAll() {
-    for (std::size_t i = 0; i < needs_.form.lstFolders.items().size(); ++i) {
+    for (std::size_t i = 0; i < needs_.form.lstFolders.items().size() && !needs_.sweep.cancelled(); ++i) {
         const std::string shown = needs_.form.lstFolders.items()[i].text;
         // A folder that cannot be told from another is swept as the missing one it counts as.
         needs_.sweep.sweepFolder(shown, needs_.folders.truePath(i).value_or(shown));
@@ -98,6 +127,9 @@ std::string ScanRun::timedMessage(int number) const {
 }
 
 void ScanRun::cmdNuke_Click() {
+    // A scan of little is over between the two clicks of a double click, which wants one.
+    if (needs_.form.scanBusy || (buttonEndedAt_ && needs_.clock.elapsed() - *buttonEndedAt_ < kDoubleClick))
+        return;
     if (needs_.form.lstFolders.count() == 0) {
         needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getMessage(13), box::kCritical,
                                             needs_.speech.messages.getMessage(14), ForceBox::No);
@@ -109,13 +141,14 @@ void ScanRun::cmdNuke_Click() {
             needs_.actor.play(*animation);
     }
     const ScanOutcome outcome = runScan();
+    buttonEndedAt_ = needs_.clock.elapsed();
     if (outcome == ScanOutcome::BusyElsewhere) {
         needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("anotherScan"), box::kInformation,
                                             "", ForceBox::No);
         return;
     }
     if (needs_.form.exitConfirmed)
-        return; // an update takes the program's place
+        return; // an update that the run has ended with takes the program's place
     needs_.form.lastScanTime = needs_.clock.now();
     needs_.statistics.showLastScanned();
     needs_.shell.setForegroundWindow();
@@ -134,6 +167,7 @@ void ScanRun::report() {
     else
         text = messages.getMessage(15, {std::to_string(items), dude});
     needs_.speech.announcer.agentMsgBox(text, box::kInformation, "", ForceBox::No);
+    needs_.actor.hearOut();
 }
 
 } // namespace brovin::cleaner

@@ -14,13 +14,16 @@
 #include "platform/shell.h"
 #include "ui/frm_options.h"
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace brovin::cleaner {
 
 enum class ScanOutcome {
     Done,
+    Stopped,       ///< the user has cancelled it; what was done until then is logged and counted
     Busy,          ///< a run is under way in this copy of the program; nothing has happened
     BusyElsewhere, ///< another copy of the program is scanning; nothing has happened
 };
@@ -32,7 +35,7 @@ public:
         ui::FrmOptions& form;
         app::Settings& settings;
         Speech speech;
-        const companion::Actor& actor;
+        companion::Actor& actor;
         FolderSweep& sweep;
         const WatchedFolderList& folders;
         Statistics& statistics;
@@ -43,16 +46,20 @@ public:
         const platform::Clock& clock;
         const platform::Regional& regional;
     };
-    explicit ScanRun(const Needs& needs) : needs_(needs) {}
+    explicit ScanRun(const Needs& needs);
 
-    /// A run is over and its totals are stored.
+    /// A run has got through all folders and its totals are stored.
     ui::Event<> finished;
 
     ScanOutcome runScan();
+    /// Ends the run that is under way behind the entry that is being worked on.
+    void cancel() { needs_.sweep.cancel(); }
     void cmdNuke_Click();
 
 private:
     void showStatus(const std::string& text);
+    void showProgress();
+    void setTip(const std::string& text);
     [[nodiscard]] std::unique_ptr<platform::LineWriter> openLog();
     void sweepAll();
     void writeSummary(platform::LineWriter& log);
@@ -61,6 +68,8 @@ private:
     [[nodiscard]] std::string timedMessage(int number) const;
 
     Needs needs_;
+    std::chrono::milliseconds shownAt_{};                    ///< when the progress was shown last
+    std::optional<std::chrono::milliseconds> buttonEndedAt_; ///< when the button's last run was over
 };
 
 } // namespace brovin::cleaner

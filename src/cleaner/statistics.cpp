@@ -56,12 +56,15 @@ void Statistics::updateStatistics() {
     }
     const auto kb = text::leadingInt32(needs_.settings.read(setting::kKb)).value_or(0);
     const app::ProgramInfo& program = needs_.program;
-    const std::string numbers = program.title + " v" + std::to_string(program.major) + "." +
-                                std::to_string(program.minor) + "." + std::to_string(program.revision) +
-                                " - " + std::to_string(total) + " (" + needs_.regional.grouped(kb) +
-                                " KB) nasties since " +
-                                needs_.settings.stored(setting::kTotalDate).value_or(today()) + ".";
-    needs_.form.window.setCaption(numbers);
+    numbers_ = program.title + " v" + std::to_string(program.major) + "." + std::to_string(program.minor) +
+               "." + std::to_string(program.revision) + " - " + std::to_string(total) + " (" +
+               needs_.regional.grouped(kb) + " KB) nasties since " +
+               needs_.settings.stored(setting::kTotalDate).value_or(today()) + ".";
+    needs_.form.window.setCaption(numbers_);
+}
+
+void Statistics::showRunning(const std::string& what) {
+    needs_.form.window.setCaption(needs_.program.title + " - " + what);
 }
 
 void Statistics::reset(std::string since) {
@@ -127,7 +130,7 @@ void Statistics::cmdCopyNumbers_Click() {
         needs_.actor.play("WriteReturn");
     }
     // A clipboard that refuses keeps what it had; there is nothing better to do for the user.
-    static_cast<void>(needs_.clipboard.setText(needs_.form.window.caption()));
+    static_cast<void>(needs_.clipboard.setText(numbers_));
 }
 
 } // namespace brovin::cleaner

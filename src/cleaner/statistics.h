@@ -31,6 +31,8 @@ public:
     /// Shows the totals in the window's title. A total that nobody could have reached honestly is reset, and
     /// the user is told off.
     void updateStatistics();
+    /// Shows in the title what goes on, in place of the totals until they are updated.
+    void showRunning(const std::string& what);
     /// Shows the last and the next scan in the status bar and beside `txtInterval`.
     void showLastScanned();
 
@@ -46,6 +48,7 @@ private:
     [[nodiscard]] std::optional<platform::DateTime> nextScan() const;
 
     Needs needs_;
+    std::string numbers_; ///< the totals as they were shown last
 };
 
 } // namespace brovin::cleaner

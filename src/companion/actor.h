@@ -46,13 +46,20 @@ public:
         if (character != nullptr)
             character->gestureAt(x, y);
     }
-    /// Makes it ready to perform: a hidden character appears, a visible one stops what it is doing.
-    void prepare() const {
-        if (visible())
+    /// Makes it ready to perform: a hidden character appears, a visible one stops what it is doing, unless
+    /// that is to be heard out.
+    void prepare() {
+        hearOut_ = hearOut_ && character != nullptr && character->busy();
+        if (visible() && !hearOut_)
             stop();
         else
-            show();
+            show(); // also behind what is heard out, which may end with a Hide
     }
+    /// What it has been asked for is news: it is done to its end before anything else is told.
+    void hearOut() { hearOut_ = true; }
+
+private:
+    bool hearOut_ = false;
 };
 
 } // namespace brovin::companion

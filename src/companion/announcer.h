@@ -22,7 +22,7 @@ class Announcer {
 public:
     struct Needs {
         const ui::FrmOptions& form;
-        const Actor& actor;
+        Actor& actor;
         PhraseEngine& phrases;
         platform::Dialogs& dialogs;
     };

@@ -121,7 +121,7 @@ ExitStatus ScanProgram::run() {
         report_.folderFailed(path, reason);
     };
     form_.sbStatus.observe([this] { report_.progress(form_.sbStatus.panel()); });
-    if (scanRun_.runScan() != ScanOutcome::Done) {
+    if (scanRun_.runScan() == ScanOutcome::BusyElsewhere) {
         console_.err << "brovin: another scan is running\n";
         return ExitStatus::Busy;
     }

@@ -52,6 +52,8 @@ public:
     virtual ~Character() = default;
 
     [[nodiscard]] virtual bool visible() const = 0;
+    /// Whether a request is in progress or waits.
+    [[nodiscard]] virtual bool busy() const = 0;
     [[nodiscard]] virtual int left() const = 0;
     [[nodiscard]] virtual int top() const = 0;
     [[nodiscard]] virtual int width() const = 0;

@@ -13,6 +13,9 @@ public:
 
     /// The present moment in the user's time zone.
     [[nodiscard]] virtual DateTime now() const = 0;
+
+    /// Time that goes by evenly whatever is done to the wall clock, counted from some moment in the past.
+    [[nodiscard]] virtual std::chrono::milliseconds elapsed() const = 0;
 };
 
 } // namespace brovin::platform

@@ -17,4 +17,8 @@ platform::DateTime SystemClock::now() const {
            std::chrono::minutes(parts.tm_min) + std::chrono::seconds(parts.tm_sec);
 }
 
+std::chrono::milliseconds SystemClock::elapsed() const {
+    return std::chrono::floor<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
 } // namespace brovin::posix

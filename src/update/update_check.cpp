@@ -124,7 +124,6 @@ UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
              box::kCritical, needs_.messages.getMessage(34));
         return Ending::GoesOn;
     }
-    needs_.form.exitConfirmed = true;
     needs_.pump.pump();
     replaced();
     return Ending::Replaced;

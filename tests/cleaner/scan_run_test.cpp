@@ -179,5 +179,64 @@ TEST(ScanNow, letsTheCharacterActFirst) {
     EXPECT_TRUE(world.dialogs.boxes.empty()) << "it tells the result itself too";
 }
 
+TEST(ScanRun, stopsBehindTheEntryInWorkAndKeepsItsBooks) {
+    World world;
+    for (const std::string path : {"/Share/a/junk", "/Share/b/junk", "/Share/c/junk"})
+        world.files.addFile(path);
+    int finished = 0;
+    world.scanRun.finished = [&finished] { ++finished; };
+    world.pump.onPump = [&world] {
+        if (!world.files.deleted.empty())
+            world.scanRun.cancel();
+    };
+    EXPECT_EQ(ScanOutcome::Stopped, world.scanRun.runScan());
+    EXPECT_EQ((Texts{"/Share/a/junk"}), world.files.deleted);
+    EXPECT_EQ("m57(10:05:00,21 November 2026)", world.log().back());
+    EXPECT_EQ("1", world.settings.setting("TotalNuked"));
+    EXPECT_EQ(0, finished) << "who stops a scan does not wait for a server";
+    world.pump.onPump = nullptr;
+    EXPECT_EQ(ScanOutcome::Done, world.scanRun.runScan()) << "the next one runs";
+    EXPECT_EQ(3U, world.files.deleted.size());
+}
+
+TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
+    World world;
+    world.statistics.updateStatistics();
+    const std::string title = world.form.window.caption();
+    world.files.addFile("/Share/junk");
+    world.files.addFile("/Share/a/b");
+    Texts titles;
+    world.pump.onPump = [&] {
+        world.clock.sinceStart += std::chrono::milliseconds(200); // not every change is shown
+        titles.push_back(world.form.window.caption() + "|" + world.form.trayTip);
+    };
+    world.scanRun.runScan();
+    EXPECT_EQ((Texts{"Brovin - m54(%1,%2)|m54(%1,%2)", "Brovin - m54(%1,%2)|m54(%1,%2)",
+                     "Brovin - m54(%1,%2) (1)|m54(%1,%2) (1)"}),
+              titles);
+    EXPECT_NE(title, world.form.window.caption());
+    EXPECT_TRUE(world.form.window.caption().starts_with("Brovin v2.7.106 - 1 "));
+}
+
+TEST(ScanNow, takesADoubleClickForOneAndLetsItsResultBeTold) {
+    World world;
+    world.form.chkAgent.setValue(1);
+    world.actor.character = &world.characters.only;
+    world.files.addFile("/Share/junk");
+    world.scanRun.cmdNuke_Click();
+    world.characters.only.requests.clear();
+    world.clock.sinceStart += std::chrono::milliseconds(400);
+    world.scanRun.cmdNuke_Click();
+    EXPECT_TRUE(world.characters.only.requests.empty());
+
+    world.clock.sinceStart += std::chrono::milliseconds(1600);
+    world.characters.only.isVisible = world.characters.only.isBusy = true; // "One nasty deleted …"
+    world.scanRun.cmdNuke_Click();
+    EXPECT_EQ((Texts{"show", "show", "speak m17(, Fool,%2)"}), world.characters.only.requests);
+    world.characters.only.isBusy = false;
+    world.actor.prepare();
+    EXPECT_EQ("stop", world.characters.only.requests.back());
+}
+
 } // namespace
 } // namespace brovin::cleaner

@@ -14,11 +14,13 @@ class FakeCharacter final : public platform::Character {
 public:
     std::vector<std::string> requests; ///< "show", "play Wave", "speak Hello", in order
     bool isVisible = false;
+    bool isBusy = false;
     int x = 0;
     int y = 0;
     int size = 128; ///< width and height
 
     [[nodiscard]] bool visible() const override { return isVisible; }
+    [[nodiscard]] bool busy() const override { return isBusy; }
     [[nodiscard]] int left() const override { return x; }
     [[nodiscard]] int top() const override { return y; }
     [[nodiscard]] int width() const override { return size; }

@@ -41,8 +41,10 @@ public:
 class FakeClock final : public platform::Clock {
 public:
     platform::DateTime time{};
+    std::chrono::milliseconds sinceStart{};
 
     [[nodiscard]] platform::DateTime now() const override { return time; }
+    [[nodiscard]] std::chrono::milliseconds elapsed() const override { return sinceStart; }
 };
 
 /// Draws what the test has laid ready, then 0 for ever.

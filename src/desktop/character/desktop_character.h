@@ -32,6 +32,7 @@ public:
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }
+    [[nodiscard]] bool busy() const override { return stage_.busy(); }
     [[nodiscard]] int left() const override { return stage_.place().x; }
     [[nodiscard]] int top() const override { return stage_.place().y; }
     [[nodiscard]] int width() const override { return data_->width; }
