@@ -7,6 +7,7 @@
 #include "app/settings.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
+#include "app/stored_controls.h"
 #include "cleaner/folder_sweep.h"
 #include "cleaner/log_commands.h"
 #include "cleaner/nasty_file_list.h"
@@ -34,24 +35,6 @@ using ui::FrmOptions;
 /// How often the frame around the chosen tab moves.
 constexpr std::chrono::milliseconds kFrameInterval{150};
 
-/// Boxes and lists that do nothing but store their value at each click.
-struct StoredBox {
-    ui::CheckBox FrmOptions::*box;
-    const Setting* setting;
-};
-constexpr StoredBox kStoredBoxes[] = {
-    {&FrmOptions::chkCheck, &setting::kCheck},
-    {&FrmOptions::chkConfirm, &setting::kConfirm},
-    {&FrmOptions::chkDotDash, &setting::kDotDash},
-    {&FrmOptions::chkForce, &setting::kForce},
-    {&FrmOptions::chkIcon, &setting::kIconFiles},
-    {&FrmOptions::chkIgnoreErrors, &setting::kIgnoreErrors},
-    {&FrmOptions::chkLog, &setting::kLog},
-    {&FrmOptions::chkMsgBox, &setting::kReminderMsgBox},
-    {&FrmOptions::chkUpdate, &setting::kUpdateOnStart},
-    {&FrmOptions::chkWordMsgBox, &setting::kWordMsgBox},
-};
-
 } // namespace
 
 /// Everything, in the order in which it is built on what stands before it.
@@ -75,8 +58,7 @@ struct Program::Rooms {
     companion::Announcer announcer{{form, actor, phrases, machine.dialogs}};
     companion::CharacterHost characterHost{
         {form, settings, tables, actor, phrases, machine.characters, machine.regional, machine.random}};
-    companion::SpeechCommands speechCommands{
-        {form, settings, tables, actor, phrases, announcer, machine.random}};
+    companion::SpeechCommands speechCommands{{form, tables, actor, phrases, announcer, machine.random}};
     ui::SpeechFrequency speechFrequency{form, settings};
     cleaner::Speech speech{tables.messageTable, phrases, announcer};
     cleaner::NastyFileList nastyFiles{{form, settings, speech, machine.dialogs, machine.regional}};
@@ -150,7 +132,6 @@ struct Program::Rooms {
 
 Program::Program(const Machine& machine, ProgramInfo info, std::string command)
     : rooms_(std::make_unique<Rooms>(machine, std::move(info), std::move(command))) {
-    rooms_->tieSettings();
     rooms_->tieCleaner();
     rooms_->tieSchedule();
     rooms_->tieCharacter();
@@ -158,6 +139,7 @@ Program::Program(const Machine& machine, ProgramInfo info, std::string command)
     rooms_->tieProgram();
     rooms_->tieUpdates();
     rooms_->tieWindow();
+    rooms_->tieSettings();
 }
 
 Program::~Program() = default;
@@ -176,15 +158,7 @@ bool Program::Form_Load() {
 }
 
 void Program::Rooms::tieSettings() {
-    for (const StoredBox& row : kStoredBoxes) {
-        ui::CheckBox& box = form.*row.box;
-        box.click = [this, &box, setting = row.setting] {
-            settings.write(*setting, std::to_string(box.value()));
-        };
-    }
-    form.cmbCheck.click = [this] {
-        settings.write(setting::kCheckFreq, std::to_string(form.cmbCheck.selected()));
-    };
+    tieStoring(form, settings);
     settings.refused = [this](const std::string& location) {
         machine.dialogs.messageBox(tables.messageTable.getText("settingsNotSaved", {location}),
                                    platform::box::kExclamation, info.title);
@@ -209,7 +183,6 @@ void Program::Rooms::tieSchedule() {
     form.Timer1.tick = [this] { scheduler.Timer1_Timer(); };
     form.optDaily.click = [this] { schedule.optDaily_Click(); };
     form.optWeekly.click = [this] { schedule.optWeekly_Click(); };
-    form.dtpBackup.change = [this] { schedule.dtpBackup_Change(); };
     form.chkBackup.click = [this] { schedule.chkBackup_Click(); };
     form.txtReminder.change = [this] { schedule.txtReminder_Change(); };
     form.dtpWord.change = [this] { schedule.dtpWord_Change(); };
@@ -249,19 +222,17 @@ void Program::Rooms::tieSpeech() {
     form.lstAnims.click = [this] { speechCommands.lstAnims_Click(); };
     form.lstAnims.gotFocus = [this] { speechCommands.lstAnims_GotFocus(); };
     form.txtSay.gotFocus = [this] { speechCommands.txtSay_GotFocus(); };
-    form.chkDude.click = [this] { speechCommands.chkDude_Click(); };
-    form.cmbDudeSex.click = [this] { speechCommands.cmbDudeSex_Click(); };
 }
 
 void Program::Rooms::tieProgram() {
     form.lstLang.click = [this] { loader.lstLang_Click(); };
     loader.loaded = [this] {
         machine.dialogs.setLanguage(text::leadingInt32(tables.langLanguageId).value_or(0));
-        if (!form.Timer1.enabled())
-            return; // not running yet
-        // What is on the screen, and who speaks there, shall change the language at once.
+        // What the file does not know: texts with times in them, and who speaks, and how. While the program
+        // starts there is neither, and the list of characters is empty.
         statistics.showLastScanned();
-        characterHost.languageChanged();
+        schedule.dtpWord_Change();
+        characterHost.lstChars_Click();
     };
     loader.quit = [this] {
         startUp.end();

@@ -1,6 +1,5 @@
 #include "app/schedule_options.h"
 
-#include "text/date_text.h"
 #include "text/numbers.h"
 #include "text/strings.h"
 
@@ -16,15 +15,6 @@ void ScheduleOptions::optWeekly_Click() {
     needs_.form.optDaily.setValue(false);
     needs_.settings.write(setting::kWeekly, "1");
     needs_.form.dtpBackup.setCustomFormat("h:mm tt ddd");
-}
-
-void ScheduleOptions::dtpBackup_Change() {
-    needs_.settings.write(setting::kBackupDate, text::isoText(needs_.form.dtpBackup.value()));
-}
-
-void ScheduleOptions::chkBackup_Click() {
-    needs_.settings.write(setting::kBackup, std::to_string(needs_.form.chkBackup.value()));
-    refreshReminderControls();
 }
 
 void ScheduleOptions::refreshReminderControls() {
@@ -43,7 +33,6 @@ void ScheduleOptions::txtReminder_Change() {
 
 void ScheduleOptions::dtpWord_Change() {
     ui::FrmOptions& form = needs_.form;
-    needs_.settings.write(setting::kWordTime, text::isoText(form.dtpWord.value()));
     const std::string tip = needs_.regional.longTime(form.dtpWord.value()) + " " +
                             text::replaceAll(form.chkWord.caption(), "&", "");
     form.dtpWord.setToolTip(tip);
@@ -52,7 +41,6 @@ void ScheduleOptions::dtpWord_Change() {
 
 void ScheduleOptions::chkWord_Click() {
     ui::FrmOptions& form = needs_.form;
-    needs_.settings.write(setting::kWord, std::to_string(form.chkWord.value()));
     form.dtpWord.setEnabled(form.chkWord.checked());
     form.chkWordMsgBox.setEnabled(form.chkWord.checked());
 }

@@ -18,9 +18,9 @@ public:
 
     void optDaily_Click();
     void optWeekly_Click();
-    void dtpBackup_Change();
-    void chkBackup_Click();
+    void chkBackup_Click() { refreshReminderControls(); }
     void txtReminder_Change();
+    /// Tells the time of the word of the day beside its controls.
     void dtpWord_Change();
     void chkWord_Click();
     void txtInterval_Change();

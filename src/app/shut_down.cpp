@@ -30,10 +30,8 @@ void ShutDown::cmdExit_Click() {
 
 void ShutDown::offerToStopScan() {
     const auto answer = needs_.speech.announcer.agentMsgBox(
-        "A scan is running, so I stay until it is done. Shall I stop it now?\r\n\r\nWhat it has deleted by "
-        "then "
-        "stays deleted.",
-        box::kYesNo | box::kQuestion, needs_.speech.messages.getMessage(12), companion::ForceBox::Yes);
+        needs_.speech.messages.getText("stopScan"), box::kYesNo | box::kQuestion,
+        needs_.speech.messages.getMessage(12), companion::ForceBox::Yes);
     if (answer == platform::Button::Yes)
         needs_.scanRun.cancel();
 }

@@ -1,6 +1,5 @@
 #include "app/start_up.h"
 
-#include "text/date_text.h"
 #include "text/numbers.h"
 #include "ui/tray_tip.h"
 
@@ -31,6 +30,7 @@ bool StartUp::run() {
         &StartUp::stopTimer,           &StartUp::loadLists,
         &StartUp::restoreReminderDays, &StartUp::readRunKey,
         &StartUp::readSpeechFrequency, &StartUp::restoreControls,
+        &StartUp::readTotal,           &StartUp::restoreTab,
         &StartUp::startTimer,          &StartUp::restoreRules,
         &StartUp::showFolderHint,      &StartUp::enterTray,
         &StartUp::restoreReminder,     &StartUp::enableRemoveFolder,
@@ -38,24 +38,22 @@ bool StartUp::run() {
         &StartUp::startTabFrame,       &StartUp::showWindowWithoutTray,
     };
     for (const Step step : kSteps) {
-        statement((this->*step)());
-        if (ended_)
+        const Status outcome = (this->*step)();
+        if (ended_ || (!outcome && !goesOn(outcome.failure())))
             return false;
     }
     return true;
 }
 
 /// A failing statement is passed over when the user wants to go on, and ends the program when not.
-void StartUp::statement(const Status& outcome) {
-    if (outcome || ended_)
-        return;
-    const Failure& failure = outcome.failure();
+bool StartUp::goesOn(const Failure& failure) {
     const auto answer = needs_.dialogs.messageBox(
         "An error occurred during startup.\r\n\r\n" + needs_.speech.messages.reason(failure) +
             "\r\n\r\nWould you like to try and continue?",
         box::kYesNo | box::kCritical, "Error " + std::to_string(failure.number));
     if (answer != platform::Button::Yes)
         end();
+    return !ended_;
 }
 
 Status StartUp::fillLanguageList() {
@@ -154,67 +152,59 @@ Status StartUp::readRunKey() {
 
 Status StartUp::readSpeechFrequency() {
     const auto frequency = text::leadingInt16(needs_.settings.read(setting::kSpeechFreq));
+    if (!frequency && !goesOn(kOverflow))
+        return Done{};
     if (!frequency)
-        return kOverflow;
-    needs_.form.speechFreq = *frequency;
+        needs_.settings.write(setting::kSpeechFreq, std::string(setting::kSpeechFreq.fallback));
+    needs_.form.speechFreq =
+        frequency.value_or(text::leadingInt16(setting::kSpeechFreq.fallback).value_or(0));
     needs_.speechFrequency.drawSpeechFreq();
     return Done{};
 }
 
 Status StartUp::restoreControls() {
-    ui::FrmOptions& form = needs_.form;
-    restore(form.cmbDudeSex, setting::kDudeSex);
-    restore(form.chkUpdate, setting::kUpdateOnStart);
-    restore(form.cmbCheck, setting::kCheckFreq);
-    restore(form.chkWord, setting::kWord);
-    restore(form.dtpWord, setting::kWordTime);
-    needs_.schedule.dtpWord_Change();
-    restoreCharacterSwitch();
-    restore(form.chkBackup, setting::kBackup);
-    restore(form.chkConfirm, setting::kConfirm);
-    form.txtInterval.setText(needs_.settings.read(setting::kInterval));
-    restore(form.dtpBackup, setting::kBackupDate);
-    restore(form.chkIgnoreErrors, setting::kIgnoreErrors);
-    restore(form.chkForce, setting::kForce);
-    restore(form.chkLog, setting::kLog);
+    for (const StoredControl& row : storedControls())
+        restoreRow(row);
+    return Done{};
+}
+
+/// A value that its control refuses would be asked about at each start: in its place goes the default.
+void StartUp::restoreRow(const StoredControl& row) {
+    if (ended_)
+        return;
+    if (row.setting == &setting::kAgent && !needs_.characters.available()) {
+        switchCharacterOff();
+        return;
+    }
+    const Status outcome = restore(needs_.form, row, needs_.settings.read(*row.setting));
+    if (outcome || !goesOn(outcome.failure()))
+        return;
+    static_cast<void>(restore(needs_.form, row, std::string(row.setting->fallback)));
+    needs_.settings.write(*row.setting, std::string(row.setting->fallback));
+}
+
+/// A total that has grown too large for its variable is no option: it is kept as it is.
+Status StartUp::readTotal() {
     const auto kb = text::leadingInt32(needs_.settings.read(setting::kKb));
-    form.kbTotal = kb.value_or(form.kbTotal);
-    statement(kb ? Status(Done{}) : Status(kOverflow));
-    restore(form.chkDude, setting::kDude);
-    restore(form.chkCheck, setting::kCheck);
-    restore(form.chkMsgBox, setting::kReminderMsgBox);
-    restore(form.chkWordMsgBox, setting::kWordMsgBox);
+    needs_.form.kbTotal = kb.value_or(needs_.form.kbTotal);
+    return kb ? Status(Done{}) : Status(kOverflow);
+}
+
+Status StartUp::restoreTab() {
     const auto tab = text::leadingInt16(needs_.settings.read(setting::kTab));
-    return tab && needs_.window.imgTabs_Click(*tab) ? Status(Done{}) : Status(kInvalidValue);
+    const bool shown = tab && needs_.window.imgTabs_Click(*tab);
+    if (!shown && goesOn(kInvalidValue))
+        needs_.window.imgTabs_Click(0);
+    return Done{};
 }
 
 /// Where no character can be shown, the switch stays off, and what is stored is kept for a machine that can.
-void StartUp::restoreCharacterSwitch() {
+void StartUp::switchCharacterOff() {
     ui::FrmOptions& form = needs_.form;
-    if (needs_.characters.available()) {
-        restore(form.chkAgent, setting::kAgent);
-        return;
-    }
     for (ui::Control* control : std::initializer_list<ui::Control*>{
              &form.chkAgent, &form.lstChars, &form.cmdCheckChars, &form.txtSay, &form.cmdSay, &form.lstAnims,
              &form.cmdDo, &form.cmdRepeat, &form.cmdStop, &form.picSlide})
         control->setEnabled(false);
-}
-
-void StartUp::restore(ui::CheckBox& box, const Setting& setting) {
-    const auto value = text::leadingInt16(needs_.settings.read(setting));
-    statement(value && box.setValue(*value) ? Status(Done{}) : Status(kInvalidValue));
-}
-
-void StartUp::restore(ui::ComboBox& list, const Setting& setting) {
-    const auto index = text::leadingInt16(needs_.settings.read(setting));
-    statement(index && list.select(*index) ? Status(Done{}) : Status(kInvalidValue));
-}
-
-void StartUp::restore(ui::Picker& picker, const Setting& setting) {
-    const auto stored = text::dateOf(needs_.settings.read(setting));
-    if (const auto value = stored ? stored : text::dateOf(setting.fallback))
-        picker.setValue(*value);
 }
 
 Status StartUp::startTimer() {
@@ -226,8 +216,8 @@ Status StartUp::startTimer() {
 }
 
 Status StartUp::restoreRules() {
-    restore(needs_.form.chkDotDash, setting::kDotDash);
-    restore(needs_.form.chkIcon, setting::kIconFiles);
+    for (const StoredControl& row : storedRules())
+        restoreRow(row);
     return Done{};
 }
 

@@ -4,6 +4,7 @@
 #include "app/run_key.h"
 #include "app/schedule_options.h"
 #include "app/settings.h"
+#include "app/stored_controls.h"
 #include "cleaner/nasty_file_list.h"
 #include "cleaner/statistics.h"
 #include "cleaner/watched_folder_list.h"
@@ -70,6 +71,8 @@ private:
     platform::Status readRunKey();
     platform::Status readSpeechFrequency();
     platform::Status restoreControls();
+    platform::Status readTotal();
+    platform::Status restoreTab();
     platform::Status startTimer();
     platform::Status restoreRules();
     platform::Status showFolderHint();
@@ -81,11 +84,10 @@ private:
     platform::Status startTabFrame();
     platform::Status showWindowWithoutTray();
 
-    void restoreCharacterSwitch();
-    void statement(const platform::Status& outcome);
-    void restore(ui::CheckBox& box, const Setting& setting);
-    void restore(ui::ComboBox& list, const Setting& setting);
-    void restore(ui::Picker& picker, const Setting& setting);
+    void restoreRow(const StoredControl& row);
+    void switchCharacterOff();
+    /// Asks whether to go on behind a failing statement. No ends the program.
+    [[nodiscard]] bool goesOn(const platform::Failure& failure);
 
     Needs needs_;
     bool ended_ = false;

@@ -77,8 +77,9 @@ void ScanRun::showProgress() {
     if (now - shownAt_ < kProgressInterval)
         return;
     shownAt_ = now;
-    const std::string text =
-        needs_.speech.messages.getMessage(54) + " (" + std::to_string(needs_.sweep.scanItemCount) + ")";
+    const auto& messages = needs_.speech.messages;
+    const std::string text = messages.getMessage(54) + " " +
+                             messages.getText("goneSoFar", {std::to_string(needs_.sweep.scanItemCount)});
     setTip(text);
     needs_.statistics.showRunning(text);
 }

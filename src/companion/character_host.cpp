@@ -56,10 +56,8 @@ void CharacterHost::loadCharacter() {
     Actor& actor = needs_.actor;
     if (!needs_.form.chkAgent.checked() || actor.name.empty())
         return;
-    if (needs_.service.character(actor.name) == nullptr) {
-        voiceIsSet_ = false;
+    if (needs_.service.character(actor.name) == nullptr)
         needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
-    }
     needs_.service.setMenu({needs_.tables.messageTable.getText("menuNextScreen")});
     actor.character = needs_.service.character(actor.name);
     if (actor.character != nullptr) {
@@ -94,14 +92,13 @@ void CharacterHost::place(platform::Character& character) const {
     put(character, onOneScreen(areaOf(character), screens));
 }
 
-void CharacterHost::setVoice(platform::Character& character) {
+void CharacterHost::setVoice(platform::Character& character) const {
     const language::LanguageTables& tables = needs_.tables;
     if (!tables.langLanguageId.empty())
         if (const auto id = text::leadingInt32(tables.langLanguageId))
             character.setLanguageId(*id);
     if (!tables.langModeId.empty())
         character.setTtsModeId(tables.langModeId);
-    voiceIsSet_ = !tables.langLanguageId.empty() || !tables.langModeId.empty();
 }
 
 void CharacterHost::fillAnimations() {
@@ -121,13 +118,10 @@ void CharacterHost::unloadCharacter() {
 }
 
 void CharacterHost::chkAgent_Click() {
-    const ui::CheckBox& box = needs_.form.chkAgent;
-    if (!needs_.form.loading)
-        needs_.settings.write(setting::kAgent, std::to_string(box.value()));
     enableSpeechControls();
     if (!needs_.form.window.visible())
         return;
-    if (!box.checked()) {
+    if (!needs_.form.chkAgent.checked()) {
         unloadCharacter();
         needs_.actor.name = needs_.settings.read(setting::kAgentName);
     }
@@ -166,6 +160,7 @@ void CharacterHost::nameLabels() {
     needs_.form.lblDo.setCaption(messages.getMessage(51, {needs_.actor.name}));
 }
 
+<<<<<<< HEAD
 void CharacterHost::languageChanged() {
     if (needs_.form.lstChars.selected() != ui::ListBox::kNone)
         nameLabels();
@@ -189,6 +184,8 @@ void CharacterHost::languageChanged() {
     }
 }
 
+=======
+>>>>>>> f064e7a (app: Drive start-up and storing by one table of controls)
 void CharacterHost::Agent1_Click(const platform::CharacterClick& click) {
     if (click.button != kLeftButton)
         return;

@@ -36,6 +36,8 @@ public:
     void loadCharacter();
 
     void chkAgent_Click();
+    /// Loads the selected character afresh, also when it is the loaded one: another language gives it another
+    /// voice and another greeting, or its own voice back.
     void lstChars_Click();
     void cmdCheckChars_Click() { scanCharacters(); }
 
@@ -48,13 +50,10 @@ public:
     /// A character whose screen has gone is fetched back, and returns when its screen does.
     void screensChanged();
 
-    /// The language has changed under a running program: labels, voice and, when it can be seen, a greeting.
-    void languageChanged();
-
 private:
     void unloadCharacter();
     void place(platform::Character& character) const;
-    void setVoice(platform::Character& character);
+    void setVoice(platform::Character& character) const;
     void fillAnimations();
     void nameLabels();
     void enableSpeechControls();
@@ -64,7 +63,6 @@ private:
     void remember(const platform::Area& place);
 
     Needs needs_;
-    bool voiceIsSet_ = false; ///< a language has chosen the loaded character's voice
 };
 
 } // namespace brovin::companion

@@ -7,7 +7,6 @@ namespace brovin::companion {
 namespace {
 
 using language::PhraseList;
-namespace setting = app::setting;
 
 /// Out of a hundred draws: how many times the character does as it is told.
 constexpr std::size_t kDraws = 100;
@@ -83,16 +82,6 @@ void SpeechCommands::txtSay_GotFocus() {
 void SpeechCommands::setDefault(ui::Button& button) {
     for (ui::Button* other : {&needs_.form.cmdSay, &needs_.form.cmdDo})
         other->setDefault(other == &button);
-}
-
-void SpeechCommands::chkDude_Click() {
-    if (!needs_.form.loading)
-        needs_.settings.write(setting::kDude, std::to_string(needs_.form.chkDude.value()));
-}
-
-void SpeechCommands::cmbDudeSex_Click() {
-    if (!needs_.form.loading)
-        needs_.settings.write(setting::kDudeSex, std::to_string(needs_.form.cmbDudeSex.selected()));
 }
 
 void SpeechCommands::say(const std::string& list, const std::string& otherwise) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/settings.h"
 #include "companion/actor.h"
 #include "companion/announcer.h"
 #include "companion/phrase_engine.h"
@@ -17,7 +16,6 @@ class SpeechCommands {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
         const language::LanguageTables& tables;
         const Actor& actor;
         PhraseEngine& phrases;
@@ -36,9 +34,6 @@ public:
     void lstAnims_Click();
     void lstAnims_GotFocus() { lstAnims_Click(); }
     void txtSay_GotFocus();
-
-    void chkDude_Click();
-    void cmbDudeSex_Click();
 
 private:
     void askForText();

@@ -18,6 +18,10 @@ struct TextRow {
 inline constexpr TextRow kTextRows[] = {
     // Scanning and its log
     {"anotherScan", "Another scan is running at this moment. Please try again when it is done."},
+    {"stopScan",
+     "A scan is running, so I stay until it is done. Shall I stop it?\\n\\nWhat it has deleted by "
+     "then stays deleted."},
+    {"goneSoFar", "%1 gone so far"},
     {"logNotOpened", "The deletion log could not be opened:\\n\\n%1"},
     // The character's menu
     {"menuNextScreen", "&Send to next monitor"},

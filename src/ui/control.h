@@ -11,19 +11,26 @@ namespace brovin::ui {
 class Control;
 
 /// What happens on the screen; fired by the user through a shell or by a write from code. Without a handler
-/// it passes unheard.
+/// it passes unheard; several hear of it in the order in which they were tied.
 template <class... Args>
 class Event {
 public:
-    /// Ties the handler to the event, in place of an earlier one.
-    void operator=(std::function<void(Args...)> handler) { handler_ = std::move(handler); }
+    using Handler = std::function<void(Args...)>;
+
+    /// Ties the handler to the event, in place of earlier ones.
+    void operator=(Handler handler) {
+        handlers_.clear();
+        *this += std::move(handler);
+    }
+    /// Ties the handler to the event, behind earlier ones.
+    void operator+=(Handler handler) { handlers_.push_back(std::move(handler)); }
     void operator()(Args... args) const {
-        if (handler_)
-            handler_(args...);
+        for (const Handler& handler : handlers_)
+            handler(args...);
     }
 
 private:
-    std::function<void(Args...)> handler_;
+    std::vector<Handler> handlers_;
 };
 
 /// A window without a toolkit: the controls on it, which announce themselves here as they are made.
@@ -48,7 +55,11 @@ private:
 /// shell observes it and shows it.
 class Control {
 public:
-    Control(Form& form, std::string name) : name_(std::move(name)) { form.controls_.push_back(this); }
+    /// The caption stands until a language file sets one.
+    Control(Form& form, std::string name, std::string caption = {})
+        : name_(std::move(name)), caption_(std::move(caption)) {
+        form.controls_.push_back(this);
+    }
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;

@@ -45,7 +45,7 @@ struct FrmOptions : Form {
     CheckBox chkCheck{*this, "chkCheck"};
     TextBox txtInterval{*this, "txtInterval"};
     Label lblHours{*this, "lblHours"};
-    Button cmdNuke{*this, "cmdNuke"};
+    Button cmdNuke{*this, "cmdNuke", "Scan NOW"};
 
     // Page 1: nasty files
     Label lblFiles{*this, "lblFiles"};
@@ -121,9 +121,9 @@ struct FrmOptions : Form {
     Label lblFeedback{*this, "lblFeedback"};
 
     // The menu of the icon in the notification area
-    Button mHelp{*this, "mHelp"};
-    Button mPopRestore{*this, "mPopRestore"};
-    Button mPopExit{*this, "mPopExit"};
+    Button mHelp{*this, "mHelp", "&Help"};
+    Button mPopRestore{*this, "mPopRestore", "&Options"};
+    Button mPopExit{*this, "mPopExit", "E&xit..."};
 
     Timer Timer1{*this, "Timer1"};       ///< drives everything that happens by time
     Timer lineTimer{*this, "lineTimer"}; ///< animates the frame around the chosen tab
@@ -132,7 +132,8 @@ struct FrmOptions : Form {
     bool loading = false;
     /// A scan is under way.
     bool scanBusy = false;
-    /// The user has confirmed that the program shall end.
+    /// The program is on its way out, and nothing holds it any more: the user has confirmed it, or an update
+    /// takes its place. It ends when the running handler returns.
     bool exitConfirmed = false;
     /// The tip of the icon in the notification area.
     std::string trayTip;

@@ -93,9 +93,17 @@ TEST(ProgramWithACharacter, greetsOnceEvenWhereItsWindowIsShown) {
 TEST(ProgramWithACharacter, changesItsVoiceWithTheLanguage) {
     World world;
     world.startUp();
-    EXPECT_EQ((Texts{"languageId 1031", "stop", "speak hallo"}),
+    EXPECT_EQ((Texts{"languageId 1031", "show", "speak hallo"}),
               world.after([&] { world.form.lstLang.select(1); }));
     EXPECT_EQ("m51(Peedy,%2)", world.form.lblDo.caption());
+    EXPECT_NE("", world.form.dtpWord.toolTip()) << "its time, which no file knows";
+
+    // In the midst of an update check, and while the character is in hiding
+    world.folder.files["german.blp"] += "languageid=3079\nlblchkWord=Wort\n";
+    world.form.Timer1.setEnabled(false);
+    world.settings.set("AgentShow", "False");
+    EXPECT_EQ((Texts{"languageId 3079", "speak hallo"}), world.after([&] { world.form.lstLang.select(1); }));
+    EXPECT_EQ("09:15:00 Wort", world.form.chkWord.toolTip());
 }
 
 TEST(ProgramWithACharacter, losesNoMessageWithAFileThatDoesNotLoad) {

@@ -72,6 +72,7 @@ TEST(Program, scansFromAnEmptyStoreToACleanFolder) {
     EXPECT_EQ("m15(4,, Fool)", world.dialogs.boxes.back().text);
     EXPECT_EQ("Last scanned on 21 November 2026 10:05:00", world.tray.tips.back());
 
+    world.clock.sinceStart += hours(1);
     world.form.cmdNuke.click();
     EXPECT_EQ("m17(, Fool,%2)", world.dialogs.boxes.back().text) << "a second scan finds nothing";
     EXPECT_EQ("4", world.settings.setting("TotalNuked"));
@@ -148,10 +149,13 @@ TEST(Program, asksWhetherToGoOnAfterAFailingStep) {
     EXPECT_TRUE(world.form.picTab[0].visible());
 
     World cautious;
-    cautious.settings.set("Tab", "99");
+    cautious.settings.set("CheckFreq", "99");
     cautious.dialogs.answers = {Button::No};
     EXPECT_FALSE(cautious.program.Form_Load());
     EXPECT_FALSE(cautious.tray.shown);
+    EXPECT_EQ("99", cautious.settings.setting("CheckFreq"));
+    EXPECT_EQ("1", cautious.settings.setting("UpdateOnStart")) << "restored before";
+    EXPECT_EQ("", cautious.settings.setting("Word")) << "nothing is written behind a No";
 }
 
 TEST(Program, startsWhateverIsWrittenInItsSettings) {
@@ -164,25 +168,26 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
         int questions; ///< whether to try and go on
     } cases[] = {
         {"Force", "yes please", "0", [](const Form& f) { return std::to_string(f.chkForce.value()); }, 0},
-        {"Force", "7", "0", [](const Form& f) { return std::to_string(f.chkForce.value()); }, 1},
-        {"Log", "99999999999", "0", [](const Form& f) { return std::to_string(f.chkLog.value()); }, 1},
-        {"IconFiles", "-1", "0", [](const Form& f) { return std::to_string(f.chkIcon.value()); }, 1},
+        {"Force", "7", "1", [](const Form& f) { return std::to_string(f.chkForce.value()); }, 1},
+        {"Log", "99999999999", "1", [](const Form& f) { return std::to_string(f.chkLog.value()); }, 1},
+        {"IconFiles", "-1", "1", [](const Form& f) { return std::to_string(f.chkIcon.value()); }, 1},
         {"DotDash", "", "0", [](const Form& f) { return std::to_string(f.chkDotDash.value()); }, 0},
         {"Backup", "nan", "0", [](const Form& f) { return std::to_string(f.optDaily.enabled()); }, 0},
-        {"CheckFreq", "4", "-1", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 1},
+        {"CheckFreq", "4", "0", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 1},
         {"CheckFreq", "month", "0", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 0},
         {"DudeSex", "1e9", "0", [](const Form& f) { return std::to_string(f.cmbDudeSex.selected() > 0); }, 1},
         {"SpeechFreq", "loud", "0", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 0},
-        {"SpeechFreq", "40000", "0", [](const Form& f) { return std::to_string(f.speechFreq); }, 1},
+        {"SpeechFreq", "40000", "25", [](const Form& f) { return std::to_string(f.speechFreq); }, 1},
         {"SpeechFreq", "1000", "200", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 0},
         {"Interval", "soon", "1", [](const Form& f) { return f.txtInterval.text(); }, 0},
+        {"Interval", "", "1", [](const Form& f) { return f.txtInterval.text(); }, 0},
         {"Interval", "-3", "1", [](const Form& f) { return f.txtInterval.text(); }, 0},
         {"Interval", "007 hours", "7", [](const Form& f) { return f.txtInterval.text(); }, 0},
         {"KB", "plenty", "0", [](const Form& f) { return std::to_string(f.kbTotal); }, 0},
         {"KB", "3000000000", "0", [](const Form& f) { return std::to_string(f.kbTotal); }, 1},
-        {"BackupDate", "31.2.2026", "23:00", [](const Form& f) { return hourOf(f.dtpBackup); }, 0},
-        {"BackupDate", "2026-02-31T05:00:00", "23:00", [](const Form& f) { return hourOf(f.dtpBackup); }, 0},
-        {"WordTime", "25:99", "09:15", [](const Form& f) { return hourOf(f.dtpWord); }, 0},
+        {"BackupDate", "31.2.2026", "23:00", [](const Form& f) { return hourOf(f.dtpBackup); }, 1},
+        {"BackupDate", "2026-02-31T05:00:00", "23:00", [](const Form& f) { return hourOf(f.dtpBackup); }, 1},
+        {"WordTime", "25:99", "09:15", [](const Form& f) { return hourOf(f.dtpWord); }, 1},
         {"Weekly", "sometimes", "1", [](const Form& f) { return std::to_string(f.optDaily.value()); }, 0},
         {"Tab", "99", "1", [](const Form& f) { return std::to_string(f.picTab[0].visible()); }, 1},
         {"Tab", "-1", "1", [](const Form& f) { return std::to_string(f.picTab[0].visible()); }, 1},
@@ -203,6 +208,12 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
         EXPECT_TRUE(world.tray.shown) << what;
         EXPECT_TRUE(world.form.Timer1.enabled()) << what;
         world.form.Timer1.tick(); // and it goes on
+
+        World next;
+        next.settings.values = world.settings.values;
+        next.dialogs.answers = {Button::Yes};
+        ASSERT_TRUE(next.program.Form_Load()) << what;
+        EXPECT_EQ(std::string(row.key) == "KB" ? row.questions : 0, std::ssize(next.dialogs.boxes)) << what;
     }
 }
 
@@ -255,16 +266,49 @@ TEST(Program, leavesOnlyWhenToldTo) {
     EXPECT_FALSE(world.form.window.visible());
     EXPECT_FALSE(world.shell.ended);
 
-    world.form.scanBusy = true;
-    world.dialogs.answers = {Button::Yes};
-    world.form.cmdExit.click();
-    EXPECT_FALSE(world.shell.ended) << "a scan is never cut off";
-
-    world.form.scanBusy = false;
     world.dialogs.answers = {Button::Yes};
     world.form.cmdExit.click();
     EXPECT_TRUE(world.shell.ended);
     EXPECT_FALSE(world.tray.shown);
+}
+
+TEST(Program, goesOnUnharmedWhenItIsToEndDuringAScan) {
+    for (const Button stop : {Button::No, Button::Yes}) {
+        World world;
+        for (const std::string path : {"/Share/a/junk", "/Share/b/junk"})
+            world.files.addFile(path);
+        world.settings.values[{"filelist.txt", "Number"}] = "1";
+        world.settings.values[{"filelist.txt", "Entry1"}] = "junk";
+        ASSERT_TRUE(world.program.Form_Load());
+        world.dialogs.folders = {"/Share"};
+        world.form.cmdAddFolder.click();
+        world.pump.onPump = [&] {
+            world.pump.onPump = nullptr;
+            world.dialogs.answers = {Button::Yes, stop};
+            world.form.cmdExit.click();
+        };
+        world.form.cmdNuke.click();
+        EXPECT_FALSE(world.shell.ended);
+        EXPECT_TRUE(world.tray.shown);
+        ASSERT_EQ(3U, world.dialogs.boxes.size()) << "leave, stop, the result";
+        EXPECT_EQ(stop == Button::Yes ? "m17(, Fool,%2)" : "m15(2,, Fool)", world.dialogs.boxes[2].text);
+        EXPECT_EQ(stop == Button::Yes ? 0U : 2U, world.files.deleted.size());
+        EXPECT_TRUE(world.form.sbStatus.panel().starts_with("m23("));
+
+        world.form.Timer1.tick();
+        EXPECT_TRUE(world.tray.shown) << "the icon is kept";
+        world.dialogs.answers = {Button::Yes};
+        world.form.cmdExit.click();
+        EXPECT_TRUE(world.shell.ended);
+    }
+}
+
+TEST(Program, hasItsOwnWordsWhereALanguageFileIsSilent) {
+    World world;
+    ASSERT_TRUE(world.program.Form_Load());
+    EXPECT_EQ("&Options", world.form.mPopRestore.caption());
+    EXPECT_EQ("E&xit...", world.form.mPopExit.caption());
+    EXPECT_NE("", world.form.mHelp.caption());
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "app/schedule_options.h"
+#include "app/stored_controls.h"
 
 #include "fakes/fake_machine.h"
 #include "text/date_text.h"
@@ -14,6 +15,7 @@ struct World : fakes::FakeMachine {
         form.optWeekly.click = [this] { schedule.optWeekly_Click(); };
         form.txtInterval.change = [this] { schedule.txtInterval_Change(); };
         form.txtReminder.change = [this] { schedule.txtReminder_Change(); };
+        tieStoring(form, options);
     }
     ui::FrmOptions form;
     Settings options{settings};
@@ -50,7 +52,6 @@ TEST(ScheduleOptions, storeTimesThatCanBeReadAgain) {
     const auto monday = text::dateOf("2026-11-23T07:30:00");
     ASSERT_TRUE(monday.has_value());
     world.form.dtpBackup.setValue(*monday);
-    world.schedule.dtpBackup_Change();
     EXPECT_EQ(monday, text::dateOf(world.settings.setting("BackupDate"))) << "with its weekday";
 
     world.form.chkWord.setCaption("&Word of the day");

@@ -212,7 +212,7 @@ TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
     };
     world.scanRun.runScan();
     EXPECT_EQ((Texts{"Brovin - m54(%1,%2)|m54(%1,%2)", "Brovin - m54(%1,%2)|m54(%1,%2)",
-                     "Brovin - m54(%1,%2) (1)|m54(%1,%2) (1)"}),
+                     "Brovin - m54(%1,%2) 1 gone so far|m54(%1,%2) 1 gone so far"}),
               titles);
     EXPECT_NE(title, world.form.window.caption());
     EXPECT_TRUE(world.form.window.caption().starts_with("Brovin v2.7.106 - 1 "));

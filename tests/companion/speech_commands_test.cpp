@@ -22,7 +22,7 @@ struct World : CompanionWorld {
         form.chkAgent.setValue(1);
     }
     Announcer announcer{{form, actor, phrases, dialogs}};
-    SpeechCommands commands{{form, options, tables, actor, phrases, announcer, random}};
+    SpeechCommands commands{{form, tables, actor, phrases, announcer, random}};
 };
 
 TEST(SpeechCommands, obeyUpToTheirThresholds) {
