@@ -160,32 +160,6 @@ void CharacterHost::nameLabels() {
     needs_.form.lblDo.setCaption(messages.getMessage(51, {needs_.actor.name}));
 }
 
-<<<<<<< HEAD
-void CharacterHost::languageChanged() {
-    if (needs_.form.lstChars.selected() != ui::ListBox::kNone)
-        nameLabels();
-    needs_.service.setMenu({needs_.tables.messageTable.getText("menuNextScreen")});
-    if (needs_.actor.character == nullptr)
-        return;
-    const bool visible = needs_.actor.visible();
-    // A language that names no voice leaves the choice to the character, which has it only afresh.
-    const bool names = !needs_.tables.langLanguageId.empty() || !needs_.tables.langModeId.empty();
-    if (voiceIsSet_ && !names) {
-        unloadCharacter();
-        loadCharacter();
-        if (visible)
-            needs_.actor.show();
-    } else {
-        setVoice(*needs_.actor.character);
-    }
-    if (visible) {
-        needs_.actor.stop(); // whatever it was about to say in the other language
-        say(PhraseList::SpkHello);
-    }
-}
-
-=======
->>>>>>> f064e7a (app: Drive start-up and storing by one table of controls)
 void CharacterHost::Agent1_Click(const platform::CharacterClick& click) {
     if (click.button != kLeftButton)
         return;

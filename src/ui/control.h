@@ -17,13 +17,16 @@ class Event {
 public:
     using Handler = std::function<void(Args...)>;
 
-    /// Ties the handler to the event, in place of earlier ones.
+    /// Ties the handler to the event, in place of earlier ones; an empty one unties them.
     void operator=(Handler handler) {
         handlers_.clear();
         *this += std::move(handler);
     }
     /// Ties the handler to the event, behind earlier ones.
-    void operator+=(Handler handler) { handlers_.push_back(std::move(handler)); }
+    void operator+=(Handler handler) {
+        if (handler)
+            handlers_.push_back(std::move(handler));
+    }
     void operator()(Args... args) const {
         for (const Handler& handler : handlers_)
             handler(args...);

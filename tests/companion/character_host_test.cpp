@@ -192,7 +192,6 @@ TEST(CharacterHost, keepsItsPlaceAfterADragUnlessItIsLost) {
     EXPECT_EQ((Texts{"stopAll", "play Blink"}), world.after([&] { world.host.Agent1_DragStart(); }));
 }
 
-<<<<<<< HEAD
 TEST(CharacterHost, livesOnAnyOfSeveralMonitors) {
     // A large one, to its right a smaller one, to its left one that is lower still; the character is 128 by
     // 128.
@@ -254,24 +253,6 @@ TEST(CharacterHost, comesBackWhenItsMonitorGoesAndReturnsWithIt) {
     EXPECT_EQ("1500", world.settings.setting("AgentX"));
 }
 
-TEST(CharacterHost, speaksTheLanguageThatIsChosen) {
-    World world;
-    world.host.scanCharacters();
-    world.character.isVisible = true;
-    world.tables.langLanguageId = "1036";
-    EXPECT_EQ((Texts{"languageId 1036", "stop", "speak hello"}),
-              world.after([&] { world.host.languageChanged(); }));
-    world.tables.messageTable.set(50, "%1 sagt:");
-    world.tables.langLanguageId.clear();
-    EXPECT_EQ((Texts{"show", "stop", "speak hello"}), world.after([&] { world.host.languageChanged(); }))
-        << "loaded afresh, for its own voice";
-    EXPECT_EQ("Peedy sagt:", world.form.lblSay.caption());
-    world.character.isVisible = false;
-    EXPECT_TRUE(world.after([&] { world.host.languageChanged(); }).empty());
-}
-
-=======
->>>>>>> f064e7a (app: Drive start-up and storing by one table of controls)
 TEST(CharacterHost, answersTenThousandClicksAsOftenAsItShould) {
     World world;
     std::mt19937_64 numbers(20261121);
