@@ -1,7 +1,5 @@
 #include "desktop/voice/espeak_voice.h"
 
-#include "desktop/voice/sound_sink.h"
-
 #include <QLocale>
 #include <QString>
 
@@ -25,7 +23,8 @@ EspeakVoice::~EspeakVoice() {
 }
 
 bool EspeakVoice::available() const {
-    return soundDevicePresent() && !choice_.engine()->voices().voices.empty();
+    server_ = PulseConnection::shared();
+    return server_ != nullptr && !choice_.engine()->voices().voices.empty();
 }
 
 bool EspeakVoice::say(const std::vector<character::SpokenRun>& runs, character::VoiceListener& listener) {

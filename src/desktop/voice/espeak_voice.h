@@ -3,6 +3,7 @@
 #include "character/character_data.h"
 #include "character/stage/voice.h"
 #include "desktop/voice/speech_playback.h"
+#include "voice/pulse_connection.h"
 #include "voice/voice_choice.h"
 
 #include <memory>
@@ -30,6 +31,7 @@ public:
 
 private:
     VoiceChoice choice_;
+    mutable std::shared_ptr<PulseConnection> server_; ///< kept, because making it takes longer than using it
     std::unique_ptr<SpeechPlayback> playback_;
 };
 

@@ -1,7 +1,7 @@
 #include "desktop/voice/sound_player.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
 #include <utility>
 
 namespace brovin::voice {
@@ -10,20 +10,13 @@ namespace {
 /// The device is given this much time to play the end of a sound before it is closed.
 constexpr std::chrono::milliseconds kTail{1000};
 
-QAudioFormat formatOf(const Sound& sound) {
-    QAudioFormat format;
-    format.setSampleRate(sound.rate);
-    format.setChannelCount(sound.channels);
-    format.setSampleFormat(QAudioFormat::Int16);
-    return format;
-}
-
 } // namespace
 
 SoundPlayer::SoundPlayer(std::shared_ptr<const character::CharacterData> character)
     : character_(std::move(character)) {
     over_.setSingleShot(true);
     QObject::connect(&over_, &QTimer::timeout, &over_, [this] { stop(); });
+    QObject::connect(&feed_, &QTimer::timeout, &feed_, [this] { sink_->feed(); });
 }
 
 character::Milliseconds SoundPlayer::play(std::uint32_t sound) {
@@ -35,27 +28,30 @@ character::Milliseconds SoundPlayer::play(std::uint32_t sound) {
         return {};
     sound_ = std::move(*wave);
     next_ = 0;
-    sink_ = std::make_unique<SoundSink>(formatOf(sound_), [this](std::span<char> bytes) { fill(bytes); });
+    sink_ = std::make_unique<SoundSink>(SoundFormat{sound_.rate, sound_.channels},
+                                        [this](std::span<std::int16_t> samples) { return fill(samples); });
     if (!sink_->start()) {
         sink_.reset();
         return {};
     }
+    feed_.start(SoundSink::kFeedInterval);
     over_.start(sound_.length() + kTail);
     return sound_.length();
 }
 
 void SoundPlayer::stop() {
     over_.stop();
+    feed_.stop();
     sink_.reset();
 }
 
-void SoundPlayer::fill(std::span<char> bytes) {
-    const std::size_t left = sound_.samples.size() * sizeof(std::int16_t) - next_;
-    const std::size_t count = std::min(bytes.size(), left);
-    if (count > 0)
-        std::memcpy(bytes.data(), std::as_bytes(std::span(sound_.samples)).subspan(next_).data(), count);
-    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(count), bytes.end(), '\0');
+/// Behind the sound comes silence, so that a short one begins too.
+std::size_t SoundPlayer::fill(std::span<std::int16_t> samples) {
+    const std::size_t count = std::min(samples.size(), sound_.samples.size() - next_);
+    const auto from = sound_.samples.begin() + static_cast<std::ptrdiff_t>(next_);
+    std::fill(std::copy_n(from, count, samples.begin()), samples.end(), std::int16_t{0});
     next_ += count;
+    return samples.size();
 }
 
 } // namespace brovin::voice

@@ -2,7 +2,7 @@
 
 #include "character/character_data.h"
 #include "character/stage/sound_output.h"
-#include "desktop/voice/sound_sink.h"
+#include "voice/sound_sink.h"
 #include "voice/wave_file.h"
 
 #include <QTimer>
@@ -24,12 +24,13 @@ public:
     void stop() override;
 
 private:
-    void fill(std::span<char> bytes);
+    std::size_t fill(std::span<std::int16_t> samples);
 
     std::shared_ptr<const character::CharacterData> character_;
     Sound sound_;
-    std::size_t next_ = 0; ///< byte of it
+    std::size_t next_ = 0; ///< sample of it
     std::unique_ptr<SoundSink> sink_;
+    QTimer feed_;
     QTimer over_;
 };
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstring>
+#include <iterator>
 #include <utility>
 #include <variant>
 
@@ -17,15 +17,7 @@ using std::chrono::milliseconds;
 constexpr milliseconds kFirstWait{20};
 
 constexpr milliseconds kShortestSleep{5};
-constexpr milliseconds kLongestSleep{100};
-
-QAudioFormat speechFormat() {
-    QAudioFormat format;
-    format.setSampleRate(static_cast<int>(kSpeechRate));
-    format.setChannelCount(1);
-    format.setSampleFormat(QAudioFormat::Int16);
-    return format;
-}
+constexpr milliseconds kLongestSleep = SoundSink::kFeedInterval;
 
 } // namespace
 
@@ -43,7 +35,8 @@ SpeechPlayback::~SpeechPlayback() {
 bool SpeechPlayback::start(SpeechJob job) {
     job.stream = stream_;
     engine_->speak(std::move(job)); // it works while the device is being opened
-    sink_ = std::make_unique<SoundSink>(speechFormat(), [this](std::span<char> bytes) { fill(bytes); });
+    sink_ = std::make_unique<SoundSink>(SoundFormat{static_cast<int>(kSpeechRate), 1},
+                                        [this](std::span<std::int16_t> samples) { return fill(samples); });
     if (!sink_->start()) {
         silence();
         return false;
@@ -60,34 +53,27 @@ void SpeechPlayback::silence() {
     engine_->wake();
 }
 
-void SpeechPlayback::fill(std::span<char> bytes) {
+/// What is said is handed over as it is made. Behind its end comes silence, so that the end itself is heard.
+std::size_t SpeechPlayback::fill(std::span<std::int16_t> samples) {
     if (played_ == 0)
         stream_->awaitFirst(kFirstWait);
-    std::vector<std::int16_t> samples(bytes.size() / sizeof(std::int16_t));
     std::vector<SpeechEvent> events;
     const SpeechStream::Taken taken = stream_->take(samples, events);
     if (taken.roomAgain)
         engine_->wake();
-    std::memcpy(bytes.data(), samples.data(), bytes.size());
-    schedule(std::move(events));
+    std::move(events.begin(), events.end(), std::back_inserter(due_));
     played_ += static_cast<std::int64_t>(taken.samples);
-    if (taken.samples == samples.size())
-        return;
     if (end_ < 0 && stream_->over())
         end_ = played_;
-    const auto missing = static_cast<std::int64_t>(samples.size() - taken.samples);
-    played_ += missing;
-    gaps_ += missing;
-}
-
-void SpeechPlayback::schedule(std::vector<SpeechEvent> events) {
-    for (SpeechEvent& event : events) {
-        event.sample += gaps_;
-        due_.push_back(std::move(event));
-    }
+    starved_ = end_ < 0 && taken.samples < samples.size();
+    if (end_ < 0)
+        return taken.samples;
+    std::fill(samples.begin() + static_cast<std::ptrdiff_t>(taken.samples), samples.end(), std::int16_t{0});
+    return samples.size();
 }
 
 void SpeechPlayback::tick() {
+    sink_->feed();
     const std::int64_t heard = sink_->heard().count() * kSpeechRate / 1'000'000;
     if (sink_->lost())
         takeUnheard(heard);
@@ -97,9 +83,9 @@ void SpeechPlayback::tick() {
 
 /// Without a device nobody asks for the samples, but what lies among them is still to be told.
 void SpeechPlayback::takeUnheard(std::int64_t heard) {
-    std::array<char, 4096> scrap{};
-    while (end_ < 0 && played_ < heard)
-        fill(scrap);
+    std::array<std::int16_t, 2048> scrap{};
+    for (std::size_t taken = 1; taken > 0 && end_ < 0 && played_ < heard;)
+        taken = fill(scrap);
 }
 
 /// False: that was all, or the listener wants no more.
@@ -129,12 +115,12 @@ void SpeechPlayback::tell(const SpeechEvent& event) {
 }
 
 void SpeechPlayback::arm(std::int64_t heard) {
-    milliseconds sleep = kLongestSleep;
+    milliseconds sleep = starved_ ? kShortestSleep : kLongestSleep;
     const auto until = [&](std::int64_t sample) {
         return milliseconds{(sample - heard) * 1000 / kSpeechRate + 1};
     };
     if (!due_.empty())
-        sleep = until(due_.front().sample);
+        sleep = std::min(sleep, until(due_.front().sample));
     else if (end_ >= 0)
         sleep = until(end_);
     timer_.start(std::clamp(sleep, kShortestSleep, kLongestSleep));

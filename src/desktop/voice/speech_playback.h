@@ -1,7 +1,7 @@
 #pragma once
 
 #include "character/stage/voice.h"
-#include "desktop/voice/sound_sink.h"
+#include "voice/sound_sink.h"
 #include "voice/speech_engine.h"
 #include "voice/speech_stream.h"
 
@@ -33,8 +33,7 @@ public:
     [[nodiscard]] bool telling() const { return telling_; }
 
 private:
-    void fill(std::span<char> bytes);
-    void schedule(std::vector<SpeechEvent> events);
+    std::size_t fill(std::span<std::int16_t> samples);
     void tick();
     void takeUnheard(std::int64_t heard);
     bool tellUpTo(std::int64_t heard);
@@ -48,8 +47,8 @@ private:
     QTimer timer_;
     std::deque<SpeechEvent> due_; ///< by the sample of what is played
     std::int64_t played_ = 0;     ///< samples that were handed over
-    std::int64_t gaps_ = 0;       ///< of them, silence where nothing was ready
     std::int64_t end_ = -1;       ///< of the statement, in samples played; -1: not known yet
+    bool starved_ = false;        ///< the synthesizer was too slow for the device
     bool telling_ = false;
 };
 
