@@ -23,19 +23,24 @@ private:
     long timesInterrupted_;
 };
 
+enum class ReadingAhead { WhereSlow, Always };
+
 /// Whether a disk is worth reading ahead on.
 class DiskPace {
 public:
+    explicit DiskPace(ReadingAhead when) : always_(when == ReadingAhead::Always) {}
+
     static constexpr std::chrono::nanoseconds kFast = std::chrono::microseconds(50); ///< a folder at most
 
     void note(std::optional<std::chrono::nanoseconds> took);
 
     /// From the first folder that really had to be waited for until many were fast again.
-    [[nodiscard]] bool slow() const { return slow_; }
+    [[nodiscard]] bool slow() const { return slow_ || always_; }
 
 private:
     std::chrono::nanoseconds mean_{0};
     bool slow_ = false;
+    bool always_;
 };
 
 } // namespace brovin::posix

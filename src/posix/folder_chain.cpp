@@ -53,7 +53,8 @@ platform::Status FolderChain::giveUpHighest() {
     struct stat facts {};
     if (::fstat(level.folder->number(), &facts) != 0)
         return lastFailure();
-    proveLevel(highestOpen_ + 1); // as long as the folder above is open
+    proveLevel(highestOpen_); // as long as it and the folder above are open
+    proveLevel(highestOpen_ + 1);
     level.folder.reset();
     level.device = facts.st_dev;
     level.inode = facts.st_ino;

@@ -15,8 +15,8 @@
 
 namespace brovin::posix {
 
-PosixFolderWalk::PosixFolderWalk(Descriptor root)
-    : root_(FolderChain::held(std::move(root))), chain_(root_->number()) {
+PosixFolderWalk::PosixFolderWalk(Descriptor root, ReadingAhead when)
+    : root_(FolderChain::held(std::move(root))), chain_(root_->number()), pace_(when) {
     watch_.start();
 }
 

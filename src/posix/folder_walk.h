@@ -18,7 +18,7 @@ namespace brovin::posix {
 class PosixFolderWalk final : public platform::FolderWalk {
 public:
     /// `root` is a folder that is open for reading.
-    explicit PosixFolderWalk(Descriptor root);
+    PosixFolderWalk(Descriptor root, ReadingAhead when);
 
     ~PosixFolderWalk() override;
     PosixFolderWalk(const PosixFolderWalk&) = delete;

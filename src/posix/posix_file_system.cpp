@@ -21,7 +21,7 @@ platform::Result<std::unique_ptr<platform::FolderWalk>> PosixFileSystem::open(co
     platform::Result<Descriptor> root = openFolder(path);
     if (!root)
         return root.failure();
-    return std::unique_ptr<platform::FolderWalk>(std::make_unique<PosixFolderWalk>(std::move(*root)));
+    return std::unique_ptr<platform::FolderWalk>(std::make_unique<PosixFolderWalk>(std::move(*root), when_));
 }
 
 std::optional<std::string> PosixFileSystem::findWithoutCase(const std::string& loweredPath) {

@@ -54,6 +54,7 @@ private:
 
 class DiskWorld final : public World {
 public:
+    explicit DiskWorld(posix::ReadingAhead when) : files_(when) {}
     platform::FileSystem& files() override { return files_; }
     [[nodiscard]] std::string root() const override { return scratch_.path(); }
     void addFolder(const std::string& name) override { scratch_.addFolder(name); }
@@ -82,9 +83,16 @@ protected:
     std::unique_ptr<World> world_ = GetParam().make();
 };
 
+template <class Disk, auto... How>
+std::unique_ptr<World> make() {
+    return std::make_unique<Disk>(How...);
+}
+
 INSTANTIATE_TEST_SUITE_P(On, FileSystemContract,
-                         testing::Values(Kind{"FakeDisk", [] { return std::make_unique<FakeWorld>(); }},
-                                         Kind{"RealDisk", [] { return std::make_unique<DiskWorld>(); }}),
+                         testing::Values(Kind{"FakeDisk", make<FakeWorld>},
+                                         Kind{"RealDisk", make<DiskWorld, posix::ReadingAhead::WhereSlow>},
+                                         Kind{"RealDiskReadAhead",
+                                              make<DiskWorld, posix::ReadingAhead::Always>}),
                          [](const auto& kind) { return kind.param.name; });
 
 TEST_P(FileSystemContract, listsEachEntryUnderItsLoweredAndItsTrueName) {

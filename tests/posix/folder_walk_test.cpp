@@ -18,16 +18,21 @@ using platform::EntryKind;
 using platform::Force;
 using Paths = std::vector<std::string>;
 
-class FolderWalkTest : public testing::Test {
+class FolderWalkTest : public testing::TestWithParam<ReadingAhead> {
 protected:
     std::unique_ptr<platform::FolderWalk> open(const std::string& name = "") {
-        return std::move(*PosixFileSystem().open(disk_.path(name)));
+        return std::move(*PosixFileSystem(GetParam()).open(disk_.path(name)));
     }
 
     ScratchFolder disk_;
 };
 
-TEST_F(FolderWalkTest, opensOnlyFoldersAndNeverWaits) {
+INSTANTIATE_TEST_SUITE_P(On, FolderWalkTest, testing::Values(ReadingAhead::WhereSlow, ReadingAhead::Always),
+                         [](const auto& when) {
+                             return when.param == ReadingAhead::Always ? "SlowDisk" : "FastDisk";
+                         });
+
+TEST_P(FolderWalkTest, opensOnlyFoldersAndNeverWaits) {
     disk_.addFile("file");
     disk_.addLink("nowhere", "missing");
     ASSERT_EQ(0, ::mkfifo(disk_.path("pipe").c_str(), 0600));
@@ -39,7 +44,7 @@ TEST_F(FolderWalkTest, opensOnlyFoldersAndNeverWaits) {
     EXPECT_FALSE(files.open(disk_.path() + std::string("\0/x", 3))) << "the path would end early";
 }
 
-TEST_F(FolderWalkTest, reachesTheWatchedFolderThroughLinksButFollowsNoneBelow) {
+TEST_P(FolderWalkTest, reachesTheWatchedFolderThroughLinksButFollowsNoneBelow) {
     disk_.addFile("watched/file", 10);
     disk_.addFile("elsewhere/kept", 1000);
     disk_.addLink("shortcut", "watched");
@@ -61,7 +66,7 @@ TEST_F(FolderWalkTest, reachesTheWatchedFolderThroughLinksButFollowsNoneBelow) {
               disk_.tree());
 }
 
-TEST_F(FolderWalkTest, staysInTheFolderThatItHoldsWhenItsPathIsTakenOver) {
+TEST_P(FolderWalkTest, staysInTheFolderThatItHoldsWhenItsPathIsTakenOver) {
     disk_.addFile("watched/sub/mine");
     disk_.addFile("elsewhere/mine");
     const auto walk = open("watched");
@@ -73,7 +78,7 @@ TEST_F(FolderWalkTest, staysInTheFolderThatItHoldsWhenItsPathIsTakenOver) {
               disk_.tree());
 }
 
-TEST_F(FolderWalkTest, handlesNamesThatAreNotUtf8ByteForByte) {
+TEST_P(FolderWalkTest, handlesNamesThatAreNotUtf8ByteForByte) {
     const std::string strange = "St\xC4nge\xFF";
     disk_.addFile(strange, 7);
     const auto walk = open();
@@ -83,22 +88,30 @@ TEST_F(FolderWalkTest, handlesNamesThatAreNotUtf8ByteForByte) {
     EXPECT_EQ(Paths{}, disk_.tree());
 }
 
-TEST_F(FolderWalkTest, listsFoldersThatOutgrowItsMemory) {
-    const std::string filler(250, 'X');
-    for (int i = 100; i < 1'000; ++i)
-        disk_.addText(filler + std::to_string(i), "");
+TEST_P(FolderWalkTest, listsHugeFoldersPieceByPiece) {
+    constexpr int kFiles = 1'300; // more than is read ahead of one folder
+    const std::string filler(240, 'X');
+    for (int i = 0; i < kFiles; ++i)
+        disk_.addText("sub/" + filler + std::to_string(i), "");
+    disk_.addFolder("sub/below");
     const auto walk = open();
-    const auto entries = *walk->list();
+    EXPECT_EQ(1U, walk->list()->size());
+    ASSERT_TRUE(walk->enter("sub"));
     Paths listed;
-    for (const platform::Entry& entry : entries) {
-        EXPECT_EQ(std::string(250, 'x'), entry.name.substr(0, 250));
-        listed.emplace_back(entry.trueName);
+    for (auto piece = walk->list(); !piece->empty(); piece = walk->listMore()) {
+        for (const platform::Entry& entry : *piece) {
+            EXPECT_TRUE(entry.kind == EntryKind::Folder || walk->deleteFile(entry.trueName, Force::Yes));
+            listed.emplace_back(entry.name);
+        }
     }
     std::ranges::sort(listed);
-    EXPECT_EQ(disk_.tree(), listed);
+    EXPECT_EQ(kFiles + 1U, listed.size());
+    EXPECT_EQ(listed.end(), std::ranges::adjacent_find(listed));
+    EXPECT_TRUE(walk->enter("below"));
+    EXPECT_EQ((Paths{"sub", "sub/below"}), disk_.tree());
 }
 
-TEST_F(FolderWalkTest, goesDeeperThanDescriptorsAndPathsReach) {
+TEST_P(FolderWalkTest, goesDeeperThanDescriptorsAndPathsReach) {
     constexpr int kLevels = 1000;
     makeDeepTree(disk_.path(), kLevels);
     const DescriptorLimit few(64);
@@ -115,7 +128,7 @@ TEST_F(FolderWalkTest, goesDeeperThanDescriptorsAndPathsReach) {
     EXPECT_EQ(Paths{}, disk_.tree());
 }
 
-TEST_F(FolderWalkTest, endsWhenTheWayBackUpWasMoved) {
+TEST_P(FolderWalkTest, endsWhenTheWayBackUpWasMoved) {
     constexpr int kLevels = 100;
     disk_.addFolder("watched");
     disk_.addFile("elsewhere/mine");
@@ -135,7 +148,7 @@ TEST_F(FolderWalkTest, endsWhenTheWayBackUpWasMoved) {
     EXPECT_TRUE(std::filesystem::exists(disk_.path("elsewhere/mine")));
 }
 
-TEST_F(FolderWalkTest, saysWhyALockedFolderIsNotEntered) {
+TEST_P(FolderWalkTest, saysWhyALockedFolderIsNotEntered) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "no folder is locked for the administrator";
     disk_.addFolder("locked");
