@@ -87,9 +87,9 @@ Timbre ownTimbre(const character::CharacterData& character) {
     mixer.add(settings.mode);
     const bool female = isFemale(settings, mixer);
     const bool high = female || settings.pitchHertz.value_or(0) > kHighHertz;
-    Timbre timbre =
-        numberedTimbre(high ? Gender::Female : Gender::Male,
-                       static_cast<unsigned>(mixer.draw(high ? std::size(kWomen) : std::size(kMen))));
+    Timbre timbre = numberedTimbre(
+        high ? Gender::Female : Gender::Male,
+        static_cast<unsigned>(mixer.draw(static_cast<int>(high ? std::size(kWomen) : std::size(kMen)))));
     timbre.female = female;
     timbre.ownHertz =
         static_cast<int>(timbre.middleHertz * ageFactor(settings) * (92 + mixer.draw(17)) / 100);
