@@ -83,17 +83,7 @@ private:
 inline Raw informationHead(std::uint32_t flags, const RawFile::Place& localized = {}) {
     Raw head;
     head.u16(1).u16(2).locator(localized);
-    head.u32(0xCA141FD0)
-        .u16(0xAC7F)
-        .u16(0x11D1)
-        .u8(0x97)
-        .u8(0xA3)
-        .u8(0)
-        .u8(0x60)
-        .u8(8)
-        .u8(0x27)
-        .u8(0x30)
-        .u8(8);
+    head.u32(0xCA141FD0).u16(0xAC7F).u16(0x11D1).u32(0x6000A397).u32(0x08302708);
     return head.u16(16).u16(12).u8(10).u32(flags).u16(2).u16(0);
 }
 

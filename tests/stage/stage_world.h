@@ -1,11 +1,7 @@
 #pragma once
 
 #include "character/stage/stage.h"
-#include "fakes/fake_stage_balloon.h"
-#include "fakes/fake_stage_chance.h"
-#include "fakes/fake_stage_sound.h"
-#include "fakes/fake_stage_surface.h"
-#include "fakes/fake_stage_voice.h"
+#include "fakes/fake_stage.h"
 #include "stage/stage_character.h"
 
 #include <memory>

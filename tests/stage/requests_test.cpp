@@ -1,3 +1,4 @@
+#include "character/stage/request.h"
 #include "stage/stage_world.h"
 
 #include <gtest/gtest.h>
@@ -228,6 +229,23 @@ TEST(RequestQueue, waitsForTheSoundOfAnAnimation) {
     const RequestHandle quiet = accepted(world.stage->play("Bang"));
     EXPECT_EQ((Lines{"700 frame Bang0"}), world.pass(Milliseconds{100}));
     EXPECT_EQ("complete", outcomeOf(quiet));
+}
+
+TEST(StopTypes, areReadFromTheirNames) {
+    const struct {
+        std::string_view names;
+        StopTypes types;
+    } cases[] = {
+        {"Play", kStopPlay},
+        {"move,SPEAK", kStopMove | kStopSpeak},
+        {" Play , Speak ", kStopPlay | kStopSpeak},
+        {"Get,NonQueuedGet", 0},
+        {"Dance", 0},
+        {",,Move,", kStopMove},
+        {"", kStopEverything},
+    };
+    for (const auto& [names, types] : cases)
+        EXPECT_EQ(types, parseStopTypes(names)) << names;
 }
 
 } // namespace
