@@ -235,7 +235,8 @@ private:
                 if (const Entry* entry = entryOf(key))
                     captions.push_back({key, entry->value});
             for (const auto& [first, second] : sharedLetters(captions)) {
-                std::string what = first + " has the same Alt letter as " + second;
+                std::string what = first;
+                what.append(" has the same Alt letter as ").append(second);
                 if (told_.insert(what).second)
                     fault(entryOf(first)->line, std::move(what));
             }
