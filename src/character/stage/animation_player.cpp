@@ -2,6 +2,7 @@
 
 #include "character/stage/mouth_overlay.h"
 
+#include <cmath>
 #include <utility>
 
 namespace brovin::character {
@@ -19,6 +20,8 @@ void AnimationPlayer::play(const Animation& animation) {
     running_ = true;
     leaving_ = false;
     strayed_ = false;
+    hurried_ = false;
+    pace_ = 1;
     mouth_.reset();
 }
 
@@ -30,7 +33,19 @@ void AnimationPlayer::leave() {
     due_.reset();
     leaving_ = true;
     strayed_ = false;
+    hurried_ = false;
+    pace_ = 1;
     stepsOut_ = animation_->frames.size();
+}
+
+void AnimationPlayer::hurry(Milliseconds within) {
+    if (!running_ || std::exchange(hurried_, true))
+        return;
+    sound_.reset();
+    needs_.sounds.stop();
+    const Milliseconds left = timeLeft(*animation_, at_, leaving_);
+    if (left > within)
+        pace_ = static_cast<double>(within.count()) / static_cast<double>(left.count());
 }
 
 void AnimationPlayer::pose(const Animation& animation, FrameIndex frame) {
@@ -90,7 +105,8 @@ Milliseconds AnimationPlayer::step() {
         return Milliseconds{0};
     }
     enter(*next);
-    return animation_->frames[*next].duration;
+    const Milliseconds time = animation_->frames[*next].duration;
+    return hurried_ ? Milliseconds{std::lround(static_cast<double>(time.count()) * pace_)} : time;
 }
 
 void AnimationPlayer::enter(FrameIndex index) {
@@ -99,7 +115,7 @@ void AnimationPlayer::enter(FrameIndex index) {
     if (!isShown(frame))
         return;
     arrival_ = index;
-    if (frame.sound)
+    if (frame.sound && !hurried_)
         sound_ = frame.sound;
 }
 

@@ -54,6 +54,10 @@ public:
     /// Lays the nearest mouth that the frame has over it. nullopt: none.
     void setMouth(std::optional<Mouth> mouth);
 
+    /// What is left of the animation is shown in about this time, if it would take longer, and without
+    /// sounds.
+    void hurry(Milliseconds within);
+
     Wake advance(Moment now);
 
 private:
@@ -71,6 +75,8 @@ private:
     bool running_ = false;
     bool leaving_ = false;
     bool strayed_ = false;
+    bool hurried_ = false;
+    double pace_ = 1;          ///< of a frame's time, what it gets
     std::size_t stepsOut_ = 0; ///< how many the way out may still take
 
     std::optional<FrameIndex> arrival_;  ///< entered, but not on the screen yet

@@ -22,6 +22,18 @@ std::optional<FrameIndex> drawBranch(const Frame& frame, Chance& chance) {
     return std::nullopt;
 }
 
+/// nullopt: the animation is over.
+std::optional<FrameIndex> likelyNext(const Animation& animation, FrameIndex frame, bool leaving) {
+    const Frame& from = animation.frames[frame];
+    if (leaving && from.exitFrame)
+        return from.exitFrame;
+    for (const Branch& branch : from.branches)
+        if (branch.percent > kWhole / 2)
+            return branch.frame;
+    const std::size_t next = std::size_t{frame} + 1;
+    return next < animation.frames.size() ? std::optional(static_cast<FrameIndex>(next)) : std::nullopt;
+}
+
 } // namespace
 
 bool isShown(const Frame& frame) {
@@ -38,6 +50,20 @@ std::optional<FrameIndex> nextFrame(const Animation& animation, FrameIndex frame
 std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame, Chance& chance) {
     const auto& exit = animation.frames[frame].exitFrame;
     return exit ? exit : nextFrame(animation, frame, chance);
+}
+
+Milliseconds timeLeft(const Animation& animation, std::optional<FrameIndex> frame, bool leaving) {
+    Milliseconds time{0};
+    for (std::size_t steps = 0; steps < animation.frames.size(); ++steps) {
+        std::optional<FrameIndex> next = FrameIndex{0};
+        if (frame)
+            next = likelyNext(animation, *frame, leaving);
+        if (!next)
+            break;
+        time += animation.frames[*next].duration;
+        frame = next;
+    }
+    return time;
 }
 
 bool hasExits(const Animation& animation) {

@@ -2,6 +2,7 @@
 
 #include "character/character_data.h"
 #include "character/stage/chance.h"
+#include "character/stage/moment.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,6 +22,11 @@ using FrameIndex = std::uint16_t;
 /// The same for an animation that is to end early: the exit frame goes before all else.
 [[nodiscard]] std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame,
                                                      Chance& chance);
+
+/// How long an animation goes on from behind `frame` (from its beginning: nullopt) by its most probable way,
+/// or by its exits when `leaving`. Of a loop, one round.
+[[nodiscard]] Milliseconds timeLeft(const Animation& animation, std::optional<FrameIndex> frame,
+                                    bool leaving);
 
 /// Whether any frame says how to leave early.
 [[nodiscard]] bool hasExits(const Animation& animation);

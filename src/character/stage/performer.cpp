@@ -75,9 +75,13 @@ bool Performer::canSpeak() const {
     return !busy() && player_.shown() != nullptr && !player_.shown()->mouths.empty();
 }
 
-Wake Performer::advance(Moment now) {
+Wake Performer::advance(Moment now, Haste haste) {
     pending_ = false;
     for (;;) {
+        if (phase_ == Phase::GoingBack && haste != Haste::None)
+            player_.hurry(kLongestWayBack);
+        else if (phase_ == Phase::Acting && (haste == Haste::Pose || haste == Haste::Entrance))
+            player_.hurry(haste == Haste::Pose ? kLongestPose : kLongestEntrance);
         const Wake wake = player_.advance(now);
         if (player_.playing())
             return wake;

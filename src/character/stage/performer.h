@@ -15,6 +15,19 @@ enum class WithoutExits : std::uint8_t {
     PlayOn, ///< it goes on to its end
 };
 
+/// How long each kind of animation takes at most while something else waits for it.
+inline constexpr Milliseconds kLongestWayBack{400};
+inline constexpr Milliseconds kLongestPose{200};
+inline constexpr Milliseconds kLongestEntrance{700};
+
+/// What of a performance is to be over soon, because something waits for it.
+enum class Haste : std::uint8_t {
+    None,
+    WayBack,  ///< what leads back from an animation
+    Pose,     ///< and the animation itself, which only leads to the pose for speaking
+    Entrance, ///< and the animation itself, by which the character appears
+};
+
 /// Plays animations one after another, and between them what leads back from the one before: its return
 /// animation, or its exit frames.
 class Performer {
@@ -61,7 +74,7 @@ public:
     [[nodiscard]] bool canSpeak() const;
     void setMouth(std::optional<Mouth> mouth) { player_.setMouth(mouth); }
 
-    Wake advance(Moment now);
+    Wake advance(Moment now, Haste haste);
 
 private:
     enum class Phase : std::uint8_t { Resting, GoingBack, Acting };

@@ -20,6 +20,7 @@ public:
     RequestHandle add(RequestKind kind, std::unique_ptr<Act> act);
 
     [[nodiscard]] bool empty() const { return items_.empty(); }
+    [[nodiscard]] std::size_t size() const { return items_.size(); }
     /// The kind in progress; nullopt: none.
     [[nodiscard]] std::optional<RequestKind> running() const;
 

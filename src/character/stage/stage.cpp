@@ -38,7 +38,7 @@ Wake Stage::advance(Moment now) {
 /// Goes round until there is nothing left to be done at this moment.
 Wake Stage::carryOn(Moment now) {
     for (;;) {
-        Wake wake = performer_.advance(now);
+        Wake wake = performer_.advance(now, haste());
         const RequestQueue::Progress progress = queue_.advance(now);
         wake = sooner(wake, progress.wake);
         if (progress.ended)
@@ -48,6 +48,14 @@ Wake Stage::carryOn(Moment now) {
         if (!performer_.pending())
             return wake;
     }
+}
+
+Haste Stage::haste() const {
+    if (queue_.running() == RequestKind::Show && queue_.size() > 1)
+        return Haste::Entrance;
+    if (queue_.running() == RequestKind::Speak)
+        return Haste::Pose;
+    return queue_.empty() ? Haste::None : Haste::WayBack;
 }
 
 StageParts Stage::parts() {

@@ -108,6 +108,7 @@ private:
     RequestHandle ask(RequestKind kind, std::unique_ptr<Act> act);
     [[nodiscard]] StageParts parts();
     Wake carryOn(Moment now);
+    [[nodiscard]] Haste haste() const;
     void userShowsUp(Event event);
 
     std::shared_ptr<const CharacterData> character_;
