@@ -126,6 +126,35 @@ TEST(Idle, isNotCutShortByAClickAlone) {
     EXPECT_EQ((Lines{"frame Sleep2"}), untimed(asleep.pass(seconds{9}))) << "a click wakes it up";
 }
 
+TEST(Idle, sleepsQuietlyAndWakesNowAndThen) {
+    TestCharacter character = idler();
+    character.animation("Yawn", {{.sound = 1}});
+    character.data.states[5].animations.push_back(character.index("Yawn"));
+    Animation& sleep = character.data.animations[character.index("Sleep")];
+    sleep.frames[0].sound = 2; // both frames of the loop
+    sleep.frames[1].sound = 3;
+    QuietWorld world(character);
+    world.chance.seed(1);
+    world.pass(seconds{300});
+    std::string last;
+    int wakings = 0;
+    std::vector<long> sounds;
+    for (const std::string& line : world.pass(hours{10})) {
+        if (line.find(" sound ") != std::string::npos && !line.ends_with("off"))
+            sounds.push_back(std::stol(line));
+        if (line.ends_with("Yawn0") || line.ends_with("Sleep2")) {
+            EXPECT_NE(last, line.substr(line.find(' '))) << "not twice running";
+            last = line.substr(line.find(' '));
+            wakings += line.ends_with("Sleep2") ? 1 : 0;
+        }
+    }
+    EXPECT_GE(wakings, 60) << "after ten minutes at the latest";
+    EXPECT_LE(wakings, 200) << "and not before three";
+    EXPECT_LE(sounds.size(), 3U * static_cast<std::size_t>(wakings + 1)) << "each once, and not in the loop";
+    for (std::size_t i = 2; i < sounds.size(); ++i)
+        ASSERT_GE(sounds[i] - sounds[i - 2], 60'000) << "two in a minute";
+}
+
 TEST(Idle, canBeSwitchedOff) {
     ShownWorld world(idler());
     world.pass(Milliseconds{10'050});

@@ -1,5 +1,6 @@
 #include "character/stage/idle_behaviour.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -18,16 +19,16 @@ constexpr std::array<Level, 3> kLevels = {{
     {kIdleLevel3After, Situation::IdlingLevel3},
 }};
 
-Milliseconds drawPause(Chance& chance) {
-    const auto spread = static_cast<double>((kLongestIdlePause - kShortestIdlePause).count());
-    return kShortestIdlePause + Milliseconds{std::lround(chance.next() * spread)};
+Milliseconds drawBetween(Milliseconds shortest, Milliseconds longest, Chance& chance) {
+    const auto spread = static_cast<double>((longest - shortest).count());
+    return shortest + Milliseconds{std::lround(chance.next() * spread)};
 }
 
 } // namespace
 
 Wake IdleBehaviour::advance(Moment now) {
     if (needs_.performer.busy())
-        return std::nullopt;
+        return acting_ ? sleepOn(now) : std::nullopt;
     if (!restingSince_)
         restingSince_ = now;
     if (!on_)
@@ -48,6 +49,8 @@ void IdleBehaviour::interrupt(WithoutExits otherwise) {
     if (acting_)
         needs_.performer.stop(otherwise);
     acting_ = acting_ && otherwise == WithoutExits::PlayOn; // what is cut makes room for others
+    if (!acting_)
+        needs_.sounds.endCalm();
     if (!idlingSince_)
         return;
     idlingSince_.reset();
@@ -56,17 +59,48 @@ void IdleBehaviour::interrupt(WithoutExits otherwise) {
 
 Wake IdleBehaviour::actIfDue(Moment now) {
     if (!nextAct_)
-        nextAct_ = now + drawPause(needs_.chance);
+        nextAct_ = now + drawBetween(kShortestIdlePause, kLongestIdlePause, needs_.chance);
     if (now < *nextAct_)
         return nextAct_;
     const int level = levelAt(now);
     for (int i = level; i >= 0; --i)
-        if (needs_.performer.perform(kLevels[static_cast<std::size_t>(i)].situation)) {
+        if (perform(kLevels[static_cast<std::size_t>(i)].situation)) {
             nextAct_.reset();
+            actingSince_ = now;
+            wakesAt_.reset();
             acting_ = true;
+            needs_.sounds.beginCalm();
             return std::nullopt;
         }
     return beginOfNextLevel(level);
+}
+
+/// What is busy may be a loop without an end of its own.
+Wake IdleBehaviour::sleepOn(Moment now) {
+    if (now < actingSince_ + kShortestSleep)
+        return actingSince_ + kShortestSleep;
+    if (!wakesAt_)
+        wakesAt_ = actingSince_ + drawBetween(kShortestSleep, kLongestSleep, needs_.chance);
+    if (now < *wakesAt_)
+        return wakesAt_;
+    needs_.performer.stop(WithoutExits::PlayOn);
+    actingSince_ = now; // where it has no exits it goes on
+    wakesAt_.reset();
+    return actingSince_ + kShortestSleep;
+}
+
+bool IdleBehaviour::perform(Situation situation) {
+    auto act = needs_.situations.pick(situation, needs_.chance);
+    if (!act)
+        return false;
+    const auto& all = needs_.situations.animations(situation);
+    if (act == lastAct_) {
+        const auto same = std::find(all.begin(), all.end(), *act);
+        act = same + 1 == all.end() ? all.front() : *(same + 1);
+    }
+    lastAct_ = act;
+    needs_.performer.perform(*act);
+    return true;
 }
 
 int IdleBehaviour::levelAt(Moment now) const {

@@ -5,7 +5,9 @@
 #include "character/stage/moment.h"
 #include "character/stage/performer.h"
 #include "character/stage/situation.h"
+#include "character/stage/sound_effects.h"
 
+#include <cstdint>
 #include <optional>
 
 namespace brovin::character {
@@ -19,13 +21,20 @@ inline constexpr Milliseconds kLongestIdlePause{15'000};
 inline constexpr Milliseconds kIdleLevel2After{60'000};
 inline constexpr Milliseconds kIdleLevel3After{180'000};
 
+/// An idle animation that goes round and round, such as a sleep, is left by itself after a time from this
+/// range.
+inline constexpr Milliseconds kShortestSleep{180'000};
+inline constexpr Milliseconds kLongestSleep{600'000};
+
 /// What a character does that has nothing to do: small movements first, then longer ones, and at last it may
-/// fall asleep. Between the animations it needs no calls.
+/// fall asleep, from which it wakes now and then. It does nothing twice running where it has a choice, and
+/// its sounds are few. Between the animations it needs no calls.
 class IdleBehaviour {
 public:
     struct Needs {
         const SituationTable& situations;
         Performer& performer;
+        SoundEffects& sounds;
         Chance& chance;
         EventList& events;
     };
@@ -43,7 +52,9 @@ public:
     void interrupt(WithoutExits otherwise);
 
 private:
+    Wake sleepOn(Moment now);
     Wake actIfDue(Moment now);
+    [[nodiscard]] bool perform(Situation situation);
     [[nodiscard]] int levelAt(Moment now) const;
     std::optional<Moment> beginOfNextLevel(int level) const;
 
@@ -53,6 +64,9 @@ private:
     std::optional<Moment> idlingSince_;
     std::optional<Moment> nextAct_; ///< nullopt while an animation plays
     bool acting_ = false;           ///< what may be playing is an idle animation
+    Moment actingSince_;
+    std::optional<Moment> wakesAt_; ///< drawn only for what lasts so long
+    std::optional<std::uint32_t> lastAct_;
 };
 
 } // namespace brovin::character

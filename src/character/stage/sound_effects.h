@@ -3,7 +3,10 @@
 #include "character/stage/moment.h"
 #include "character/stage/sound_output.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace brovin::character {
 
@@ -16,8 +19,16 @@ public:
     void setOn(bool on) { on_ = on; }
     [[nodiscard]] bool on() const { return on_; }
 
+    /// What follows is an animation that nobody has asked for: of its sounds each is heard once, however
+    /// often its frames come round, and of all such animations together no more than two in a minute.
+    void beginCalm() {
+        calm_ = true;
+        heard_.clear();
+    }
+    void endCalm() { calm_ = false; }
+
     void start(std::uint32_t sound, Moment now) {
-        if (on_)
+        if (on_ && (!calm_ || goesCalmly(sound, now)))
             until_ = now + output_.play(sound);
     }
 
@@ -32,8 +43,23 @@ public:
     }
 
 private:
+    static constexpr Milliseconds kCalmMinute{60'000};
+
+    [[nodiscard]] bool goesCalmly(std::uint32_t sound, Moment now) {
+        const bool tooOften = lastButOne_ && now - *lastButOne_ < kCalmMinute;
+        if (tooOften || std::find(heard_.begin(), heard_.end(), sound) != heard_.end())
+            return false;
+        heard_.push_back(sound);
+        lastButOne_ = std::exchange(last_, now);
+        return true;
+    }
+
     SoundOutput& output_;
     bool on_ = true;
+    bool calm_ = false;
+    std::vector<std::uint32_t> heard_; ///< of the calm animation's sounds
+    Wake last_;                        ///< when the last calm sound began, and the one before
+    Wake lastButOne_;
     Wake until_;
 };
 

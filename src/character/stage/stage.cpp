@@ -16,7 +16,7 @@ Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
       balloon_(needs.balloon, character_->balloon, events_),
       narration_({needs.voice, balloon_, performer_, needs.chance, events_, attention_,
                   character_->voice.has_value()}),
-      idle_({situations_, performer_, needs.chance, events_}), queue_(events_) {}
+      idle_({situations_, performer_, sounds_, needs.chance, events_}), queue_(events_) {}
 
 Stage::~Stage() {
     attention_.beginCall(); // nobody is to be asked for anything any more
