@@ -1,9 +1,9 @@
 // Loading and saving the longest list, in the settings store that the program uses. Prints a table.
 
-#include "app/settings.h"
 #include "cleaner/stored_list.h"
 #include "posix/icu_regional.h"
 #include "posix/ini_settings_store.h"
+#include "settings/settings.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -42,7 +42,7 @@ int main() {
     std::size_t loaded = 0;
     {
         posix::IniSettingsStore store(path);
-        app::Settings settings(store);
+        settings::Settings settings(store);
         saving = seconds([&] {
             cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, regional);
         });
@@ -53,7 +53,7 @@ int main() {
     }
     loading = seconds([&] {
         posix::IniSettingsStore store(path);
-        const app::Settings settings(store);
+        const settings::Settings settings(store);
         loaded = cleaner::loadList(settings, cleaner::kWatchedFoldersSection, regional).size();
     });
     std::printf("%zu watched folders with their true spelling, %lld bytes\n\n", loaded,

@@ -32,7 +32,7 @@ struct World {
     }
     QTemporaryDir scratch;
     posix::IniSettingsStore store{scratch.filePath(QStringLiteral("Brovin.conf")).toStdString()};
-    app::Settings settings{store};
+    settings::Settings settings{store};
     posix::IcuRegional regional;
     posix::StandardRandom random;
     ui::FrmOptions form;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cleaner/speech.h"
+#include "companion/speech.h"
 #include "platform/random.h"
 
 namespace brovin::app {
@@ -8,12 +8,12 @@ namespace brovin::app {
 /// The picture on the last page, which answers when it is poked.
 class Mascot {
 public:
-    Mascot(cleaner::Speech speech, platform::Random& random) : speech_(speech), random_(random) {}
+    Mascot(companion::Speech speech, platform::Random& random) : speech_(speech), random_(random) {}
 
     void imgBrovin_Click();
 
 private:
-    cleaner::Speech speech_;
+    companion::Speech speech_;
     platform::Random& random_;
 };
 

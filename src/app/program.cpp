@@ -4,7 +4,6 @@
 #include "app/run_key.h"
 #include "app/schedule_options.h"
 #include "app/scheduler.h"
-#include "app/settings.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
 #include "app/stored_controls.h"
@@ -20,8 +19,9 @@
 #include "companion/speech_commands.h"
 #include "language/language_catalogue.h"
 #include "language/language_loader.h"
+#include "settings/settings.h"
 #include "text/numbers.h"
-#include "ui/speech_frequency.h"
+#include "window/speech_frequency.h"
 
 #include <chrono>
 #include <optional>
@@ -39,16 +39,16 @@ constexpr std::chrono::milliseconds kFrameInterval{150};
 
 /// Everything, in the order in which it is built on what stands before it.
 struct Program::Rooms {
-    Rooms(const Machine& beneath, ProgramInfo about, std::string command)
+    Rooms(const Machine& beneath, settings::ProgramInfo about, std::string command)
         : machine(beneath), info(std::move(about)), runKey(form, machine.registry, std::move(command)) {}
     ~Rooms() { machine.characters.setEvents({}); } // the machine outlives its program
     Rooms(const Rooms&) = delete;
     Rooms& operator=(const Rooms&) = delete;
 
     Machine machine;
-    ProgramInfo info;
+    settings::ProgramInfo info;
     FrmOptions form;
-    Settings settings{machine.settings};
+    settings::Settings settings{machine.settings};
     language::LanguageTables tables;
     language::LanguageCatalogue catalogue{form, machine.folder};
     language::LanguageLoader loader{
@@ -59,8 +59,8 @@ struct Program::Rooms {
     companion::CharacterHost characterHost{
         {form, settings, tables, actor, phrases, machine.characters, machine.regional, machine.random}};
     companion::SpeechCommands speechCommands{{form, tables, actor, phrases, announcer, machine.random}};
-    ui::SpeechFrequency speechFrequency{form, settings};
-    cleaner::Speech speech{tables.messageTable, phrases, announcer};
+    window::SpeechFrequency speechFrequency{form, settings};
+    companion::Speech speech{tables.messageTable, phrases, announcer};
     cleaner::NastyFileList nastyFiles{{form, settings, speech, machine.dialogs, machine.regional}};
     cleaner::WatchedFolderList watchedFolders{
         {form, settings, speech, machine.dialogs, machine.files, machine.regional}};
@@ -83,7 +83,7 @@ struct Program::Rooms {
                               .regional = machine.regional}};
     cleaner::LogCommands logCommands{
         {speech, machine.folder, machine.shell, machine.clock, machine.regional}};
-    ui::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
+    window::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
     ScheduleOptions schedule{{form, settings, machine.regional}};
     Scheduler scheduler{{.form = form,
                          .settings = settings,
@@ -130,7 +130,7 @@ struct Program::Rooms {
     void tieWindow();
 };
 
-Program::Program(const Machine& machine, ProgramInfo info, std::string command)
+Program::Program(const Machine& machine, settings::ProgramInfo info, std::string command)
     : rooms_(std::make_unique<Rooms>(machine, std::move(info), std::move(command))) {
     rooms_->tieCleaner();
     rooms_->tieSchedule();
@@ -147,7 +147,7 @@ Program::~Program() = default;
 ui::FrmOptions& Program::frmOptions() {
     return rooms_->form;
 }
-ui::MainWindow& Program::mainWindow() {
+window::MainWindow& Program::mainWindow() {
     return rooms_->window;
 }
 const language::MessageTable& Program::messages() const {

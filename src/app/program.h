@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/program_info.h"
 #include "platform/character_service.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
@@ -16,9 +15,10 @@
 #include "platform/settings_store.h"
 #include "platform/shell.h"
 #include "platform/single_instance.h"
+#include "settings/program_info.h"
 #include "ui/frm_options.h"
-#include "ui/main_window.h"
 #include "update/update_check.h"
+#include "window/main_window.h"
 
 #include <memory>
 #include <string>
@@ -49,13 +49,13 @@ struct Machine {
 class Program {
 public:
     /// `command` is what the desktop starts at log-on.
-    Program(const Machine& machine, ProgramInfo info, std::string command);
+    Program(const Machine& machine, settings::ProgramInfo info, std::string command);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     [[nodiscard]] ui::FrmOptions& frmOptions();
-    [[nodiscard]] ui::MainWindow& mainWindow();
+    [[nodiscard]] window::MainWindow& mainWindow();
 
     /// What the program says in the active language.
     [[nodiscard]] const language::MessageTable& messages() const;

@@ -5,6 +5,8 @@
 
 namespace brovin::app {
 
+namespace setting = settings::setting;
+
 void ScheduleOptions::optDaily_Click() {
     needs_.form.optWeekly.setValue(false);
     needs_.settings.write(setting::kWeekly, "0");

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/settings.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 namespace brovin::app {
@@ -11,7 +11,7 @@ class ScheduleOptions {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        Settings& settings;
+        settings::Settings& settings;
         const platform::Regional& regional;
     };
     explicit ScheduleOptions(const Needs& needs) : needs_(needs) {}

@@ -15,6 +15,7 @@ namespace brovin::app {
 namespace {
 
 namespace box = platform::box;
+namespace setting = settings::setting;
 using companion::ForceBox;
 using language::PhraseList;
 using platform::DateTime;

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "app/settings.h"
 #include "cleaner/scan_run.h"
-#include "cleaner/speech.h"
 #include "cleaner/statistics.h"
 #include "companion/actor.h"
+#include "companion/speech.h"
 #include "platform/clock.h"
 #include "platform/notification_area.h"
 #include "platform/random.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 namespace brovin::app {
@@ -18,8 +18,8 @@ class Scheduler {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        Settings& settings;
-        cleaner::Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         const companion::Actor& actor;
         cleaner::ScanRun& scanRun;
         cleaner::Statistics& statistics;

@@ -5,6 +5,7 @@
 namespace brovin::app {
 
 namespace box = platform::box;
+namespace setting = settings::setting;
 
 void ShutDown::cmdExit_Click() {
     ui::FrmOptions& form = needs_.form;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/settings.h"
 #include "cleaner/scan_run.h"
-#include "cleaner/speech.h"
 #include "companion/actor.h"
+#include "companion/speech.h"
 #include "platform/character_service.h"
 #include "platform/notification_area.h"
 #include "platform/shell.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 namespace brovin::app {
@@ -16,8 +16,8 @@ class ShutDown {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        Settings& settings;
-        cleaner::Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         companion::Actor& actor;
         cleaner::ScanRun& scanRun;
         platform::CharacterService& characters;

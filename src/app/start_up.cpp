@@ -9,6 +9,7 @@ namespace brovin::app {
 namespace {
 
 namespace box = platform::box;
+namespace setting = settings::setting;
 using platform::Done;
 using platform::Failure;
 using platform::Status;

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "app/program_info.h"
 #include "app/run_key.h"
 #include "app/schedule_options.h"
-#include "app/settings.h"
 #include "app/stored_controls.h"
 #include "cleaner/nasty_file_list.h"
 #include "cleaner/statistics.h"
@@ -17,9 +15,11 @@
 #include "platform/random.h"
 #include "platform/result.h"
 #include "platform/single_instance.h"
+#include "settings/program_info.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
-#include "ui/main_window.h"
-#include "ui/speech_frequency.h"
+#include "window/main_window.h"
+#include "window/speech_frequency.h"
 
 #include <string>
 
@@ -30,18 +30,18 @@ class StartUp {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        Settings& settings;
-        cleaner::Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         companion::Actor& actor;
         companion::CharacterHost& characterHost;
-        ui::SpeechFrequency& speechFrequency;
+        window::SpeechFrequency& speechFrequency;
         language::LanguageCatalogue& catalogue;
         cleaner::NastyFileList& nastyFiles;
         cleaner::WatchedFolderList& watchedFolders;
         cleaner::Statistics& statistics;
         ScheduleOptions& schedule;
         RunKey& runKey;
-        ui::MainWindow& window;
+        window::MainWindow& window;
         platform::Dialogs& dialogs;
         platform::SingleInstance& instance;
         platform::NotificationArea& tray;

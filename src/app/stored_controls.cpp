@@ -4,6 +4,8 @@
 #include "text/numbers.h"
 
 namespace brovin::app {
+
+namespace setting = settings::setting;
 namespace {
 
 using platform::Done;
@@ -107,7 +109,7 @@ Status restore(FrmOptions& form, const StoredControl& row, const std::string& st
     return taken ? Status(Done{}) : Status(Failure{380, "Invalid property value"});
 }
 
-void tieStoring(FrmOptions& form, Settings& settings) {
+void tieStoring(FrmOptions& form, settings::Settings& settings) {
     const auto tie = [&form, &settings](const StoredControl& row) {
         std::visit(
             [&]<class Kind>(Kind FrmOptions::*control) {

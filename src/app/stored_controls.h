@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/settings.h"
 #include "platform/result.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct StoredControl {
         Mended,     ///< by its own handler, which mends what is typed
     };
 
-    const Setting* setting;
+    const settings::Setting* setting;
     Where control;
     Stores stores = Stores::Always;
     bool guidesScan = false; ///< a scan without a window obeys it too
@@ -37,6 +37,6 @@ struct StoredControl {
                                        const std::string& stored);
 
 /// Lets every control store itself, behind what else is tied to it.
-void tieStoring(ui::FrmOptions& form, Settings& settings);
+void tieStoring(ui::FrmOptions& form, settings::Settings& settings);
 
 } // namespace brovin::app

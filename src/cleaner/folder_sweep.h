@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cleaner/delete_rules.h"
-#include "cleaner/speech.h"
+#include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_system.h"
@@ -35,7 +35,7 @@ public:
 
     struct Needs {
         ui::FrmOptions& form;
-        Speech speech;
+        companion::Speech speech;
         platform::FileSystem& files;
         platform::Dialogs& dialogs;
         const platform::Regional& regional;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cleaner/speech.h"
+#include "companion/speech.h"
 #include "platform/clock.h"
 #include "platform/program_folder.h"
 #include "platform/regional.h"
@@ -13,7 +13,7 @@ namespace brovin::cleaner {
 class LogCommands {
 public:
     struct Needs {
-        Speech speech;
+        companion::Speech speech;
         platform::ProgramFolder& folder;
         platform::Shell& shell;
         const platform::Clock& clock;

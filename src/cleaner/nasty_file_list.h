@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/settings.h"
-#include "cleaner/speech.h"
+#include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <optional>
@@ -17,8 +17,8 @@ class NastyFileList {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
-        Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         platform::Dialogs& dialogs;
         const platform::Regional& regional;
     };

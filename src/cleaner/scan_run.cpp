@@ -8,7 +8,7 @@ namespace brovin::cleaner {
 namespace {
 
 namespace box = platform::box;
-namespace setting = app::setting;
+namespace setting = settings::setting;
 using companion::ForceBox;
 
 /// How often the number of what is gone is told: each change goes round the whole desktop.

@@ -1,17 +1,17 @@
 #pragma once
 
-#include "app/settings.h"
 #include "cleaner/folder_sweep.h"
-#include "cleaner/speech.h"
 #include "cleaner/statistics.h"
 #include "cleaner/watched_folder_list.h"
 #include "companion/actor.h"
+#include "companion/speech.h"
 #include "platform/clock.h"
 #include "platform/notification_area.h"
 #include "platform/program_folder.h"
 #include "platform/regional.h"
 #include "platform/scan_lock.h"
 #include "platform/shell.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <chrono>
@@ -33,8 +33,8 @@ class ScanRun {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
-        Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         companion::Actor& actor;
         FolderSweep& sweep;
         const WatchedFolderList& folders;

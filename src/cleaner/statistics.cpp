@@ -12,7 +12,7 @@ namespace brovin::cleaner {
 namespace {
 
 namespace box = platform::box;
-namespace setting = app::setting;
+namespace setting = settings::setting;
 using companion::ForceBox;
 using platform::DateTime;
 
@@ -55,7 +55,7 @@ void Statistics::updateStatistics() {
         tellOff();
     }
     const auto kb = text::leadingInt32(needs_.settings.read(setting::kKb)).value_or(0);
-    const app::ProgramInfo& program = needs_.program;
+    const settings::ProgramInfo& program = needs_.program;
     numbers_ = program.title + " v" + std::to_string(program.major) + "." + std::to_string(program.minor) +
                "." + std::to_string(program.revision) + " - " + std::to_string(total) + " (" +
                needs_.regional.grouped(kb) + " KB) nasties since " +

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/program_info.h"
-#include "app/settings.h"
-#include "cleaner/speech.h"
+#include "companion/speech.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/regional.h"
+#include "settings/program_info.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <optional>
@@ -18,13 +18,13 @@ class Statistics {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
-        Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         const companion::Actor& actor;
         platform::Clipboard& clipboard;
         const platform::Clock& clock;
         const platform::Regional& regional;
-        const app::ProgramInfo& program;
+        const settings::ProgramInfo& program;
     };
     explicit Statistics(const Needs& needs) : needs_(needs) {}
 

@@ -6,7 +6,7 @@
 
 namespace brovin::cleaner {
 
-std::vector<ListEntry> loadList(const app::Settings& settings, std::string_view section,
+std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_view section,
                                 const platform::Regional& regional) {
     const std::string number = settings.readFrom(section, "Number").value_or("0");
     const std::int16_t count = text::leadingInt16(number).value_or(std::int16_t{0});
@@ -25,7 +25,7 @@ std::vector<ListEntry> loadList(const app::Settings& settings, std::string_view 
     return entries;
 }
 
-bool saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
+bool saveList(settings::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
               WithPaths withPaths, const platform::Regional& regional) {
     std::vector<platform::SettingsEntry> keys;
     keys.push_back({"Number", std::to_string(entries.size())});

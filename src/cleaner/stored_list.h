@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/settings.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 
 #include <cstddef>
 #include <string>
@@ -24,14 +24,14 @@ struct ListEntry {
 
 /// Reads "Number", then "Entry1" and "Path1" and so on. Empty entries are dropped, and so is a path that does
 /// not spell its entry.
-[[nodiscard]] std::vector<ListEntry> loadList(const app::Settings& settings, std::string_view section,
+[[nodiscard]] std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_view section,
                                               const platform::Regional& regional);
 
 enum class WithPaths : bool { No, Yes };
 
 /// Stores the entries, lower-cased, by one write. Keys beyond their number stay and count for nothing. False:
 /// refused, nothing was stored.
-bool saveList(app::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
+bool saveList(settings::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
               WithPaths withPaths, const platform::Regional& regional);
 
 } // namespace brovin::cleaner

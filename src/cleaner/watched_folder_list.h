@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/settings.h"
-#include "cleaner/speech.h"
 #include "cleaner/stored_list.h"
+#include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <optional>
@@ -20,8 +20,8 @@ class WatchedFolderList {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
-        Speech speech;
+        settings::Settings& settings;
+        companion::Speech speech;
         platform::Dialogs& dialogs;
         platform::FileSystem& files;
         const platform::Regional& regional;

@@ -12,7 +12,7 @@ namespace brovin::companion {
 namespace {
 
 using language::PhraseList;
-namespace setting = app::setting;
+namespace setting = settings::setting;
 
 constexpr std::string_view kFileEnding = ".acs";
 /// How far above the screen's lower edge a character stands that nobody has moved.

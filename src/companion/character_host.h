@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/settings.h"
 #include "companion/actor.h"
 #include "companion/phrase_engine.h"
 #include "language/language_tables.h"
 #include "platform/character_service.h"
 #include "platform/random.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <string>
@@ -19,7 +19,7 @@ class CharacterHost {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
+        settings::Settings& settings;
         const language::LanguageTables& tables;
         Actor& actor;
         PhraseEngine& phrases;

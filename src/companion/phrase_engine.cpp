@@ -148,9 +148,9 @@ void PhraseEngine::playSequence(std::string_view phrase) {
 std::string PhraseEngine::getDude() {
     if (needs_.form.chkDude.checked())
         return {};
-    const std::string proper = needs_.regional.properCase(needs_.settings.read(app::setting::kUser));
+    const std::string proper = needs_.regional.properCase(needs_.settings.read(settings::setting::kUser));
     std::string_view user = text::trim(proper);
-    user = user.empty() ? app::setting::kUser.fallback : user.substr(0, user.find(' '));
+    user = user.empty() ? settings::setting::kUser.fallback : user.substr(0, user.find(' '));
     const std::string& male = needs_.tables.list(PhraseList::SpkDudeM);
     const std::string& female = needs_.tables.list(PhraseList::SpkDudeF);
     const int sex = needs_.form.cmbDudeSex.selected();

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/settings.h"
 #include "companion/actor.h"
 #include "language/language_tables.h"
 #include "platform/random.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <optional>
@@ -18,7 +18,7 @@ class PhraseEngine {
 public:
     struct Needs {
         const ui::FrmOptions& form;
-        const app::Settings& settings;
+        const settings::Settings& settings;
         const language::LanguageTables& tables;
         const Actor& actor;
         const platform::Regional& regional;

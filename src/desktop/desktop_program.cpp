@@ -108,7 +108,7 @@ void tellOfDamage(QtDialogs& dialogs, const posix::IniSettingsStore& settings,
 } // namespace
 
 struct DesktopProgram::Parts {
-    Parts(const posix::Places& places, const app::ProgramInfo& info, const UpdateSource& updates,
+    Parts(const posix::Places& places, const settings::ProgramInfo& info, const UpdateSource& updates,
           const AudioMaker& audio)
         : machine(places, updates, audio), program(machine.pieces(), info, posix::programFile()) {}
 
@@ -120,7 +120,7 @@ struct DesktopProgram::Parts {
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
 
-DesktopProgram::DesktopProgram(const posix::Places& places, const app::ProgramInfo& info,
+DesktopProgram::DesktopProgram(const posix::Places& places, const settings::ProgramInfo& info,
                                const UpdateSource& updates, const AudioMaker& audio) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());

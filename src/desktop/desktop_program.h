@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/program_info.h"
 #include "desktop/character/character_audio.h"
 #include "posix/places.h"
+#include "settings/program_info.h"
 
 #include <QRect>
 
@@ -28,7 +28,7 @@ struct UpdateSource {
 class DesktopProgram {
 public:
     /// `audio` is what characters are heard by; empty: this machine's voices and sound.
-    DesktopProgram(const posix::Places& places, const app::ProgramInfo& info,
+    DesktopProgram(const posix::Places& places, const settings::ProgramInfo& info,
                    const UpdateSource& updates = {}, const AudioMaker& audio = {});
     ~DesktopProgram();
     DesktopProgram(const DesktopProgram&) = delete;

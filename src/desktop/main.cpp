@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
         return refuse(ExitStatus::BadUsage, "the environment names no home folder: set HOME");
     if (!choosePlatform())
         return refuse(ExitStatus::SomeFailed, "there is no display; \"brovin --scan\" works without one");
-    const app::ProgramInfo info{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
+    const settings::ProgramInfo info{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
     QCoreApplication::setApplicationName(QString::fromStdString(info.title));
     QCoreApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(info.major).arg(info.minor).arg(info.revision));

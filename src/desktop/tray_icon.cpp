@@ -15,7 +15,7 @@ TrayIcon::TrayIcon() : icon_(programIcon()) {
     connect(&icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
 }
 
-void TrayIcon::tie(ui::FrmOptions& form, ui::MainWindow& window, Reception reception) {
+void TrayIcon::tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception) {
     window_ = &window;
     reception_ = std::move(reception);
     addEntry(form.mHelp);
@@ -87,11 +87,11 @@ void TrayIcon::activated(QSystemTrayIcon::ActivationReason reason) {
     if (window_ == nullptr || (reason == QSystemTrayIcon::Context && reception_.busy()) || !admitted())
         return;
     if (reason == QSystemTrayIcon::Trigger)
-        window_->trayMouse(ui::TrayMouse::LeftUp);
+        window_->trayMouse(window::TrayMouse::LeftUp);
     else if (reason == QSystemTrayIcon::DoubleClick)
-        window_->trayMouse(ui::TrayMouse::LeftDoubleClick);
+        window_->trayMouse(window::TrayMouse::LeftDoubleClick);
     else if (reason == QSystemTrayIcon::Context)
-        window_->trayMouse(ui::TrayMouse::RightUp); // the menu itself is opened by the toolkit
+        window_->trayMouse(window::TrayMouse::RightUp); // the menu itself is opened by the toolkit
 }
 
 } // namespace brovin::desktop

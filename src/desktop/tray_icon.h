@@ -2,7 +2,7 @@
 
 #include "platform/notification_area.h"
 #include "ui/frm_options.h"
-#include "ui/main_window.h"
+#include "window/main_window.h"
 
 #include <QMenu>
 #include <QSystemTrayIcon>
@@ -24,7 +24,7 @@ public:
         std::function<void()> bringBack; ///< what an act does then: whatever is open comes to the front
     };
     /// Ties icon and menu to the program.
-    void tie(ui::FrmOptions& form, ui::MainWindow& window, Reception reception);
+    void tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception);
 
     [[nodiscard]] bool available() const override { return QSystemTrayIcon::isSystemTrayAvailable(); }
     bool add(const std::string& tip) override;
@@ -46,7 +46,7 @@ private:
 
     QMenu menu_;
     QSystemTrayIcon icon_;
-    ui::MainWindow* window_ = nullptr;
+    window::MainWindow* window_ = nullptr;
     Reception reception_;
 };
 

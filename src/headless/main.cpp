@@ -25,7 +25,7 @@ namespace {
 using namespace brovin;
 using headless::ExitStatus;
 
-const app::ProgramInfo kInfo{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
+const settings::ProgramInfo kInfo{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
 
 ExitStatus scan(headless::ScanOptions options, const std::string& programFolder) {
     const auto places = posix::findPlaces(programFolder);

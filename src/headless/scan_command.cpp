@@ -1,6 +1,5 @@
 #include "headless/scan_command.h"
 
-#include "app/settings.h"
 #include "cleaner/folder_sweep.h"
 #include "cleaner/nasty_file_list.h"
 #include "cleaner/scan_run.h"
@@ -12,6 +11,7 @@
 #include "headless/scan_report.h"
 #include "language/language_catalogue.h"
 #include "language/language_loader.h"
+#include "settings/settings.h"
 #include "text/numbers.h"
 
 #include <ostream>
@@ -20,14 +20,14 @@
 namespace brovin::headless {
 namespace {
 
-namespace setting = app::setting;
+namespace setting = settings::setting;
 using cleaner::ScanOutcome;
 using ui::FrmOptions;
 
 /// The options that a scan obeys.
 struct Box {
     ui::CheckBox FrmOptions::*box;
-    const app::Setting* setting;
+    const settings::Setting* setting;
 };
 constexpr Box kBoxes[] = {
     {&FrmOptions::chkConfirm, &setting::kConfirm},
@@ -43,7 +43,7 @@ constexpr Box kBoxes[] = {
 class ScanProgram {
 public:
     ScanProgram(const ScanOptions& options, const ScanMachine& machine, const Console& console,
-                const app::ProgramInfo& program)
+                const settings::ProgramInfo& program)
         : options_(options), machine_(machine), console_(console), program_(program) {}
 
     ExitStatus run();
@@ -56,7 +56,7 @@ private:
     const ScanOptions& options_;
     ScanMachine machine_;
     Console console_;
-    const app::ProgramInfo& program_;
+    const settings::ProgramInfo& program_;
 
     PreviewSettings previewSettings_{machine_.settings};
     PreviewFileSystem previewFiles_{machine_.files};
@@ -71,7 +71,7 @@ private:
     NoEventPump pump_;
 
     FrmOptions form_;
-    app::Settings settings_{store_};
+    settings::Settings settings_{store_};
     language::LanguageTables tables_;
     language::LanguageCatalogue catalogue_{form_, machine_.folder};
     language::LanguageLoader loader_{
@@ -79,7 +79,7 @@ private:
     companion::Actor actor_;
     companion::PhraseEngine phrases_{{form_, settings_, tables_, actor_, machine_.regional, machine_.random}};
     companion::Announcer announcer_{{form_, actor_, phrases_, dialogs_}};
-    cleaner::Speech speech_{tables_.messageTable, phrases_, announcer_};
+    companion::Speech speech_{tables_.messageTable, phrases_, announcer_};
     cleaner::NastyFileList nastyFiles_{{form_, settings_, speech_, dialogs_, machine_.regional}};
     cleaner::WatchedFolderList watchedFolders_{
         {form_, settings_, speech_, dialogs_, files_, machine_.regional}};
@@ -165,7 +165,7 @@ void ScanProgram::fillLists() {
 } // namespace
 
 ExitStatus scanCommand(const ScanOptions& options, const ScanMachine& machine, const Console& console,
-                       const app::ProgramInfo& program) {
+                       const settings::ProgramInfo& program) {
     return ScanProgram(options, machine, console, program).run();
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/program_info.h"
 #include "headless/command_line.h"
 #include "headless/console.h"
 #include "headless/exit_status.h"
@@ -11,6 +10,7 @@
 #include "platform/regional.h"
 #include "platform/scan_lock.h"
 #include "platform/settings_store.h"
+#include "settings/program_info.h"
 
 namespace brovin::headless {
 
@@ -28,6 +28,6 @@ struct ScanMachine {
 /// One scan run on the program's own core: the same sweep, log and totals as in the window. It makes no
 /// update check, since nobody is there to ask.
 [[nodiscard]] ExitStatus scanCommand(const ScanOptions& options, const ScanMachine& machine,
-                                     const Console& console, const app::ProgramInfo& program);
+                                     const Console& console, const settings::ProgramInfo& program);
 
 } // namespace brovin::headless

@@ -17,7 +17,7 @@ void LanguageLoader::loadLanguage() {
     const auto selected = needs_.catalogue.selectedFile();
     const std::string file = selected.value_or(std::string());
     if (selected)
-        needs_.settings.write(app::setting::kLanguage, file);
+        needs_.settings.write(settings::setting::kLanguage, file);
     needs_.tables = {};
     needs_.form.cmbDudeSex.clear();
     needs_.form.cmbCheck.clear();
@@ -39,9 +39,9 @@ void LanguageLoader::applyLine(std::string_view key, std::string_view value) {
     else if (key == "envButtons")
         applyTabCaptions(value);
     else if (key == "envDudeOptions")
-        fill(needs_.form.cmbDudeSex, value, app::setting::kDudeSex);
+        fill(needs_.form.cmbDudeSex, value, settings::setting::kDudeSex);
     else if (key == "envCheckOptions")
-        fill(needs_.form.cmbCheck, value, app::setting::kCheckFreq);
+        fill(needs_.form.cmbCheck, value, settings::setting::kCheckFreq);
 
     if (key.starts_with("lbl"))
         applyCaption(key.substr(3), value);
@@ -73,7 +73,7 @@ void LanguageLoader::applyTabCaptions(std::string_view captions) {
     }
 }
 
-void LanguageLoader::fill(ui::ComboBox& list, std::string_view entries, const app::Setting& selection) {
+void LanguageLoader::fill(ui::ComboBox& list, std::string_view entries, const settings::Setting& selection) {
     // Pieces are added to what an earlier line of the file has put there.
     auto items = list.items();
     for (const std::string_view piece : text::split(entries, ','))

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/settings.h"
 #include "language/language_catalogue.h"
 #include "language/language_tables.h"
 #include "platform/dialogs.h"
 #include "platform/program_folder.h"
 #include "platform/regional.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <string>
@@ -18,7 +18,7 @@ class LanguageLoader {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
+        settings::Settings& settings;
         const LanguageCatalogue& catalogue;
         LanguageTables& tables;
         platform::ProgramFolder& folder;
@@ -40,7 +40,7 @@ public:
 private:
     void applyLine(std::string_view key, std::string_view value);
     void applyTabCaptions(std::string_view captions);
-    void fill(ui::ComboBox& list, std::string_view entries, const app::Setting& selection);
+    void fill(ui::ComboBox& list, std::string_view entries, const settings::Setting& selection);
     void applyCaption(std::string_view controlName, std::string_view caption);
     void askAfterBrokenFile(const std::string& file);
 

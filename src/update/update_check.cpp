@@ -13,7 +13,7 @@ namespace brovin::update {
 namespace {
 
 namespace box = platform::box;
-namespace setting = app::setting;
+namespace setting = settings::setting;
 using companion::ForceBox;
 using platform::Button;
 

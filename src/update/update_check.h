@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/settings.h"
 #include "companion/announcer.h"
 #include "companion/phrase_engine.h"
 #include "language/language_catalogue.h"
@@ -12,6 +11,7 @@
 #include "platform/makers_key.h"
 #include "platform/program_folder.h"
 #include "platform/shell.h"
+#include "settings/settings.h"
 #include "ui/frm_download.h"
 #include "ui/frm_options.h"
 #include "update/answers.h"
@@ -38,7 +38,7 @@ class UpdateCheck {
 public:
     struct Needs {
         ui::FrmOptions& form;
-        app::Settings& settings;
+        settings::Settings& settings;
         const language::MessageTable& messages;
         companion::PhraseEngine& phrases;
         companion::Announcer& announcer;

@@ -18,7 +18,7 @@ struct World : fakes::FakeMachine {
         tieStoring(form, options);
     }
     ui::FrmOptions form;
-    Settings options{settings};
+    settings::Settings options{settings};
     ScheduleOptions schedule{{form, options, regional}};
 };
 

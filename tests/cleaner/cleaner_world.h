@@ -39,13 +39,13 @@ struct CleanerWorld : fakes::FakeMachine {
     void lookOn() { form.window.setVisible(true); }
 
     ui::FrmOptions form;
-    app::Settings options{settings};
+    settings::Settings options{settings};
     language::LanguageTables tables;
     companion::Actor actor;
     companion::PhraseEngine phrases{{form, options, tables, actor, regional, random}};
     companion::Announcer announcer{{form, actor, phrases, dialogs}};
-    Speech speech{tables.messageTable, phrases, announcer};
-    app::ProgramInfo info{"Brovin", 2, 7, 106};
+    companion::Speech speech{tables.messageTable, phrases, announcer};
+    settings::ProgramInfo info{"Brovin", 2, 7, 106};
     NastyFileList nastyFiles{{form, options, speech, dialogs, regional}};
     WatchedFolderList watchedFolders{{form, options, speech, dialogs, files, regional}};
     FolderSweep sweep{{form, speech, files, dialogs, regional, pump}};

@@ -8,7 +8,7 @@ namespace brovin::cleaner {
 namespace {
 
 struct World : fakes::FakeMachine {
-    app::Settings options{settings};
+    settings::Settings options{settings};
 
     void store(const std::string& key, const std::string& value) { settings.values[{"list", key}] = value; }
     [[nodiscard]] std::string load() const {

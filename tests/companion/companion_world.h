@@ -27,7 +27,7 @@ struct CompanionWorld : fakes::FakeMachine {
     }
 
     ui::FrmOptions form;
-    app::Settings options{settings};
+    settings::Settings options{settings};
     language::LanguageTables tables;
     Actor actor;
     PhraseEngine phrases{{form, options, tables, actor, regional, random}};

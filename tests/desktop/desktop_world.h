@@ -34,7 +34,7 @@ struct DesktopWorld {
     }
 
     void start() {
-        program = std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3},
+        program = std::make_unique<desktop::DesktopProgram>(places, settings::ProgramInfo{"Brovin", 1, 2, 3},
                                                             desktop::UpdateSource{}, audio);
         ASSERT_TRUE(program->start());
     }

@@ -51,7 +51,7 @@ struct UpdateWorld : DesktopWorld {
             "a birthday\n");
     }
     void startAsking(const std::string& where) {
-        program = std::make_unique<desktop::DesktopProgram>(places, app::ProgramInfo{"Brovin", 1, 2, 3},
+        program = std::make_unique<desktop::DesktopProgram>(places, settings::ProgramInfo{"Brovin", 1, 2, 3},
                                                             desktop::UpdateSource{where, key});
         ASSERT_TRUE(program->start());
         form().chkAgent.setValue(0); // who would tell the good news aloud instead of in a box

@@ -25,7 +25,7 @@ struct LanguageWorld : fakes::FakeMachine {
     }
 
     ui::FrmOptions form;
-    app::Settings options{settings};
+    settings::Settings options{settings};
     LanguageTables tables;
     LanguageCatalogue catalogue{form, folder};
     LanguageLoader loader{{form, options, catalogue, tables, folder, dialogs, regional}};

@@ -34,7 +34,7 @@ struct World : fakes::FakeMachine, fakes::FakeUpdates {
     void check() {
         program.emplace(app::Machine{settings, files, folder, dialogs, shell, tray, clipboard, characters,
                                      registry, instance, scanLock, regional, clock, random, pump, &machine},
-                        app::ProgramInfo{"Brovin", 1, 0, 0}, "/opt/brovin");
+                        settings::ProgramInfo{"Brovin", 1, 0, 0}, "/opt/brovin");
         program->Form_Load();
         program->frmOptions().cmdUpdate.click();
     }

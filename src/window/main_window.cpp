@@ -1,20 +1,20 @@
-#include "ui/main_window.h"
+#include "window/main_window.h"
 
-namespace brovin::ui {
+namespace brovin::window {
 
 bool MainWindow::imgTabs_Click(int tab) {
-    FrmOptions& form = needs_.form;
-    if (tab < 0 || static_cast<std::size_t>(tab) >= FrmOptions::kTabs)
+    ui::FrmOptions& form = needs_.form;
+    if (tab < 0 || static_cast<std::size_t>(tab) >= ui::FrmOptions::kTabs)
         return false;
     const auto chosen = static_cast<std::size_t>(tab);
-    for (std::size_t i = 0; i < FrmOptions::kTabs; ++i) {
+    for (std::size_t i = 0; i < ui::FrmOptions::kTabs; ++i) {
         form.lblTabs[i].setBold(i == chosen);
         form.lblTabs[i].setHighlighted(i == chosen);
         if (i != chosen)
             form.picTab[i].setVisible(false);
     }
     form.picTab[chosen].setVisible(true);
-    needs_.settings.write(app::setting::kTab, std::to_string(tab));
+    needs_.settings.write(settings::setting::kTab, std::to_string(tab));
     return true;
 }
 
@@ -23,7 +23,7 @@ void MainWindow::imgTabs_MouseMove(std::size_t tab) {
 }
 
 void MainWindow::resetPictures() {
-    for (std::size_t i = 0; i < FrmOptions::kTabs; ++i)
+    for (std::size_t i = 0; i < ui::FrmOptions::kTabs; ++i)
         needs_.form.imgTabs[i].setPicture("img" + std::to_string(i));
     needs_.form.cmdHelp.setPicture("help");
     needs_.form.cmdExit.setPicture("close");
@@ -44,19 +44,19 @@ void MainWindow::trayMouse(TrayMouse event) {
 }
 
 void MainWindow::mPopRestore_Click() {
-    needs_.form.window.setState(WindowState::Normal);
+    needs_.form.window.setState(ui::WindowState::Normal);
     needs_.form.window.setVisible(true);
     needs_.shell.setForegroundWindow();
 }
 
 void MainWindow::Form_Resize() {
     // Without an icon to click, a hidden window could not be brought back: it stays in the task bar.
-    if (needs_.form.window.state() == WindowState::Minimized && needs_.tray.available())
+    if (needs_.form.window.state() == ui::WindowState::Minimized && needs_.tray.available())
         needs_.form.window.setVisible(false);
 }
 
 void MainWindow::Form_Close() {
-    needs_.form.window.setState(WindowState::Minimized);
+    needs_.form.window.setState(ui::WindowState::Minimized);
 }
 
 void MainWindow::cmdHelp_Click() {
@@ -73,4 +73,4 @@ void MainWindow::open(const char* document) {
     needs_.shell.openDocument(needs_.folder.path(document));
 }
 
-} // namespace brovin::ui
+} // namespace brovin::window

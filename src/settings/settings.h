@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/setting_table.h"
 #include "platform/settings_store.h"
+#include "settings/setting_table.h"
 
 #include <functional>
 #include <optional>
@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace brovin::app {
+namespace brovin::settings {
 
 /// The settings store as the program uses it: keys come from the table of settings, and a write that the
 /// machine refuses is reported once and does not stop anything.
@@ -36,4 +36,4 @@ private:
     bool refusedBefore_ = false;
 };
 
-} // namespace brovin::app
+} // namespace brovin::settings

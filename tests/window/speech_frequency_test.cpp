@@ -1,25 +1,25 @@
-#include "ui/speech_frequency.h"
+#include "window/speech_frequency.h"
 
 #include "fakes/fake_settings_store.h"
 
 #include <gtest/gtest.h>
 
-namespace brovin::ui {
+namespace brovin::window {
 namespace {
 
 /// A track from 20 to 420 at the height 10 to 20, with a knob of 30.
 struct World {
     World() { form.picSlide.setTrack({20, 10, 400, 10, 30}); }
-    [[nodiscard]] const Slider::Parts& parts() const { return form.picSlide.parts(); }
+    [[nodiscard]] const ui::Slider::Parts& parts() const { return form.picSlide.parts(); }
 
     fakes::FakeSettingsStore store;
-    app::Settings settings{store};
-    FrmOptions form;
+    settings::Settings settings{store};
+    ui::FrmOptions form;
     SpeechFrequency slider{form, settings};
 };
 
 TEST(SpeechFrequency, drawsFromBlueToRed) {
-    constexpr std::tuple<int, Slider::Parts> kCases[] = {
+    constexpr std::tuple<int, ui::Slider::Parts> kCases[] = {
         {0, {0, 5, {0, 0, 255}}},       {25, {50, 55, {31, 0, 223}}},   {100, {200, 205, {127, 0, 127}}},
         {200, {400, 405, {255, 0, 0}}}, {300, {400, 405, {255, 0, 0}}}, {-7, {0, 5, {0, 0, 255}}},
     };
@@ -75,4 +75,4 @@ TEST(SpeechFrequency, jumpsToAClickOnTheTrackOnly) {
 }
 
 } // namespace
-} // namespace brovin::ui
+} // namespace brovin::window

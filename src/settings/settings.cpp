@@ -1,8 +1,8 @@
-#include "app/settings.h"
+#include "settings/settings.h"
 
 #include <utility>
 
-namespace brovin::app {
+namespace brovin::settings {
 namespace {
 constexpr std::string_view kSection = "Settings";
 }
@@ -32,4 +32,4 @@ bool Settings::writeTo(std::string_view section, std::span<const platform::Setti
     return false;
 }
 
-} // namespace brovin::app
+} // namespace brovin::settings

@@ -1,15 +1,15 @@
-#include "ui/main_window.h"
+#include "window/main_window.h"
 
 #include "fakes/fake_machine.h"
 
 #include <gtest/gtest.h>
 
-namespace brovin::ui {
+namespace brovin::window {
 namespace {
 
 struct World : fakes::FakeMachine {
-    FrmOptions form;
-    app::Settings options{settings};
+    ui::FrmOptions form;
+    settings::Settings options{settings};
     MainWindow window{{form, options, folder, shell, tray}};
 };
 
@@ -37,11 +37,11 @@ TEST(MainWindow, comesBackFromItsIconAndGoesThereAgain) {
     int menus = 0;
     world.window.popUpMenu = [&menus] { ++menus; };
     for (const TrayMouse event : {TrayMouse::LeftUp, TrayMouse::LeftDoubleClick}) {
-        world.form.window.setState(WindowState::Minimized);
+        world.form.window.setState(ui::WindowState::Minimized);
         EXPECT_FALSE(world.form.window.visible());
         world.window.trayMouse(event);
         EXPECT_TRUE(world.form.window.visible());
-        EXPECT_EQ(WindowState::Normal, world.form.window.state());
+        EXPECT_EQ(ui::WindowState::Normal, world.form.window.state());
     }
     EXPECT_EQ(2, world.shell.foregrounds);
     EXPECT_EQ(0, menus);
@@ -60,7 +60,7 @@ TEST(MainWindow, staysInTheTaskBarWhereThereIsNoNotificationArea) {
     world.window.mPopRestore_Click();
     world.window.Form_Close();
     EXPECT_TRUE(world.form.window.visible()) << "hidden it could never be reached again";
-    EXPECT_EQ(WindowState::Minimized, world.form.window.state());
+    EXPECT_EQ(ui::WindowState::Minimized, world.form.window.state());
 }
 
 TEST(MainWindow, opensWhatLiesBesideTheProgram) {
@@ -74,4 +74,4 @@ TEST(MainWindow, opensWhatLiesBesideTheProgram) {
 }
 
 } // namespace
-} // namespace brovin::ui
+} // namespace brovin::window

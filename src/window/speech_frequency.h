@@ -1,24 +1,24 @@
 #pragma once
 
-#include "app/settings.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
-namespace brovin::ui {
+namespace brovin::window {
 
 /// The nearer end for a value that lies outside the bounds.
 [[nodiscard]] double clamp(double value, double lower, double upper);
 
 /// The slider's parts when the fill is so wide: the knob's centre on the fill's end, and the fill from blue
 /// when it is empty to red when it is full.
-[[nodiscard]] Slider::Parts sliderParts(const Slider::Track& track, double fillWidth);
+[[nodiscard]] ui::Slider::Parts sliderParts(const ui::Slider::Track& track, double fillWidth);
 
 /// The value that a fill of this width stands for: the nearest whole number, halves to the even neighbour.
-[[nodiscard]] int sliderValue(const Slider::Track& track, double fillWidth);
+[[nodiscard]] int sliderValue(const ui::Slider::Track& track, double fillWidth);
 
 /// How often the character speaks by itself, as the user sets it with the slider.
 class SpeechFrequency {
 public:
-    SpeechFrequency(FrmOptions& form, app::Settings& settings) : form_(form), settings_(settings) {}
+    SpeechFrequency(ui::FrmOptions& form, settings::Settings& settings) : form_(form), settings_(settings) {}
 
     /// Draws the slider from the value that is held.
     void drawSpeechFreq();
@@ -34,10 +34,10 @@ public:
 private:
     void store(int value);
 
-    FrmOptions& form_;
-    app::Settings& settings_;
+    ui::FrmOptions& form_;
+    settings::Settings& settings_;
     bool dragging_ = false;
     double grip_ = 0; ///< from the knob's left edge to the mouse, while dragging
 };
 
-} // namespace brovin::ui
+} // namespace brovin::window

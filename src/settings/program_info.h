@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace brovin::app {
+namespace brovin::settings {
 
 /// What the program calls itself.
 struct ProgramInfo {
@@ -12,4 +12,4 @@ struct ProgramInfo {
     int revision = 0;
 };
 
-} // namespace brovin::app
+} // namespace brovin::settings

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "app/settings.h"
 #include "platform/notification_area.h"
 #include "platform/program_folder.h"
 #include "platform/shell.h"
+#include "settings/settings.h"
 #include "ui/frm_options.h"
 
 #include <cstddef>
 
-namespace brovin::ui {
+namespace brovin::window {
 
 /// A mouse event on the icon in the notification area, with the number under which the window hears of it.
 enum class TrayMouse { LeftUp = 514, LeftDoubleClick = 515, RightUp = 517 };
@@ -18,8 +18,8 @@ enum class TrayMouse { LeftUp = 514, LeftDoubleClick = 515, RightUp = 517 };
 class MainWindow {
 public:
     struct Needs {
-        FrmOptions& form;
-        app::Settings& settings;
+        ui::FrmOptions& form;
+        settings::Settings& settings;
         platform::ProgramFolder& folder;
         platform::Shell& shell;
         const platform::NotificationArea& tray;
@@ -27,7 +27,7 @@ public:
     explicit MainWindow(const Needs& needs) : needs_(needs) {}
 
     /// The tray's menu shall pop up at the mouse.
-    Event<> popUpMenu;
+    ui::Event<> popUpMenu;
 
     /// Shows page `tab` and marks its tab. False: there is no such tab, and nothing happens.
     bool imgTabs_Click(int tab);
@@ -56,4 +56,4 @@ private:
     Needs needs_;
 };
 
-} // namespace brovin::ui
+} // namespace brovin::window

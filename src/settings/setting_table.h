@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace brovin::app {
+namespace brovin::settings {
 
 /// A key of the settings store with the text that stands for it while it is missing.
 struct Setting {
@@ -50,4 +50,4 @@ inline constexpr Setting kLastUpdateCheck{"LastUpdateCheck", ""};
 inline constexpr Setting kNoCheck{"NoCheck", ""}; ///< written, read by nobody
 } // namespace setting
 
-} // namespace brovin::app
+} // namespace brovin::settings

@@ -1,16 +1,16 @@
-#include "ui/speech_frequency.h"
+#include "window/speech_frequency.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <string>
 
-namespace brovin::ui {
+namespace brovin::window {
 namespace {
 
 constexpr int kLeftButton = 1;
 
-double halfKnob(const Slider::Track& track) {
+double halfKnob(const ui::Slider::Track& track) {
     return track.knobWidth / 2;
 }
 
@@ -20,7 +20,7 @@ double clamp(double value, double lower, double upper) {
     return value < lower ? lower : value > upper ? upper : value;
 }
 
-Slider::Parts sliderParts(const Slider::Track& track, double fillWidth) {
+ui::Slider::Parts sliderParts(const ui::Slider::Track& track, double fillWidth) {
     constexpr double kBrightest = 255;
     const double ratio = track.width > 0 ? fillWidth / track.width : 0;
     const auto red = static_cast<int>(ratio * kBrightest);
@@ -28,17 +28,18 @@ Slider::Parts sliderParts(const Slider::Track& track, double fillWidth) {
     return {fillWidth, track.left + fillWidth - halfKnob(track), {red, 0, blue}};
 }
 
-int sliderValue(const Slider::Track& track, double fillWidth) {
+int sliderValue(const ui::Slider::Track& track, double fillWidth) {
     // In the usual rounding mode, nearbyint takes a half to its even neighbour.
-    return track.width > 0 ? static_cast<int>(std::nearbyint(fillWidth / track.width * Slider::kMaximum)) : 0;
+    return track.width > 0 ? static_cast<int>(std::nearbyint(fillWidth / track.width * ui::Slider::kMaximum))
+                           : 0;
 }
 
 void SpeechFrequency::drawSpeechFreq() {
     // A value from a settings file may be any number; the slider shows the nearer end then.
-    const int value = std::clamp<int>(form_.speechFreq, 0, Slider::kMaximum);
-    const Slider::Track& track = form_.picSlide.track();
+    const int value = std::clamp<int>(form_.speechFreq, 0, ui::Slider::kMaximum);
+    const ui::Slider::Track& track = form_.picSlide.track();
     form_.picSlide.setValue(value);
-    form_.picSlide.setParts(sliderParts(track, value * track.width / Slider::kMaximum));
+    form_.picSlide.setParts(sliderParts(track, value * track.width / ui::Slider::kMaximum));
 }
 
 void SpeechFrequency::picSlide_MouseDown(int button, double x) {
@@ -51,7 +52,7 @@ void SpeechFrequency::picSlide_MouseDown(int button, double x) {
 void SpeechFrequency::picSlide_MouseMove(double x) {
     if (!dragging_)
         return;
-    const Slider::Track& track = form_.picSlide.track();
+    const ui::Slider::Track& track = form_.picSlide.track();
     const double leftmost = track.left - halfKnob(track);
     const double knobLeft = clamp(x - grip_, leftmost, leftmost + track.width);
     form_.picSlide.setParts(sliderParts(track, knobLeft - leftmost));
@@ -63,7 +64,7 @@ void SpeechFrequency::picSlide_MouseUp() {
 }
 
 void SpeechFrequency::frmFreq_MouseUp(double x, double y) {
-    const Slider::Track& track = form_.picSlide.track();
+    const ui::Slider::Track& track = form_.picSlide.track();
     const double along = x - track.left;
     const double down = y - track.top;
     if (along >= 0 && along <= track.width && down >= 0 && down <= track.height)
@@ -71,13 +72,13 @@ void SpeechFrequency::frmFreq_MouseUp(double x, double y) {
 }
 
 void SpeechFrequency::picSlide_Choose(int value) {
-    store(std::clamp(value, 0, Slider::kMaximum));
+    store(std::clamp(value, 0, ui::Slider::kMaximum));
 }
 
 void SpeechFrequency::store(int value) {
     form_.speechFreq = static_cast<std::int16_t>(value);
-    settings_.write(app::setting::kSpeechFreq, std::to_string(value));
+    settings_.write(settings::setting::kSpeechFreq, std::to_string(value));
     drawSpeechFreq();
 }
 
-} // namespace brovin::ui
+} // namespace brovin::window

@@ -1,10 +1,10 @@
-#include "app/settings.h"
+#include "settings/settings.h"
 
 #include "fakes/fake_settings_store.h"
 
 #include <gtest/gtest.h>
 
-namespace brovin::app {
+namespace brovin::settings {
 namespace {
 
 TEST(Settings, standInForMissingKeysOnly) {
@@ -34,4 +34,4 @@ TEST(Settings, reportARefusalOnceAndGoOn) {
 }
 
 } // namespace
-} // namespace brovin::app
+} // namespace brovin::settings

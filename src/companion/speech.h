@@ -4,13 +4,13 @@
 #include "companion/phrase_engine.h"
 #include "language/message_table.h"
 
-namespace brovin::cleaner {
+namespace brovin::companion {
 
 /// What it takes to tell the user something.
 struct Speech {
     const language::MessageTable& messages;
-    companion::PhraseEngine& phrases;
-    companion::Announcer& announcer;
+    PhraseEngine& phrases;
+    Announcer& announcer;
 };
 
-} // namespace brovin::cleaner
+} // namespace brovin::companion
