@@ -3,7 +3,9 @@
 #include "voice/language_ids.h"
 #include "voice/mode_ids.h"
 #include "voice/utterance.h"
+#include "voice/writing.h"
 
+#include <string_view>
 #include <utility>
 
 namespace brovin::voice {
@@ -68,7 +70,16 @@ std::string VoiceChoice::voiceName() const {
 }
 
 SpeechJob VoiceChoice::jobFor(const std::vector<character::SpokenRun>& runs) const {
-    const std::string voice = identifier();
+    std::string voice = identifier();
+    std::string text;
+    for (const character::SpokenRun& run : runs)
+        text += run.text;
+    // "gmw/en-US": what stands before the stroke is the family.
+    const std::string_view language = std::string_view(voice).substr(voice.find('/') + 1);
+    if (const std::string reader = readerOf(text, language); !reader.empty())
+        voice = engine_->voices().voiceFor(reader).value_or(std::string());
+    if (voice.empty())
+        return {};
     return {nullptr, withVariant(voice, timbre_.variant),
             withVariant(voice, timbre_.female ? "whisperf" : "whisper"), makeUtterances(runs, timbre_), 0};
 }

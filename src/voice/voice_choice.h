@@ -31,7 +31,8 @@ public:
     [[nodiscard]] std::string voiceName() const;
     [[nodiscard]] const Timbre& timbre() const { return timbre_; }
 
-    /// A statement as it is to be synthesised.
+    /// A statement as it is to be synthesised, in foreign letters by a voice that can read them. Without
+    /// a voice: there is none.
     [[nodiscard]] SpeechJob jobFor(const std::vector<character::SpokenRun>& runs) const;
 
     [[nodiscard]] const std::shared_ptr<SpeechEngine>& engine() const { return engine_; }

@@ -5,6 +5,7 @@
 #include "voice/timbre.h"
 #include "voice/utterance.h"
 #include "voice/voice_choice.h"
+#include "voice/writing.h"
 
 #include <gtest/gtest.h>
 
@@ -114,6 +115,24 @@ std::string shape(const std::vector<Utterance>& utterances) {
 
 std::string shapeOf(std::string_view text) {
     return shape(makeUtterances(runsOf(text), Timbre{}));
+}
+
+TEST(VoiceChoice, readsForeignLettersByAVoiceThatHasThem) {
+    VoiceChoice voice({}, "en-us");
+    constexpr std::tuple<long, std::string_view, std::string_view> kCases[] = {
+        {0x0409, "Good evening, and \"привет\" to you", "gmw/en-US"},
+        {0x0409, "Привет, как твои дела? OK", "zle/ru"},
+        {0x0422, "Привіт, як справи?", "zle/uk"},
+        {0x0409, "Καλησπέρα σας", "grk/el"},
+        {0x0419, "Good evening", "zle/ru"},
+        {0x0409, "12:30 ...", "gmw/en-US"},
+    };
+    for (const auto& [language, text, reader] : kCases) {
+        ASSERT_TRUE(voice.setLanguageId(language));
+        const std::string speaks = voice.jobFor(runsOf(std::string(text))).voice;
+        EXPECT_TRUE(speaks.starts_with(reader)) << text << ": " << speaks;
+    }
+    EXPECT_EQ("th", readerOf("สวัสดี", "en-us"));
 }
 
 TEST(Utterance, keepsASentenceInOnePiece) {

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace brovin::voice {
 namespace {
@@ -31,8 +32,11 @@ bool EspeakVoice::say(const std::vector<character::SpokenRun>& runs, character::
     silence();
     if (!available())
         return false;
+    SpeechJob job = choice_.jobFor(runs);
+    if (job.voice.empty())
+        return false;
     playback_ = std::make_unique<SpeechPlayback>(choice_.engine(), listener);
-    if (playback_->start(choice_.jobFor(runs)))
+    if (playback_->start(std::move(job)))
         return true;
     playback_.reset();
     return false;
