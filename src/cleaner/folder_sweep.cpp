@@ -1,7 +1,6 @@
 #include "cleaner/folder_sweep.h"
 
-#include "text/strings.h"
-#include "text/utf8.h"
+#include "cleaner/shown_path.h"
 
 #include <limits>
 #include <optional>
@@ -66,6 +65,12 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
         return;
     }
     walk_ = std::move(*walk);
+    walk_->whileWaiting([this] {
+        if (waiting)
+            waiting(truePath_);
+        needs_.pump.pump();
+        return !cancelled_;
+    });
     levels_.clear();
     levels_.push_back({{}, 0, shownPath_.size(), truePath_.size()});
     visit(levels_.back());
@@ -83,6 +88,8 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
 void FolderSweep::descend(Level& level) {
     const Subfolder folder = std::move(level.subfolders[level.next++]);
     const Status entered = walk_->enter(folder.trueName);
+    if (cancelled_)
+        return; // while it waited
     if (!entered) {
         entryName_ = folder.name;
         if (folderFailed)
@@ -236,9 +243,7 @@ void FolderSweep::progress() const {
 }
 
 std::string FolderSweep::shown(std::string_view name) const {
-    // Messages turn a backslash and an "n" into a line break; a file of such a name must not make one.
-    const std::string path = text::displayText(shownPath_).append(text::displayText(name));
-    return text::replaceAll(path, "\\n", "\uFFFDn");
+    return shownPath(shownPath_, name);
 }
 
 bool FolderSweep::goOn(const Status& statement) {

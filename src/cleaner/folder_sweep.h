@@ -50,6 +50,9 @@ public:
     /// Told when a folder, given in the disk's own bytes, could not be swept, and why.
     std::function<void(const std::string& path, const std::string& reason)> folderFailed;
 
+    /// Told some times a second while a slow disk lets the sweep wait for a folder of this one.
+    std::function<void(const std::string& path)> waiting;
+
     std::int16_t scanItemCount = 0;  ///< entries deleted in this run
     std::int32_t scanKB = 0;         ///< kilobytes deleted in this run
     std::uint64_t notVisited = 0;    ///< folders beyond kMostSubfolders in this run

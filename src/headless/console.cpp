@@ -11,6 +11,10 @@ namespace brovin::headless {
 namespace box = platform::box;
 using platform::Button;
 
+bool ConsoleDialogs::comesAnswer() const {
+    return !console_.waitForAnswer || console_.in.rdbuf()->in_avail() > 0 || console_.waitForAnswer();
+}
+
 Button ConsoleDialogs::messageBox(const std::string& text, platform::BoxStyle style,
                                   const std::string& title) {
     const int buttons = style & box::kButtons;
@@ -25,7 +29,7 @@ Button ConsoleDialogs::messageBox(const std::string& text, platform::BoxStyle st
     const bool yesNo = buttons == box::kYesNo;
     std::string answer;
     console_.err << (yesNo ? " [y/N] " : " [o/C] ") << std::flush;
-    if (!console_.interactive || !std::getline(console_.in, answer))
+    if (!console_.interactive || !comesAnswer() || !std::getline(console_.in, answer))
         console_.err << "\n";
     const std::string lowered = text::asciiLower(text::trim(answer));
     if (yesNo)

@@ -6,6 +6,7 @@
 #include "platform/notification_area.h"
 #include "platform/shell.h"
 
+#include <functional>
 #include <iosfwd>
 
 namespace brovin::headless {
@@ -17,6 +18,9 @@ struct Console {
     std::ostream& err;
     bool interactive = false; ///< somebody can answer at `in`
     bool progress = false;    ///< `err` is a terminal that can show progress
+    /// Waits for somebody to type at `in`. False: the user wants the program to stop instead. Empty: reading
+    /// waits.
+    std::function<bool()> waitForAnswer = {};
 };
 
 /// Asks at the terminal. Where nobody can answer, the answer is the one that does nothing: No, or Cancel.
@@ -34,6 +38,8 @@ public:
     std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
 
 private:
+    [[nodiscard]] bool comesAnswer() const;
+
     Console console_;
 };
 
@@ -57,11 +63,6 @@ public:
     bool add(const std::string& /*tip*/) override { return false; }
     void setTip(const std::string& /*tip*/) override {}
     void remove() override {}
-};
-
-class NoEventPump final : public platform::EventPump {
-public:
-    void pump() override {}
 };
 
 } // namespace brovin::headless

@@ -13,4 +13,9 @@ enum class ExitStatus : int {
     NoWindow = 127, ///< the executable with the windows is not installed
 };
 
+/// The scan was stopped by this signal, and brought to an orderly end.
+[[nodiscard]] constexpr ExitStatus endedBySignal(int number) {
+    return static_cast<ExitStatus>(128 + number);
+}
+
 } // namespace brovin::headless

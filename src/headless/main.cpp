@@ -8,6 +8,7 @@
 #include "posix/places.h"
 #include "posix/posix_file_system.h"
 #include "posix/standard_random.h"
+#include "posix/stop_signals.h"
 #include "posix/system_clock.h"
 #include "posix/terminal.h"
 #include "version.h"
@@ -44,15 +45,21 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
     const posix::SystemClock clock;
     posix::StandardRandom random;
     random.seed(static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
-    const headless::Console console{std::cin, std::cout, std::cerr, posix::isTerminal(STDIN_FILENO),
-                                    posix::isTerminal(STDERR_FILENO)};
-    return headless::scanCommand(options, {settings, files, folder, lock, regional, clock, random}, console,
-                                 kInfo);
+    const posix::StopSignals signals;
+    const headless::Console console{std::cin,
+                                    std::cout,
+                                    std::cerr,
+                                    posix::isTerminal(STDIN_FILENO),
+                                    posix::isTerminal(STDERR_FILENO),
+                                    [] { return posix::StopSignals::waitToRead(STDIN_FILENO); }};
+    return headless::scanCommand(
+        options, {settings, files, folder, lock, regional, clock, random, &posix::StopSignals::caught},
+        console, kInfo);
 }
 
 /// All that is done without a window.
 ExitStatus run(const headless::CommandLine& line) {
-    // Whoever reads the output may stop listening; what is begun is brought to its end all the same.
+    // Whoever reads the output may stop listening; what is begun is brought to an orderly end all the same.
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     ExitStatus status = ExitStatus::Done;
     if (line.scan)

@@ -39,6 +39,24 @@ constexpr Box kBoxes[] = {
     {&FrmOptions::chkDude, &setting::kDude},
 };
 
+/// Stops the sweep when the user wants that, or when nobody reads any more what it says.
+class StopPump final : public platform::EventPump {
+public:
+    StopPump(const std::function<int()>& stopSignal, const std::ostream& out)
+        : stopSignal_(stopSignal), out_(out) {}
+
+    std::function<void()> stop;
+
+    void pump() override {
+        if (!out_ || (stopSignal_ && stopSignal_() != 0))
+            stop();
+    }
+
+private:
+    const std::function<int()>& stopSignal_;
+    const std::ostream& out_;
+};
+
 /// The part of the program that a scan needs, on a machine with a console.
 class ScanProgram {
 public:
@@ -68,7 +86,7 @@ private:
     NoShell shell_;
     NoClipboard clipboard_;
     NoNotificationArea tray_;
-    NoEventPump pump_;
+    StopPump pump_{machine_.stopSignal, console_.out};
 
     FrmOptions form_;
     settings::Settings settings_{store_};
@@ -120,12 +138,16 @@ ExitStatus ScanProgram::run() {
     sweep_.folderFailed = [this](const std::string& path, const std::string& reason) {
         report_.folderFailed(path, reason);
     };
+    sweep_.waiting = [this](const std::string& path) { report_.waiting(path); };
+    pump_.stop = [this] { sweep_.cancel(); };
     form_.sbStatus.observe([this] { report_.progress(form_.sbStatus.panel()); });
     if (scanRun_.runScan() == ScanOutcome::BusyElsewhere) {
         console_.err << "brovin: another scan is running\n";
         return ExitStatus::Busy;
     }
     report_.summary(sweep_);
+    if (const int number = machine_.stopSignal ? machine_.stopSignal() : 0; sweep_.cancelled() && number != 0)
+        return endedBySignal(number);
     if (sweep_.foldersOpened == 0)
         return ExitStatus::NothingToScan;
     return report_.failed() > 0 ? ExitStatus::SomeFailed : ExitStatus::Done;

@@ -12,6 +12,8 @@
 #include "platform/settings_store.h"
 #include "settings/program_info.h"
 
+#include <functional>
+
 namespace brovin::headless {
 
 /// What of the machine a scan without a display needs.
@@ -23,6 +25,8 @@ struct ScanMachine {
     const platform::Regional& regional;
     const platform::Clock& clock;
     platform::Random& random;
+    /// The number of the signal by which the user wants the scan stopped; 0: none. Empty: nobody can.
+    std::function<int()> stopSignal = {};
 };
 
 /// One scan run on the program's own core: the same sweep, log and totals as in the window. It makes no

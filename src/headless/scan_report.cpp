@@ -42,6 +42,7 @@ void ScanReport::folderFailed(const std::string& path, const std::string& reason
 }
 
 void ScanReport::progress(const std::string& text) {
+    waitingSince_.reset();
     const auto now = std::chrono::steady_clock::now();
     if (!console_.progress || now < nextProgress_)
         return;
@@ -50,6 +51,18 @@ void ScanReport::progress(const std::string& text) {
     const std::string shown = text::displayText(text);
     console_.err << kClearLine << text::firstCharacters(shown, kLineWidth) << std::flush;
     progressShown_ = true;
+}
+
+void ScanReport::waiting(const std::string& path) {
+    constexpr std::chrono::seconds kLong{5};
+    const auto now = std::chrono::steady_clock::now();
+    if (!waitingSince_)
+        waitingSince_ = now;
+    if (now < *waitingSince_ + kLong)
+        return;
+    waitingSince_ = std::chrono::steady_clock::time_point::max() - kLong; // said once a folder
+    clearProgress();
+    console_.err << "brovin: " << text::displayText(path) << ": the disk does not answer; still waiting\n";
 }
 
 void ScanReport::clearProgress() {

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace brovin::headless {
@@ -19,6 +20,8 @@ public:
     void deletion(const cleaner::Deletion& deletion);
     void folderFailed(const std::string& path, const std::string& reason);
     void progress(const std::string& text);
+    /// The disk lets the sweep wait in this folder, still or again.
+    void waiting(const std::string& path);
     void summary(const cleaner::FolderSweep& sweep);
 
     [[nodiscard]] std::uint64_t failed() const { return failed_; }
@@ -34,6 +37,7 @@ private:
     std::int64_t kb_ = 0; ///< of what was really deleted
     std::chrono::steady_clock::time_point nextProgress_{};
     bool progressShown_ = false;
+    std::optional<std::chrono::steady_clock::time_point> waitingSince_; ///< in the folder where the sweep is
 };
 
 } // namespace brovin::headless

@@ -73,5 +73,49 @@ TEST(Program, endsWithAStatusThatTellsWhy) {
     }
 }
 
+/// Begins a scan of a thousand things whose output nobody takes, so that it stands still in the middle, and
+/// then does something with its process, $pid. Tells the status, how many are left, and what the log and the
+/// totals say.
+const std::string kHalfway = R"(
+cd $HOME; rm -rf Share .config .local; mkdir -p Share .config/Brovin
+printf '[Settings]\nLog=1\nDotDash=1\n[filelist.txt]\nNumber=1\nEntry1=x\n' >.config/Brovin/Brovin.conf
+(cd Share; seq -f '._a name that is long enough for a thousand to fill a pipe: %.0f' 1000 | xargs -d '\n' touch)
+rm -f output; mkfifo output
+env --default-signal=INT,HUP $brovin --scan --folder $HOME/Share >output & pid=$!
+exec 3<output; read line <&3; sleep 0.2
+)";
+const std::string kTell = R"(
+wait $pid; echo status $?
+left=$(ls -A Share | wc -l); total=$(sed -n 's/^TotalNuked=//p' .config/Brovin/Brovin.conf); log=$(ls .local/share/*/deletions.log)
+[ $left -gt 0 ] && [ $left -lt 1000 ] && echo halfway
+[ $((left + total)) = 1000 ] && echo counted
+[ $(grep -c '\._a name' $log) = $total ] && grep -q "$total .* KB" $log && echo logged)";
+
+TEST(Program, endsInOrderWhenItIsStopped) {
+    const posix::ScratchFolder scratch;
+    const struct {
+        const char* what;
+        const char* status;
+    } kCases[] = {
+        {"kill -INT $pid; cat <&3 >/dev/null", "status 130"},
+        {"kill -TERM $pid; cat <&3 >/dev/null", "status 143"},
+        {"kill -HUP $pid; cat <&3 >/dev/null", "status 129"},
+        {"exec 3<&-", "status 5"},
+    };
+    for (const auto& [what, status] : kCases) {
+        const Ended ended = run(scratch, kHalfway + what + kTell);
+        for (const char* expected : {status, "halfway", "counted", "logged"})
+            EXPECT_NE(std::string::npos, ended.said.find(expected)) << what << ": " << expected << "\n"
+                                                                    << ended.said;
+    }
+}
+
+TEST(Program, endsAtOnceWhenItIsStoppedTwice) {
+    const posix::ScratchFolder scratch;
+    const Ended ended =
+        run(scratch, kHalfway + "kill -INT $pid; sleep 0.1; kill -INT $pid; wait $pid; echo status $?");
+    EXPECT_NE(std::string::npos, ended.said.find("status 130")) << ended.said;
+}
+
 } // namespace
 } // namespace brovin::headless

@@ -1,0 +1,48 @@
+#include "cleaner/shown_path.h"
+
+#include "text/strings.h"
+#include "text/utf8.h"
+
+#include <algorithm>
+
+namespace brovin::cleaner {
+namespace {
+
+constexpr std::size_t kHead = kMostShownPath / 3;
+constexpr std::size_t kTail = kMostShownPath - kHead;
+
+bool isWithinCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+std::string_view head(std::string_view path) {
+    std::size_t end = kHead;
+    while (end > 0 && isWithinCharacter(path[end]))
+        --end;
+    return path.substr(0, end);
+}
+
+std::string_view tail(std::string_view path) {
+    std::size_t begin = path.size() - kTail;
+    while (begin < path.size() && isWithinCharacter(path[begin]))
+        ++begin;
+    return path.substr(begin);
+}
+
+} // namespace
+
+std::string shownPath(std::string_view folder, std::string_view name) {
+    std::string path;
+    if (folder.size() + name.size() <= kMostShownPath) {
+        path = text::displayText(std::string(folder).append(name));
+    } else {
+        // A name is shorter than the tail: no disk has names of more than some hundred bytes.
+        const std::string end =
+            std::string(folder.substr(folder.size() - std::min(folder.size(), kTail))).append(name);
+        path = text::displayText(head(folder)) + " … " + text::displayText(tail(end));
+    }
+    // Messages turn a backslash and an "n" into a line break; a file of such a name must not make one.
+    return text::replaceAll(path, "\\n", "\uFFFDn");
+}
+
+} // namespace brovin::cleaner
