@@ -1,100 +1,244 @@
-// A sweep without a display over a warm tree, beside find(1) with the same names. Prints a table with ratios.
-// Usage: sweep_bench BROVIN SCRATCH-FOLDER
+// The sweep beside the least that a walk can do and beside other tools, in turn, on trees that it makes once.
+// Prints a table with medians, ratios and peak memory, and the goals beside what came out. Usage: sweep_bench
+// BROVIN TOOLS-FOLDER SCRATCH-FOLDER RUNS [cold]
 
 #include "command.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
 namespace fs = std::filesystem;
 using brovin::bench::Cost;
-
-constexpr int kFolders = 80'000;
-constexpr int kFiles = 920'000;
-constexpr int kFoldersInOne = 8;
-constexpr int kRuns = 5;
+using Command = std::vector<std::string>;
 
 const std::vector<std::string> kNasty = {"thumbs.db", ".ds_store",       "desktop.ini", "__macosx",
                                          ".trashes",  ".spotlight-v100", ".fseventsd",  ".temporaryitems",
                                          ".apdisk",   "ehthumbs.db"};
 
-/// Folder number n is one of the eight below folder number (n - 1) / 8.
-std::vector<fs::path> makeFolders(const fs::path& root) {
-    const char* const words[] = {"Holiday", "letters", "Project", "music",
-                                 "Backup",  "Taxes",   "photos",  "Old"};
-    std::vector<fs::path> folders{root};
-    fs::create_directories(root);
-    for (int n = 1; n < kFolders; ++n) {
-        const auto above = static_cast<std::size_t>((n - 1) / kFoldersInOne);
-        folders.push_back(folders[above] / (words[n % 8] + std::to_string(n)));
-        fs::create_directory(folders.back());
+struct Figures {
+    double seconds = 0;   ///< median
+    double mebibytes = 0; ///< at most
+};
+
+struct Goal {
+    std::string what;
+    std::string reference; ///< ratio to this one; empty: the figure itself
+    double atMost;
+};
+
+class Bench {
+public:
+    Bench(Command brovin, std::string tools, fs::path scratch, int runs)
+        : brovin_(std::move(brovin)), tools_(std::move(tools)), scratch_(std::move(scratch)), runs_(runs) {}
+
+    [[nodiscard]] Command sweep(const fs::path& tree, bool dry) const {
+        Command command = brovin_;
+        command.insert(command.end(), {"--scan", "--folder", tree});
+        if (dry)
+            command.emplace_back("--dry-run");
+        for (const std::string& name : kNasty)
+            command.insert(command.end(), {"--nasty", name});
+        return command;
     }
-    return folders;
+
+    /// find, bfs or fd, looking for the same names.
+    [[nodiscard]] static Command finder(const std::string& tool, const fs::path& tree) {
+        Command command{tool, tree};
+        for (const std::string& name : kNasty) {
+            if (command.size() > 2)
+                command.emplace_back("-o");
+            command.insert(command.end(), {"-iname", name});
+        }
+        return command;
+    }
+    [[nodiscard]] static Command fd(const fs::path& tree, const std::string& threads = "") {
+        std::string names = "^(thumbs\\.db|\\.ds_store|desktop\\.ini|__macosx|\\.trashes|\\.spotlight-v100|";
+        names += "\\.fseventsd|\\.temporaryitems|\\.apdisk|ehthumbs\\.db)$";
+        Command command{"fdfind", "-u", "-i", names, tree};
+        if (!threads.empty())
+            command.insert(command.begin() + 1, "-j" + threads);
+        return command;
+    }
+    [[nodiscard]] Command bare(const fs::path& tree, const std::string& threads = "1",
+                               const std::string& what = "look") const {
+        return {tools_ + "/bare_walk", tree, threads, what};
+    }
+
+    /// A tree of the generator, made when it is not there.
+    [[nodiscard]] fs::path tree(const std::string& name, const Command& shape) const {
+        const fs::path place = scratch_ / name;
+        if (!fs::exists(place)) {
+            Command command{tools_ + "/make_tree", place};
+            command.insert(command.end(), shape.begin(), shape.end());
+            static_cast<void>(brovin::bench::run(command));
+        }
+        return place;
+    }
+
+    /// Runs them in turn, so that what disturbs one disturbs all. `before` makes ready for each run,
+    /// unmeasured.
+    void compare(
+        const std::string& title, const std::vector<std::pair<std::string, Command>>& commands,
+        const std::vector<Goal>& goals, const std::function<void()>& before = [] {},
+        const std::function<void()>& after = [] {}) {
+        std::map<std::string, std::vector<Cost>> costs;
+        for (int run = 0; run < runs_; ++run) {
+            for (const auto& [name, command] : commands) {
+                before();
+                costs[name].push_back(brovin::bench::run(command));
+                after();
+            }
+        }
+        std::map<std::string, Figures> figures;
+        for (auto& [name, each] : costs)
+            figures[name] = summary(each);
+        print(title, commands, figures);
+        judge(title, figures, goals);
+        std::fflush(stdout);
+    }
+
+    void printGoals() const {
+        std::printf("\n### Goals\n\n| what | at most | came out | |\n|---|---|---|---|\n%s", goals_.c_str());
+    }
+
+private:
+    static Figures summary(std::vector<Cost>& costs) {
+        std::sort(costs.begin(), costs.end(),
+                  [](const Cost& a, const Cost& b) { return a.seconds < b.seconds; });
+        Figures figures{costs[costs.size() / 2].seconds, 0};
+        for (const Cost& cost : costs)
+            figures.mebibytes = std::max(figures.mebibytes, cost.mebibytes);
+        return figures;
+    }
+
+    static void print(const std::string& title, const std::vector<std::pair<std::string, Command>>& commands,
+                      std::map<std::string, Figures>& figures) {
+        std::printf("\n### %s\n\n| command | median | brovin takes | peak memory |\n|---|---|---|---|\n",
+                    title.c_str());
+        for (const auto& [name, command] : commands)
+            std::printf("| %-18s | %7.3f s | %5.2f of it | %5.1f MiB |\n", name.c_str(),
+                        figures[name].seconds, figures["brovin"].seconds / figures[name].seconds,
+                        figures[name].mebibytes);
+    }
+
+    void judge(const std::string& title, std::map<std::string, Figures>& figures,
+               const std::vector<Goal>& goals) {
+        for (const auto& [what, reference, atMost] : goals) {
+            const Figures& brovin = figures["brovin"];
+            const double got = what == "MiB"       ? brovin.mebibytes
+                               : reference.empty() ? brovin.seconds * 1000
+                                                   : brovin.seconds / figures[reference].seconds;
+            const std::string unit = reference.empty() ? (what == "MiB" ? "MiB" : "ms") : "x " + reference;
+            std::vector<char> row(300);
+            std::snprintf(row.data(), row.size(), "| %s | %.2f %s | %.2f | %s |\n", title.c_str(), atMost,
+                          unit.c_str(), got, got <= atMost ? "held" : "missed");
+            goals_ += row.data();
+        }
+    }
+
+    Command brovin_;
+    std::string tools_;
+    fs::path scratch_;
+    int runs_;
+    std::string goals_;
+};
+
+void shell(const std::string& command) {
+    if (std::system(command.c_str()) != 0)
+        std::fprintf(stderr, "failed: %s\n", command.c_str());
 }
 
-void makeTree(const fs::path& root) {
-    const char* const endings[] = {".JPG", ".txt", ".odt", ".mp3", ".PDF", ".cpp", ".html"};
-    const auto folders = makeFolders(root);
-    for (int n = 0; n < kFiles; ++n) {
-        const fs::path& folder = folders[static_cast<std::size_t>(n) % folders.size()];
-        std::ofstream(folder / ("IMG_" + std::to_string(n) + endings[n % 7]));
-    }
+/// Mounted afresh for each run, so that nothing is cached from the one before.
+void slowShare(Bench& bench, const std::string& tools, const fs::path& scratch, const std::string& kind,
+               const std::vector<Goal>& goals) {
+    const fs::path tree = bench.tree("share", {"folders=1651", "files=18349", "fan=6"});
+    const fs::path mount = scratch / "mount";
+    fs::create_directories(mount);
+    const std::string begin = tools + "/slow_share " + tree.string() + " " + mount.string() + " 1000 " +
+                              kind + " & while ! mountpoint -q " + mount.string() + "; do sleep 0.01; done";
+    bench.compare(
+        "Slow share, 1 ms, " + kind,
+        {{"brovin", bench.sweep(mount, true)},
+         {"bare walk", bench.bare(mount)},
+         {"bare walk, 16", bench.bare(mount, "16")},
+         {"find", Bench::finder("find", mount)},
+         {"fd -j16", Bench::fd(mount, "16")}},
+        goals, [&] { shell(begin); }, [&] { shell("umount " + mount.string()); });
 }
 
-void print(const char* what, const Cost& cost, double reference) {
-    std::printf("| %-40s | %6.2f s | %5.2f | %5.1f MiB |\n", what, cost.seconds, cost.seconds / reference,
-                cost.mebibytes);
+void trees(Bench& bench, const fs::path& scratch, bool cold) {
+    const fs::path million = bench.tree("million", {"folders=80999", "files=919001"});
+    const std::vector<std::pair<std::string, Command>> all = {{"brovin", bench.sweep(million, true)},
+                                                              {"bare walk", bench.bare(million)},
+                                                              {"find", Bench::finder("find", million)},
+                                                              {"bfs", Bench::finder("bfs", million)},
+                                                              {"fd", Bench::fd(million)}};
+    bench.compare(
+        "1 M entries, 81,000 folders, warm", all,
+        {{"", "bare walk", 1.15}, {"", "find", 0.3}, {"", "bfs", 0.45}, {"", "fd", 0.6}, {"MiB", "", 12}});
+    const std::string list = (scratch / "clutter").string();
+    std::string find;
+    for (const std::string& word : Bench::finder("find", million))
+        find += word.starts_with('-') || word == million ? word + " "
+                : word == "find"                         ? "find "
+                                                         : "'" + word + "' ";
+    find.insert(find.find("-iname"), "\\( ");
+    shell(find + "\\) -print0 >" + list);
+    bench.compare(
+        "The same, deleting",
+        {{"brovin", bench.sweep(million, false)}, {"bare walk", bench.bare(million, "1", "delete")}},
+        {{"", "bare walk", 1.2}}, [&list] { shell("xargs -0 touch <" + list); });
+    const fs::path wide = bench.tree("wide", {"folders=0", "files=1000000"});
+    bench.compare("One folder of 1 M files",
+                  {{"brovin", bench.sweep(wide, true)}, {"bare walk", bench.bare(wide)}},
+                  {{"", "bare walk", 1.35}});
+    const fs::path chain = bench.tree("chain", {"folders=5000", "files=5000", "fan=1"});
+    Command few = bench.sweep(chain, true);
+    few.insert(few.begin(), {"prlimit", "--nofile=256"});
+    bench.compare("Chain, 5,000 deep", {{"brovin", few}, {"bare walk", bench.bare(chain)}},
+                  {{"", "bare walk", 2}});
+    if (cold)
+        bench.compare("1 M entries, cold",
+                      {{"brovin", bench.sweep(million, true)},
+                       {"bare walk", bench.bare(million)},
+                       {"fd", Bench::fd(million)}},
+                      {{"", "bare walk", 0.4}, {"", "fd", 0.6}},
+                      [] { shell("sync; echo 3 >/proc/sys/vm/drop_caches"); });
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "Usage: sweep_bench BROVIN SCRATCH-FOLDER\n");
+    if (argc < 5) {
+        std::fprintf(stderr, "Usage: sweep_bench BROVIN TOOLS-FOLDER SCRATCH-FOLDER RUNS [cold]\n");
         return 2;
     }
-    const fs::path scratch = argv[2];
-    const fs::path tree = scratch / "tree";
-    if (!fs::exists(scratch / "complete")) {
-        fs::remove_all(tree);
-        // In a process of its own: what this one has once used counts for the commands that it starts.
-        const pid_t maker = fork();
-        if (maker == 0) {
-            makeTree(tree);
-            _exit(0);
-        }
-        int status = -1;
-        if (waitpid(maker, &status, 0) != maker || status != 0)
-            return 1;
-        std::ofstream(scratch / "complete");
-    }
+    const fs::path scratch = argv[3];
+    fs::create_directories(scratch / "empty");
     setenv("XDG_CONFIG_HOME", (scratch / "config").c_str(), 1);
     setenv("XDG_DATA_HOME", (scratch / "data").c_str(), 1);
-
-    std::vector<std::string> sweep{argv[1], "--scan", "--folder", tree};
-    std::vector<std::string> find{"find", tree};
-    const std::vector<std::string> bare = find;
-    for (const std::string& name : kNasty) {
-        sweep.insert(sweep.end(), {"--nasty", name});
-        if (find.size() > 2)
-            find.emplace_back("-o");
-        find.insert(find.end(), {"-iname", name});
+    Bench bench({argv[1]}, argv[2], scratch, std::max(1, std::atoi(argv[4])));
+    bench.compare("brovin --version", {{"brovin", {argv[1], "--version"}}}, {{"ms", "", 10}});
+    bench.compare("--scan of an empty folder", {{"brovin", bench.sweep(scratch / "empty", true)}},
+                  {{"ms", "", 25}});
+    trees(bench, scratch, argc > 5);
+    if (geteuid() == 0 && fs::exists("/dev/fuse")) {
+        slowShare(bench, argv[2], scratch, "cached", {{"", "fd -j16", 1.2}, {"", "find", 0.15}});
+        slowShare(bench, argv[2], scratch, "uncached", {{"", "fd -j16", 0.5}, {"", "find", 0.07}});
+    } else {
+        std::printf("\nThe slow share was left out: only the administrator may mount it.\n");
     }
-    const Cost named = brovin::bench::cheapest(find, kRuns);
-    std::printf("%d entries in %d folders, %zu names, warm, best of %d runs\n\n", kFiles + kFolders, kFolders,
-                kNasty.size(), kRuns);
-    std::printf("| command | wall time | ratio | peak memory |\n|---|---|---|---|\n");
-    print("find with -iname for each name", named, named.seconds);
-    print("find alone", brovin::bench::cheapest(bare, kRuns), named.seconds);
-    print("brovin --scan", brovin::bench::cheapest(sweep, kRuns), named.seconds);
+    bench.printGoals();
     return 0;
 }

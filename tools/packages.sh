@@ -17,7 +17,7 @@ packages_virtual_desktop=(
     openbox picom trayer x11-utils x11-xserver-utils xdotool xvfb
 )
 packages_bench=(
-    curl findutils libbenchmark-dev
+    bfs curl fd-find findutils fuse3 libbenchmark-dev libfuse3-dev linux-perf
 )
 packages_test=(
     at-spi2-core dbus-daemon desktop-file-utils
