@@ -58,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto listing = readListing(file.view(), 0x0409);
     const auto character = readCharacter(file);
     if (!character) {
-        require(message(character.error()).size() > 20 && character.error().position <= size);
+        require(message(character.failure()).size() > 20 && character.failure().position <= size);
         return 0;
     }
     require(static_cast<bool>(listing));

@@ -1,7 +1,7 @@
 #include "app/scheduler.h"
 
-#include "companion/draw.h"
 #include "companion/word_generator.h"
+#include "platform/random.h"
 #include "text/date_text.h"
 #include "text/numbers.h"
 
@@ -77,7 +77,7 @@ void Scheduler::Timer1_Timer() {
 
 void Scheduler::chatter() {
     constexpr std::size_t kDraws = 1001;
-    const auto n = static_cast<int>(companion::drawBelow(needs_.random, kDraws));
+    const auto n = static_cast<int>(platform::drawBelow(needs_.random, kDraws));
     if (!needs_.form.chkAgent.checked())
         return;
     const int frequency = needs_.form.speechFreq;

@@ -1,6 +1,6 @@
 #include "character/acs_basics.h"
 
-#include "character/unicode_text.h"
+#include "text/utf16.h"
 
 namespace brovin::character {
 
@@ -49,11 +49,11 @@ std::string readText(ByteReader& in, std::uint32_t mostUnits) {
     }
     const auto bytes = in.bytes(std::size_t{units} * 2);
     in.skip(2); // the terminator, which is not looked at
-    return in.ok() ? fromUtf16(bytes) : std::string();
+    return in.ok() ? text::fromUtf16(bytes) : std::string();
 }
 
 void writeText(ByteWriter& out, std::string_view text) {
-    const std::u16string units = toUtf16(text);
+    const std::u16string units = text::toUtf16(text);
     out.u32(static_cast<std::uint32_t>(units.size()));
     for (const char16_t unit : units)
         out.u16(unit);

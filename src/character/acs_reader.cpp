@@ -87,23 +87,23 @@ void moveInto(CharacterData& character, InformationTail&& tail) {
 LoadResult<CharacterData> readCharacter(const SharedBytes& file) {
     const auto header = readHeader(file.view());
     if (!header)
-        return header.error();
+        return header.failure();
     ByteReader in = header->information.reader();
     const auto head = readInformationHead(in);
     if (!head)
-        return head.error();
+        return head.failure();
     auto images = readImages(file, header->images);
     if (!images)
-        return images.error();
+        return images.failure();
     auto sounds = readSounds(file, header->sounds);
     if (!sounds)
-        return sounds.error();
+        return sounds.failure();
     auto table = readAnimations(file.view(), header->animations, images->size(), sounds->size());
     if (!table)
-        return table.error();
+        return table.failure();
     auto tail = readInformationTail(file, in, head->flags, table->names);
     if (!tail)
-        return tail.error();
+        return tail.failure();
     CharacterData character = characterOf(*head);
     character.info = readLocalizedAt(file.view(), head->localized);
     character.images = std::move(*images);
@@ -116,11 +116,11 @@ LoadResult<CharacterData> readCharacter(const SharedBytes& file) {
 LoadResult<Listing> readListing(std::span<const std::uint8_t> file, LanguageId language) {
     const auto header = readHeader(file);
     if (!header)
-        return header.error();
+        return header.failure();
     ByteReader in = header->information.reader();
     const auto head = readInformationHead(in);
     if (!head)
-        return head.error();
+        return head.failure();
     Listing listing{head->guid, {}, {}};
     const std::vector<LocalizedInfo> info = readLocalizedAt(file, head->localized);
     if (const LocalizedInfo* entry = chooseInfo(info, language)) {

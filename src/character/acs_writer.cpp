@@ -92,7 +92,7 @@ std::size_t bytesOf(const std::vector<Locator>& locators) {
 
 } // namespace
 
-Outcome<std::vector<std::uint8_t>, WriteError> writeCharacter(const CharacterData& character) {
+platform::Result<std::vector<std::uint8_t>, WriteError> writeCharacter(const CharacterData& character) {
     if (std::string problem = unsoundness(character); !problem.empty())
         return WriteError{std::move(problem)};
     const WriteError tooLarge{"The file would be larger than 64 MiB"};

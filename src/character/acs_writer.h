@@ -1,7 +1,7 @@
 #pragma once
 
 #include "character/character_data.h"
-#include "character/outcome.h"
+#include "platform/result.h"
 
 #include <cstdint>
 #include <string>
@@ -17,6 +17,7 @@ struct WriteError {
 /// The character's file, format 2.x: the same bytes for the same character on every machine. `readCharacter`
 /// gives the same character back, once it is written. Fails for a character that is not sound (see
 /// `unsoundness`), or whose file would be larger than a reader takes.
-[[nodiscard]] Outcome<std::vector<std::uint8_t>, WriteError> writeCharacter(const CharacterData& character);
+[[nodiscard]] platform::Result<std::vector<std::uint8_t>, WriteError>
+writeCharacter(const CharacterData& character);
 
 } // namespace brovin::character

@@ -1,6 +1,6 @@
 #include "character/letter_case.h"
 
-#include "character/unicode_text.h"
+#include "text/utf8.h"
 
 #include <cstdint>
 
@@ -62,7 +62,7 @@ std::string mapped(std::string_view text, char32_t (*map)(char32_t)) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty())
-        appendCodePoint(result, map(takeCodePoint(text)));
+        text::appendUtf8(result, map(text::takeCodePoint(text)));
     return result;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "character/byte_reader.h"
-#include "character/outcome.h"
+#include "platform/result.h"
 
 #include <cstdint>
 #include <string>
@@ -26,7 +26,7 @@ struct LoadError {
 };
 
 template <class T>
-using LoadResult = Outcome<T, LoadError>;
+using LoadResult = platform::Result<T, LoadError>;
 
 /// The failure of a reader that has failed.
 [[nodiscard]] LoadError damaged(std::string_view where, const ByteReader& in);

@@ -6,7 +6,8 @@
 #include "character/acs_media.h"
 #include "character/indexed_image.h"
 #include "character/name_index.h"
-#include "character/unicode_text.h"
+#include "text/utf16.h"
+#include "text/utf8.h"
 
 #include <concepts>
 #include <cstddef>
@@ -22,7 +23,7 @@ namespace {
 bool isPlainUtf8(std::string_view text) {
     std::string again;
     for (std::string_view rest = text; !rest.empty();)
-        appendCodePoint(again, takeCodePoint(rest));
+        text::appendUtf8(again, text::takeCodePoint(rest));
     return again == text && text.find('\0') == std::string_view::npos;
 }
 
@@ -52,7 +53,7 @@ private:
     }
 
     void expectText(const std::string& text, std::size_t mostUnits, std::string_view what) {
-        if (toUtf16(text).size() > mostUnits)
+        if (text::toUtf16(text).size() > mostUnits)
             expect(false, std::string(what).append(" is too long"));
         if (!isPlainUtf8(text))
             expect(false, std::string(what).append(" is not UTF-8 without zeros"));

@@ -1,7 +1,7 @@
 #include "companion/phrase_engine.h"
 
-#include "companion/draw.h"
 #include "companion/word_generator.h"
+#include "platform/random.h"
 #include "text/strings.h"
 
 #include <array>

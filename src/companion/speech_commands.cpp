@@ -1,6 +1,6 @@
 #include "companion/speech_commands.h"
 
-#include "companion/draw.h"
+#include "platform/random.h"
 #include "text/strings.h"
 
 namespace brovin::companion {

@@ -1,6 +1,6 @@
 #include "companion/word_generator.h"
 
-#include "companion/draw.h"
+#include "platform/random.h"
 
 #include <array>
 #include <string_view>

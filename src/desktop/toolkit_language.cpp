@@ -1,6 +1,6 @@
 #include "desktop/toolkit_language.h"
 
-#include "voice/language_ids.h"
+#include "text/language_ids.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
@@ -15,7 +15,7 @@ ToolkitLanguage::ToolkitLanguage(QString folder)
 
 void ToolkitLanguage::speak(long languageId) {
     QCoreApplication::removeTranslator(&translator_);
-    const auto tag = voice::languageTag(languageId);
+    const auto tag = text::languageTag(languageId);
     if (!tag)
         return;
     // By its locale and not by its name alone, so that "pt-br" finds "qtbase_pt_BR" and "de-at" "qtbase_de".

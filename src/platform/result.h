@@ -13,12 +13,12 @@ struct Failure {
     std::string reason;
 };
 
-/// A value, or why there is none.
-template <class T>
+/// A value, or why there is none: what the machine says, or a description of the caller's own.
+template <class T, class E = Failure>
 class [[nodiscard]] Result {
 public:
     Result(T value) : held_(std::move(value)) {}
-    Result(Failure failure) : held_(std::move(failure)) {}
+    Result(E failure) : held_(std::move(failure)) {}
 
     explicit operator bool() const { return std::holds_alternative<T>(held_); }
     T& operator*() & { return *std::get_if<T>(&held_); }
@@ -27,10 +27,10 @@ public:
     T operator*() && { return std::move(*std::get_if<T>(&held_)); }
     T* operator->() { return std::get_if<T>(&held_); }
     const T* operator->() const { return std::get_if<T>(&held_); }
-    [[nodiscard]] const Failure& failure() const { return *std::get_if<Failure>(&held_); }
+    [[nodiscard]] const E& failure() const { return *std::get_if<E>(&held_); }
 
 private:
-    std::variant<T, Failure> held_;
+    std::variant<T, E> held_;
 };
 
 /// The value of an operation that has none to give.

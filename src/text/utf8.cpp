@@ -53,6 +53,12 @@ Decoded decodeUtf8(std::string_view text) {
     return {codePoint, form.bytes, true};
 }
 
+char32_t takeCodePoint(std::string_view& text) {
+    const Decoded next = decodeUtf8(text);
+    text.remove_prefix(next.bytes);
+    return next.valid ? next.codePoint : kReplacement;
+}
+
 void appendUtf8(std::string& text, char32_t codePoint) {
     const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
     const auto tail = [&put, codePoint](unsigned shift) { put(0x80U | ((codePoint >> shift) & 0x3FU)); };

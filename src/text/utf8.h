@@ -17,6 +17,10 @@ struct Decoded {
 /// values above U+10FFFF are invalid and count byte by byte.
 [[nodiscard]] Decoded decodeUtf8(std::string_view text);
 
+/// The code point that a text begins with, and the text without it; of a stray byte U+FFFD. `text` must not
+/// be empty.
+[[nodiscard]] char32_t takeCodePoint(std::string_view& text);
+
 /// Appends a code point that UTF-8 can carry.
 void appendUtf8(std::string& text, char32_t codePoint);
 

@@ -1,18 +1,15 @@
 #include "voice/voice_catalogue.h"
 
+#include "text/strings.h"
+
 #include <algorithm>
 #include <cstddef>
 
 namespace brovin::voice {
 namespace {
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool same(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
+    return text::asciiLower(a) == text::asciiLower(b);
 }
 
 /// Null: nobody lists exactly this.

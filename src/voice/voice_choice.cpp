@@ -1,6 +1,6 @@
 #include "voice/voice_choice.h"
 
-#include "voice/language_ids.h"
+#include "text/language_ids.h"
 #include "voice/mode_ids.h"
 #include "voice/utterance.h"
 #include "voice/writing.h"
@@ -24,7 +24,7 @@ VoiceChoice::VoiceChoice(const character::CharacterData& character, std::string 
       timbre_(own_) {}
 
 bool VoiceChoice::setLanguageId(long id) {
-    const auto tag = languageTag(id);
+    const auto tag = text::languageTag(id);
     if (tag)
         language_ = *tag;
     return tag.has_value();
@@ -39,7 +39,8 @@ bool VoiceChoice::setTtsModeId(const std::string& id) {
     const VoiceCatalogue& voices = engine_->voices();
     if (const auto guid = parseGuid(id)) {
         const auto mode = knownMode(*guid);
-        const auto voice = mode ? voices.voiceFor(languageTag(mode->language).value_or("")) : std::nullopt;
+        const auto voice =
+            mode ? voices.voiceFor(text::languageTag(mode->language).value_or("")) : std::nullopt;
         if (!voice)
             return false;
         chosen_ = *voice;

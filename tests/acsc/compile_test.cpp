@@ -1,6 +1,6 @@
 #include "acsc/command.h"
 #include "acsc/dot.h"
-#include "acsc/edges.h"
+#include "acsc/drawing/edges.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "acsc/character_source.h"
-#include "acsc/compile.h"
+#include "acsc/file/compile.h"
 #include "acsc/problems.h"
+#include "acsc/sources/character_source.h"
 #include "character/bitmap.h"
 #include "character/character_data.h"
 

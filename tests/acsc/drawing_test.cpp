@@ -1,10 +1,10 @@
 #include "acsc/dot.h"
-#include "acsc/easing.h"
-#include "acsc/movement.h"
-#include "acsc/palette.h"
-#include "acsc/perceived_colour.h"
-#include "acsc/picture.h"
-#include "acsc/sounds.h"
+#include "acsc/drawing/palette.h"
+#include "acsc/drawing/perceived_colour.h"
+#include "acsc/drawing/picture.h"
+#include "acsc/movement/easing.h"
+#include "acsc/movement/movement.h"
+#include "acsc/sources/sounds.h"
 
 #include <gtest/gtest.h>
 

@@ -75,7 +75,7 @@ constexpr std::uint32_t kHuge = 0xFFFFFFFF;
 void expectTheSameAgain(const CharacterData& character) {
     const auto file = writeCharacter(character);
     if (!file) { // parts that lie upon one another are written one by one
-        EXPECT_EQ("The file would be larger than 64 MiB", file.error().reason);
+        EXPECT_EQ("The file would be larger than 64 MiB", file.failure().reason);
         return;
     }
     const auto back = readCharacter(SharedBytes(*file));
@@ -93,8 +93,8 @@ void expectNoHarm(const Bytes& file) {
     EXPECT_LE(meter.current(), 24 * file.size() + (std::size_t{1} << 20U));
     static_cast<void>(readListing(file, 0x0409));
     if (!character) {
-        EXPECT_FALSE(character.error().where.empty() || character.error().reason.empty());
-        EXPECT_LE(character.error().position, file.size());
+        EXPECT_FALSE(character.failure().where.empty() || character.failure().reason.empty());
+        EXPECT_LE(character.failure().position, file.size());
         return;
     }
     EXPECT_EQ("", unsoundness(*character));
@@ -279,7 +279,7 @@ TEST(AcsHostile, isRefusedForWhatIsWrongOrLosesItsDamagedPart) {
         for (const auto& [reason, why, file] : hostile) {
             expectNoHarm(file.bytes());
             const auto character = readCharacter(SharedBytes(file.bytes()));
-            EXPECT_EQ(reason, character ? "" : character.error().reason) << why;
+            EXPECT_EQ(reason, character ? "" : character.failure().reason) << why;
             if (!character)
                 continue;
             for (const EncodedImage& image : character->images)
@@ -352,10 +352,10 @@ TEST(AcsHostile, isNotOfTheFormatAtAll) {
     for (const auto& [problem, why, file] : kCases) {
         const auto character = readCharacter(SharedBytes(file));
         ASSERT_FALSE(character) << why;
-        EXPECT_EQ(problem, character.error().problem) << why;
+        EXPECT_EQ(problem, character.failure().problem) << why;
         const auto listing = readListing(file, 0x0409);
         ASSERT_FALSE(listing) << why;
-        EXPECT_EQ(problem, listing.error().problem) << why;
+        EXPECT_EQ(problem, listing.failure().problem) << why;
     }
 }
 
@@ -388,7 +388,7 @@ TEST(LoadError, tellsWhatAndWhere) {
     const auto character = readCharacter(SharedBytes(file.bytes()));
     ASSERT_FALSE(character);
     EXPECT_EQ("The sound list counts more items than its bytes can hold (at byte 108).",
-              message(character.error()));
+              message(character.failure()));
 }
 
 } // namespace

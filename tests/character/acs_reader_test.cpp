@@ -17,7 +17,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 CharacterData read(const RawFile& file) {
     auto character = readCharacter(SharedBytes(file.bytes()));
-    EXPECT_TRUE(character) << (character ? "" : message(character.error()));
+    EXPECT_TRUE(character) << (character ? "" : message(character.failure()));
     return character ? *character : CharacterData();
 }
 

@@ -50,10 +50,10 @@ EncodedImage plainImage(std::uint16_t width, std::uint16_t height, std::size_t b
 std::string difference(const CharacterData& character) {
     const auto file = writeCharacter(character);
     if (!file)
-        return "not written: " + file.error().reason;
+        return "not written: " + file.failure().reason;
     const auto back = readCharacter(SharedBytes(*file));
     if (!back)
-        return "not read: " + message(back.error());
+        return "not read: " + message(back.failure());
     const auto again = writeCharacter(*back);
     return !(*back == character) ? "not the same" : !again || *again != *file ? "other bytes" : "";
 }
@@ -160,7 +160,7 @@ TEST(AcsWriter, refusesWhatCouldNotBeReadBack) {
         CharacterData character = smallest();
         spoil(character);
         const auto file = writeCharacter(character);
-        EXPECT_EQ(reason, file ? "written" : file.error().reason);
+        EXPECT_EQ(reason, file ? "written" : file.failure().reason);
     }
 }
 

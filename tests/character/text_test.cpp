@@ -1,6 +1,6 @@
 #include "character/letter_case.h"
 #include "character/name_index.h"
-#include "character/unicode_text.h"
+#include "text/utf16.h"
 
 #include <gtest/gtest.h>
 
@@ -25,13 +25,13 @@ TEST(UnicodeText, goesToUtf16AndBack) {
         {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD", false}, // beyond the last
     };
     for (const auto& [text, units, back] : kCases) {
-        EXPECT_EQ(units, toUtf16(text)) << text;
+        EXPECT_EQ(units, text::toUtf16(text)) << text;
         std::vector<std::uint8_t> bytes;
         for (const char16_t unit : units) {
             bytes.push_back(static_cast<std::uint8_t>(unit & 0xFFU));
             bytes.push_back(static_cast<std::uint8_t>(unit >> 8U));
         }
-        EXPECT_EQ(back, text == fromUtf16(bytes)) << text;
+        EXPECT_EQ(back, text == text::fromUtf16(bytes)) << text;
     }
 }
 

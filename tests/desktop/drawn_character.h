@@ -60,7 +60,7 @@ inline character::CharacterData drawnCharacter() {
 
 inline void writeCharacterFile(const QString& path, const character::CharacterData& data) {
     const auto bytes = character::writeCharacter(data);
-    ASSERT_TRUE(bytes) << bytes.error().reason;
+    ASSERT_TRUE(bytes) << bytes.failure().reason;
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "character/stage/balloon_view.h"
-#include "character/stage/chance.h"
 #include "character/stage/moment.h"
 #include "character/stage/sound_output.h"
 #include "character/stage/surface.h"
 #include "character/stage/voice.h"
+#include "platform/random.h"
 
 #include <cstdint>
 #include <deque>
@@ -63,12 +63,12 @@ private:
 
 /// Draws what the test has laid ready, then from a sequence that a seed determines, or 0 for ever without
 /// one.
-class FakeStageChance final : public character::Chance {
+class FakeStageChance final : public platform::Random {
 public:
     std::deque<double> draws;
 
-    void seed(std::uint32_t seed) {
-        random_.seed(seed);
+    void seed(std::uint64_t seed) override {
+        random_.seed(static_cast<std::mt19937::result_type>(seed));
         seeded_ = true;
     }
 

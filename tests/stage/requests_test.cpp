@@ -197,7 +197,7 @@ TEST(RequestQueue, refusesWhatCannotBePlayed) {
     for (const std::string_view name : {"Dance", "", " Wave"}) {
         const Asked asked = world.stage->play(name);
         ASSERT_FALSE(asked) << name;
-        EXPECT_EQ(RequestError::UnknownAnimation, asked.error()) << name;
+        EXPECT_EQ(RequestError::UnknownAnimation, asked.failure()) << name;
     }
     EXPECT_EQ("in progress", outcomeOf(search)) << "what is running goes on";
     world.stage->stop();

@@ -192,7 +192,7 @@ TEST(Speak, repeatsTheLastStatement) {
     EXPECT_EQ("One!?", said(R"(\Vol=9\\Mrk=1\One)"));
     EXPECT_EQ("One?", said(R"(\Lst\)")) << "with its tags, but without bookmarks";
     EXPECT_EQ("One?", said(R"( \lst\ )")) << "a repetition is no statement";
-    EXPECT_EQ(RequestError::RepeatWithOtherText, world.stage->speak(R"(\Lst\ again)").error());
+    EXPECT_EQ(RequestError::RepeatWithOtherText, world.stage->speak(R"(\Lst\ again)").failure());
 
     ASSERT_TRUE(world.stage->speak("Two"));
     ASSERT_TRUE(world.stage->speak("Three"));

@@ -1,5 +1,5 @@
+#include "text/language_ids.h"
 #include "text/utf8.h"
-#include "voice/language_ids.h"
 #include "voice/mode_ids.h"
 #include "voice/statement.h"
 #include "voice/timbre.h"

@@ -1,15 +1,15 @@
-#include "command.h"
+#include "acsc/command.h"
 
+#include "acsc/drawing/edges.h"
+#include "acsc/drawing/sheet.h"
+#include "acsc/file/compile.h"
+#include "acsc/file/listing.h"
+#include "acsc/file/unpack.h"
+#include "acsc/movement/smoothness.h"
+#include "acsc/problems.h"
+#include "acsc/sources/character_source.h"
 #include "character/acs_reader.h"
 #include "character/acs_writer.h"
-#include "character_source.h"
-#include "compile.h"
-#include "edges.h"
-#include "listing.h"
-#include "problems.h"
-#include "sheet.h"
-#include "smoothness.h"
-#include "unpack.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -55,7 +55,7 @@ void compile(const QStringList& arguments, Problems& problems) {
         return;
     const auto bytes = character::writeCharacter(data);
     if (!bytes)
-        problems.add(arguments[0], QString::fromStdString(bytes.error().reason));
+        problems.add(arguments[0], QString::fromStdString(bytes.failure().reason));
     else
         writeFile(arguments[2], *bytes, problems);
 }
@@ -106,7 +106,7 @@ std::optional<character::CharacterData> load(const QString& path, Problems& prob
         character::SharedBytes(std::vector<std::uint8_t>(bytes.begin(), bytes.end())));
     if (data)
         return std::move(*data);
-    problems.add(path, QString::fromStdString(character::message(data.error())));
+    problems.add(path, QString::fromStdString(character::message(data.failure())));
     return std::nullopt;
 }
 

@@ -1,6 +1,6 @@
 // The compiler of character files: see characters/README.md.
 
-#include "command.h"
+#include "acsc/command.h"
 
 #include <QGuiApplication>
 #include <QThreadPool>

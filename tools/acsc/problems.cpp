@@ -1,4 +1,4 @@
-#include "problems.h"
+#include "acsc/problems.h"
 
 namespace brovin::acsc {
 

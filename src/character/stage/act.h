@@ -2,7 +2,6 @@
 
 #include "character/character_data.h"
 #include "character/stage/balloon.h"
-#include "character/stage/chance.h"
 #include "character/stage/moment.h"
 #include "character/stage/narration.h"
 #include "character/stage/performer.h"
@@ -11,6 +10,7 @@
 #include "character/stage/situation.h"
 #include "character/stage/sound_effects.h"
 #include "character/stage/speech_tags.h"
+#include "platform/random.h"
 
 #include <optional>
 #include <vector>
@@ -21,7 +21,7 @@ namespace brovin::character {
 struct StageParts {
     const CharacterData& character;
     const SituationTable& situations;
-    Chance& chance;
+    platform::Random& chance;
     Presence& presence;
     Performer& performer;
     SoundEffects& sounds;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "character/character_data.h"
-#include "character/stage/chance.h"
 #include "character/stage/frame_steps.h"
 #include "character/stage/moment.h"
 #include "character/stage/sound_effects.h"
 #include "character/stage/surface.h"
+#include "platform/random.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,7 +20,7 @@ namespace brovin::character {
 class AnimationPlayer {
 public:
     struct Needs {
-        Chance& chance;
+        platform::Random& chance;
         Surface& surface;
         SoundEffects& sounds;
     };

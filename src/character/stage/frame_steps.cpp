@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t kWhole = 100; // per cent
 
 /// nullopt: the draw falls to the next frame in order.
-std::optional<FrameIndex> drawBranch(const Frame& frame, Chance& chance) {
+std::optional<FrameIndex> drawBranch(const Frame& frame, platform::Random& chance) {
     if (frame.branches.empty())
         return std::nullopt;
     const std::size_t draw = drawBelow(chance, kWhole);
@@ -40,14 +40,15 @@ bool isShown(const Frame& frame) {
     return !frame.images.empty() || frame.duration.count() > 0;
 }
 
-std::optional<FrameIndex> nextFrame(const Animation& animation, FrameIndex frame, Chance& chance) {
+std::optional<FrameIndex> nextFrame(const Animation& animation, FrameIndex frame, platform::Random& chance) {
     if (const auto target = drawBranch(animation.frames[frame], chance))
         return target;
     const std::size_t next = std::size_t{frame} + 1;
     return next < animation.frames.size() ? std::optional(static_cast<FrameIndex>(next)) : std::nullopt;
 }
 
-std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame, Chance& chance) {
+std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame,
+                                       platform::Random& chance) {
     const auto& exit = animation.frames[frame].exitFrame;
     return exit ? exit : nextFrame(animation, frame, chance);
 }

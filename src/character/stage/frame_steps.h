@@ -1,8 +1,8 @@
 #pragma once
 
 #include "character/character_data.h"
-#include "character/stage/chance.h"
 #include "character/stage/moment.h"
+#include "platform/random.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,11 +17,11 @@ using FrameIndex = std::uint16_t;
 /// The frame that follows one whose time is over: one draw picks a branch, or else the next frame in order.
 /// nullopt: the animation is over.
 [[nodiscard]] std::optional<FrameIndex> nextFrame(const Animation& animation, FrameIndex frame,
-                                                  Chance& chance);
+                                                  platform::Random& chance);
 
 /// The same for an animation that is to end early: the exit frame goes before all else.
 [[nodiscard]] std::optional<FrameIndex> nextFrameOut(const Animation& animation, FrameIndex frame,
-                                                     Chance& chance);
+                                                     platform::Random& chance);
 
 /// How long an animation goes on from behind `frame` (from its beginning: nullopt) by its most probable way,
 /// or by its exits when `leaving`. Of a loop, one round.

@@ -19,7 +19,7 @@ constexpr std::array<Level, 3> kLevels = {{
     {kIdleLevel3After, Situation::IdlingLevel3},
 }};
 
-Milliseconds drawBetween(Milliseconds shortest, Milliseconds longest, Chance& chance) {
+Milliseconds drawBetween(Milliseconds shortest, Milliseconds longest, platform::Random& chance) {
     const auto spread = static_cast<double>((longest - shortest).count());
     return shortest + Milliseconds{std::lround(chance.next() * spread)};
 }

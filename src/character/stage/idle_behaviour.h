@@ -1,11 +1,11 @@
 #pragma once
 
-#include "character/stage/chance.h"
 #include "character/stage/event_list.h"
 #include "character/stage/moment.h"
 #include "character/stage/performer.h"
 #include "character/stage/situation.h"
 #include "character/stage/sound_effects.h"
+#include "platform/random.h"
 
 #include <cstdint>
 #include <optional>
@@ -35,7 +35,7 @@ public:
         const SituationTable& situations;
         Performer& performer;
         SoundEffects& sounds;
-        Chance& chance;
+        platform::Random& chance;
         EventList& events;
     };
     explicit IdleBehaviour(const Needs& needs) : needs_(needs) {}

@@ -1,6 +1,6 @@
 #include "character/stage/mouth_shapes.h"
 
-#include "character/unicode_text.h"
+#include "text/utf8.h"
 
 namespace brovin::character {
 namespace {
@@ -34,7 +34,7 @@ Mouth mouthOf(char32_t letter) {
 
 std::optional<Mouth> mouthFor(std::string_view ipa) {
     while (!ipa.empty()) {
-        const char32_t letter = takeCodePoint(ipa);
+        const char32_t letter = text::takeCodePoint(ipa);
         if (kMarks.find(letter) != std::u32string_view::npos)
             continue;
         if (letter == U'(')

@@ -2,12 +2,12 @@
 
 #include "character/stage/attention.h"
 #include "character/stage/balloon.h"
-#include "character/stage/chance.h"
 #include "character/stage/event_list.h"
 #include "character/stage/moment.h"
 #include "character/stage/performer.h"
 #include "character/stage/speech_plan.h"
 #include "character/stage/voice.h"
+#include "platform/random.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,7 +23,7 @@ public:
         Voice& voice;
         Balloon& balloon;
         Performer& performer;
-        Chance& chance;
+        platform::Random& chance;
         EventList& events;
         Attention& attention;
         bool mayUseVoice; ///< false: the character has no synthetic voice

@@ -35,7 +35,7 @@ public:
     struct Needs {
         const CharacterData& character;
         const SituationTable& situations;
-        Chance& chance;
+        platform::Random& chance;
         Surface& surface;
         SoundEffects& sounds;
     };

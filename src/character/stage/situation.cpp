@@ -63,7 +63,7 @@ SituationTable::SituationTable(const CharacterData& character) {
                     addPlayable(table_[row], *animation);
 }
 
-std::optional<std::uint32_t> SituationTable::pick(Situation situation, Chance& chance) const {
+std::optional<std::uint32_t> SituationTable::pick(Situation situation, platform::Random& chance) const {
     const auto& row = animations(situation);
     if (row.empty())
         return std::nullopt;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "character/character_data.h"
-#include "character/stage/chance.h"
+#include "platform/random.h"
 
 #include <array>
 #include <cstddef>
@@ -41,7 +41,7 @@ public:
     }
 
     /// One of them at random; nullopt: there is none.
-    [[nodiscard]] std::optional<std::uint32_t> pick(Situation situation, Chance& chance) const;
+    [[nodiscard]] std::optional<std::uint32_t> pick(Situation situation, platform::Random& chance) const;
 
 private:
     std::array<std::vector<std::uint32_t>, kSituationCount> table_;

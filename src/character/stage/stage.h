@@ -2,11 +2,11 @@
 
 #include "character/character_data.h"
 #include "character/name_index.h"
-#include "character/outcome.h"
 #include "character/stage/act.h"
 #include "character/stage/idle_behaviour.h"
 #include "character/stage/request_queue.h"
 #include "character/stage/show_hide_acts.h"
+#include "platform/result.h"
 
 #include <functional>
 #include <memory>
@@ -18,7 +18,7 @@
 namespace brovin::character {
 
 /// A request that was accepted, or why it was not; then nothing else has changed.
-using Asked = Outcome<RequestHandle, RequestError>;
+using Asked = platform::Result<RequestHandle, RequestError>;
 
 /// How long a MoveTo takes where nothing else is said.
 inline constexpr Milliseconds kUsualMoveTime{1000};
@@ -37,7 +37,7 @@ public:
         BalloonView& balloon;
         SoundOutput& sound;
         Voice& voice;
-        Chance& chance;
+        platform::Random& chance;
         std::function<void()> attention;
     };
     /// The character is hidden at first.
@@ -117,7 +117,7 @@ private:
     EventList events_;
     NameIndex names_;
     SituationTable situations_;
-    Chance& chance_;
+    platform::Random& chance_;
     SoundEffects sounds_;
     Presence presence_;
     Performer performer_;

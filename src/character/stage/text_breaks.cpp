@@ -1,6 +1,6 @@
 #include "character/stage/text_breaks.h"
 
-#include "character/unicode_text.h"
+#include "text/utf8.h"
 
 namespace brovin::character {
 namespace {
@@ -9,7 +9,7 @@ std::size_t leading(std::string_view text, bool blanks) {
     std::string_view rest = text;
     while (!rest.empty()) {
         std::string_view behind = rest;
-        if (isBlank(takeCodePoint(behind)) != blanks)
+        if (isBlank(text::takeCodePoint(behind)) != blanks)
             break;
         rest = behind;
     }
@@ -36,7 +36,7 @@ std::size_t leadingWord(std::string_view text) {
 
 std::size_t leadingCharacter(std::string_view text) {
     std::string_view rest = text;
-    static_cast<void>(takeCodePoint(rest));
+    static_cast<void>(text::takeCodePoint(rest));
     return text.size() - rest.size();
 }
 

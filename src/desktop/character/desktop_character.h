@@ -18,7 +18,7 @@ class DesktopCharacter final : public platform::Character {
 public:
     struct Needs {
         CharacterAudio audio;
-        character::Chance& chance;
+        platform::Random& chance;
         std::function<void(character::Event)> tell;
         std::function<void()> nextScreen; ///< chosen in the menu
     };

@@ -11,13 +11,9 @@
 
 namespace brovin::desktop {
 
-DesktopCharacterService::StageChance::StageChance() {
-    std::random_device device;
-    random_.seed(device());
-}
-
 DesktopCharacterService::DesktopCharacterService(Needs needs)
     : folder_(needs.folders), makeAudio_(std::move(needs.makeAudio)), delivery_(std::move(needs.busy)) {
+    chance_.seed(std::random_device{}());
     watchScreens();
 }
 

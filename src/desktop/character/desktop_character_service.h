@@ -1,11 +1,11 @@
 #pragma once
 
-#include "character/stage/chance.h"
 #include "desktop/character/character_audio.h"
 #include "desktop/character/character_folder.h"
 #include "desktop/character/desktop_character.h"
 #include "desktop/character/event_delivery.h"
 #include "platform/character_service.h"
+#include "platform/random.h"
 #include "posix/standard_random.h"
 
 #include <QObject>
@@ -44,21 +44,12 @@ public:
     [[nodiscard]] platform::Character* character(const std::string& id) override;
 
 private:
-    class StageChance final : public character::Chance {
-    public:
-        StageChance();
-        [[nodiscard]] double next() override { return random_.next(); }
-
-    private:
-        posix::StandardRandom random_;
-    };
-
     [[nodiscard]] bool loaded(const character::Guid& guid) const;
     void watchScreens();
 
     CharacterFolder folder_;
     AudioMaker makeAudio_;
-    StageChance chance_;
+    posix::StandardRandom chance_;
     EventDelivery delivery_;
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;

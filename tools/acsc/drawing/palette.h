@@ -1,0 +1,42 @@
+#pragma once
+
+#include "acsc/drawing/perceived_colour.h"
+#include "acsc/drawing/picture.h"
+#include "character/character_data.h"
+
+#include <cstdint>
+#include <map>
+#include <unordered_map>
+#include <vector>
+
+namespace brovin::acsc {
+
+/// What the author asks of the palette.
+struct PaletteWishes {
+    std::vector<std::uint32_t> exact; ///< 0xFFRRGGBB: colours that must not change, the most important first
+    std::vector<std::uint32_t> entries; ///< the whole palette instead; empty: it is to be found
+    std::uint8_t transparent = 10;
+};
+
+/// One palette for all pictures. The standard colours of the desktop stand in the first and last ten places,
+/// as readers expect, index 10 is transparent, and the others are found by what the pictures need. A colour
+/// has the same entry in all pictures, so nothing flickers.
+class Palette {
+public:
+    Palette(const std::vector<Picture>& pictures, const PaletteWishes& wishes);
+
+    [[nodiscard]] const std::vector<character::Colour>& colours() const { return colours_; }
+    [[nodiscard]] std::uint8_t transparent() const { return transparent_; }
+    /// The nearest entry to a colour 0xFFRRGGBB; the transparent one for 0.
+    [[nodiscard]] std::uint8_t entryOf(std::uint32_t colour);
+
+private:
+    void place(const std::vector<std::uint32_t>& found);
+
+    std::vector<character::Colour> colours_;
+    std::vector<PerceivedColour> seen_; ///< the same, as the eye sees them; empty until they are needed
+    std::uint8_t transparent_;
+    std::unordered_map<std::uint32_t, std::uint8_t> entries_; ///< of colours that were asked for
+};
+
+} // namespace brovin::acsc

@@ -1,0 +1,143 @@
+#include "acsc/drawing/picture.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <string_view>
+
+namespace brovin::acsc {
+namespace {
+
+/// Samples a pixel, each way; the renderer's own smooth edges come on top.
+constexpr int kSamples = 4;
+
+/// Sums of premultiplied samples.
+struct Sum {
+    std::uint32_t alpha = 0;
+    std::uint32_t red = 0;
+    std::uint32_t green = 0;
+    std::uint32_t blue = 0;
+};
+
+std::uint32_t coloured(const Sum& sum) {
+    constexpr std::uint32_t kHalf = 255U * kSamples * kSamples / 2;
+    if (sum.alpha < kHalf)
+        return 0;
+    const auto unmixed = [&](std::uint32_t value) {
+        return std::min<std::uint32_t>(255U, (value * 255U + sum.alpha / 2) / sum.alpha);
+    };
+    return 0xFF000000U | unmixed(sum.red) << 16U | unmixed(sum.green) << 8U | unmixed(sum.blue);
+}
+
+Sum samples(const QImage& large, int x, int y) {
+    Sum sum;
+    for (int row = y * kSamples; row < (y + 1) * kSamples; ++row) {
+        const auto* const line = reinterpret_cast<const QRgb*>(large.constScanLine(row));
+        for (int column = x * kSamples; column < (x + 1) * kSamples; ++column) {
+            sum.alpha += static_cast<std::uint32_t>(qAlpha(line[column]));
+            sum.red += static_cast<std::uint32_t>(qRed(line[column]));
+            sum.green += static_cast<std::uint32_t>(qGreen(line[column]));
+            sum.blue += static_cast<std::uint32_t>(qBlue(line[column]));
+        }
+    }
+    return sum;
+}
+
+Picture blank(int width, int height) {
+    return {width, height,
+            std::vector<std::uint32_t>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height))};
+}
+
+/// The box of the places for which `marked` holds.
+template <class Marked>
+Box boxOf(int width, int height, const Marked& marked) {
+    int left = width;
+    int right = -1;
+    int top = height;
+    int bottom = -1;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            if (marked(x, y)) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = y;
+            }
+    return right < 0 ? Box{} : Box{left, top, right - left + 1, bottom - top + 1};
+}
+
+std::size_t hashOf(const Picture& picture) {
+    const auto* const bytes = reinterpret_cast<const char*>(picture.pixels.data());
+    return std::hash<std::string_view>()({bytes, picture.pixels.size() * sizeof(std::uint32_t)});
+}
+
+} // namespace
+
+Picture drawSvg(const QByteArray& svg, QSize size) {
+    QImage large(size * kSamples, QImage::Format_ARGB32_Premultiplied);
+    large.fill(Qt::transparent);
+    QPainter painter(&large);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QSvgRenderer(svg).render(&painter, QRectF(large.rect()));
+    painter.end();
+    Picture picture = blank(size.width(), size.height());
+    std::size_t i = 0;
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x)
+            picture.pixels[i++] = coloured(samples(large, x, y));
+    return picture;
+}
+
+Picture fromImage(const QImage& image) {
+    const QImage plain = image.convertToFormat(QImage::Format_ARGB32);
+    Picture picture = blank(plain.width(), plain.height());
+    std::size_t i = 0;
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x, ++i)
+            if (const QRgb pixel = plain.pixel(x, y); qAlpha(pixel) >= 128)
+                picture.pixels[i] = pixel | 0xFF000000U;
+    return picture;
+}
+
+QImage toImage(const Picture& picture) {
+    QImage image(picture.width, picture.height, QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x)
+            image.setPixel(x, y, picture.at(x, y));
+    return image;
+}
+
+Box contentOf(const Picture& picture) {
+    return boxOf(picture.width, picture.height, [&](int x, int y) { return picture.at(x, y) != 0; });
+}
+
+Box differenceOf(const std::vector<const Picture*>& pictures) {
+    const Picture& first = *pictures.front();
+    return boxOf(first.width, first.height, [&](int x, int y) {
+        return std::any_of(pictures.begin(), pictures.end(),
+                           [&](const Picture* other) { return other->at(x, y) != first.at(x, y); });
+    });
+}
+
+Picture cut(const Picture& picture, const Box& box) {
+    Picture result = blank(box.width, box.height);
+    std::size_t i = 0;
+    for (int y = box.top; y < box.top + box.height; ++y)
+        for (int x = box.left; x < box.left + box.width; ++x)
+            result.pixels[i++] = picture.at(x, y);
+    return result;
+}
+
+std::size_t PictureStore::add(const Picture& picture) {
+    const std::size_t hash = hashOf(picture);
+    const auto [from, to] = byHash_.equal_range(hash);
+    for (auto same = from; same != to; ++same)
+        if (pictures_[same->second] == picture)
+            return same->second;
+    pictures_.push_back(picture);
+    byHash_.emplace(hash, pictures_.size() - 1);
+    return pictures_.size() - 1;
+}
+
+} // namespace brovin::acsc
