@@ -57,6 +57,7 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
     shownPath_ = withSeparator(shownPath);
     truePath_ = withSeparator(truePath);
     entryName_.clear();
+    showFolder("");
     auto walk = needs_.files.open(truePath);
     if (!walk) {
         if (folderFailed)
@@ -87,6 +88,7 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
 
 void FolderSweep::descend(Level& level) {
     const Subfolder folder = std::move(level.subfolders[level.next++]);
+    showFolder(withSeparator(folder.name));
     const Status entered = walk_->enter(folder.trueName);
     if (cancelled_)
         return; // while it waited
@@ -118,9 +120,13 @@ void FolderSweep::ascend() {
     levels_.clear();
 }
 
+/// Said before it is opened: the status then names the folder that is not to be had.
+void FolderSweep::showFolder(std::string_view below) {
+    needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown(below)}));
+}
+
 void FolderSweep::visit(Level& level) {
     entryName_.clear();
-    needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown("")}));
     progress();
     auto entries = walk_->list();
     if (entries)

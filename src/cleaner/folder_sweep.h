@@ -83,6 +83,7 @@ private:
         std::size_t trueLength = 0;
     };
 
+    void showFolder(std::string_view below);
     void visit(Level& level);
     bool handlePiece(std::span<const platform::Entry> entries, Level& level, std::int16_t& kb);
     bool handleEntry(const platform::Entry& entry, Level& level, std::int16_t& kb);

@@ -5,16 +5,20 @@
 namespace brovin::headless {
 namespace {
 
-/// One option: a switch, or, with `take`, an option that wants a value.
+/// One option: a switch, one of a pair of switches, or an option that wants a value.
 struct Option {
     std::string_view name;
     bool CommandLine::*flag = nullptr;
     bool ScanOptions::*scanFlag = nullptr;
+    std::optional<bool> ScanOptions::*choice = nullptr;
+    bool chosen = false;
     std::string CommandLine::*text = nullptr;
     std::vector<std::string> ScanOptions::*list = nullptr;
 
     [[nodiscard]] bool wantsValue() const { return text != nullptr || list != nullptr; }
-    [[nodiscard]] bool belongsToScan() const { return scanFlag != nullptr || list != nullptr; }
+    [[nodiscard]] bool belongsToScan() const {
+        return scanFlag != nullptr || choice != nullptr || list != nullptr;
+    }
 };
 
 constexpr Option kOptions[] = {
@@ -25,6 +29,14 @@ constexpr Option kOptions[] = {
     {.name = "--json", .scanFlag = &ScanOptions::json},
     {.name = "--folder", .list = &ScanOptions::folders},
     {.name = "--nasty", .list = &ScanOptions::nasty},
+    {.name = "--dot-underscore", .choice = &ScanOptions::dotUnderscore, .chosen = true},
+    {.name = "--no-dot-underscore", .choice = &ScanOptions::dotUnderscore},
+    {.name = "--icon-files", .choice = &ScanOptions::iconFiles, .chosen = true},
+    {.name = "--no-icon-files", .choice = &ScanOptions::iconFiles},
+    {.name = "--force", .choice = &ScanOptions::force, .chosen = true},
+    {.name = "--no-force", .choice = &ScanOptions::force},
+    {.name = "--confirm", .choice = &ScanOptions::confirm, .chosen = true},
+    {.name = "--no-confirm", .choice = &ScanOptions::confirm},
     {.name = "--check-language", .text = &CommandLine::checkLanguage},
     {.name = "--program-folder", .text = &CommandLine::programFolder},
     {.name = "--update-server", .text = &CommandLine::updateServer},
@@ -35,6 +47,8 @@ void apply(const Option& option, std::string_view value, CommandLine& line) {
         line.*option.flag = true;
     if (option.scanFlag != nullptr)
         line.scanOptions.*option.scanFlag = true;
+    if (option.choice != nullptr)
+        (line.scanOptions.*option.choice).emplace(option.chosen);
     if (option.text != nullptr)
         line.*option.text = value;
     if (option.list != nullptr)
@@ -89,14 +103,21 @@ The desktop companion and file cleaner. Without options it starts hidden behind 
     --dry-run            say what would be deleted, and delete, log and count nothing
     --json               one JSON object per deletion and a summary
     --folder DIR         sweep DIR instead of the watched folders (may be repeated)
-    --nasty NAME         delete NAME instead of the names on the Nasty File List (may be repeated)
+    --nasty NAME         delete NAME and nothing else, instead of the names on the Nasty File List and what goes
+                         with them (may be repeated)
+    --dot-underscore, --icon-files, --force, --confirm
+                         delete "._" files, delete icon files, delete read-only entries, ask before each deletion;
+                         each with "no-" before its name, too. Without them the stored options hold; with --nasty
+                         "._" and icon files stay
   --check-language FILE  say what is wrong with a language file (see "Language files" in the manual)
   --program-folder DIR   language files, pictures and the deletion log are in DIR
   --update-server URL    ask there for updates
   --help                 show this help
   --version              show the version
 
-Exit status of --scan: 0 done, 1 some deletions failed, 2 bad usage, 3 another scan is running, 4 nothing to scan.
+Exit status: 0 done; 1 a deletion failed, a folder could not be swept, nobody could be asked, the settings are damaged
+or could not be stored; 2 bad usage; 3 another scan is running; 4 nothing to scan; 5 the output could not be written;
+127 the window is not installed.
 )";
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,7 +13,12 @@ struct ScanOptions {
     bool dryRun = false;
     bool json = false;
     std::vector<std::string> folders; ///< instead of the Watched Folder List; empty: the list
-    std::vector<std::string> nasty;   ///< instead of the Nasty File List; empty: the list
+    std::vector<std::string> nasty;   ///< instead of the Nasty File List and its rules; empty: the list
+    // Instead of what is stored, or of the rules that go with the list; nullopt: no word about it.
+    std::optional<bool> dotUnderscore;
+    std::optional<bool> iconFiles;
+    std::optional<bool> force;
+    std::optional<bool> confirm;
 };
 
 struct CommandLine {

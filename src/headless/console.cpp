@@ -29,8 +29,10 @@ Button ConsoleDialogs::messageBox(const std::string& text, platform::BoxStyle st
     const bool yesNo = buttons == box::kYesNo;
     std::string answer;
     console_.err << (yesNo ? " [y/N] " : " [o/C] ") << std::flush;
-    if (!console_.interactive || !comesAnswer() || !std::getline(console_.in, answer))
+    if (!console_.interactive || !comesAnswer() || !std::getline(console_.in, answer)) {
         console_.err << "\n";
+        ++unanswered_;
+    }
     const std::string lowered = text::asciiLower(text::trim(answer));
     if (yesNo)
         return lowered == "y" || lowered == "yes" ? Button::Yes : Button::No;

@@ -6,6 +6,7 @@
 #include "platform/notification_area.h"
 #include "platform/shell.h"
 
+#include <cstdint>
 #include <functional>
 #include <iosfwd>
 
@@ -37,13 +38,32 @@ public:
     }
     std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
 
+    /// How many questions nobody was there to answer.
+    [[nodiscard]] std::uint64_t unanswered() const { return unanswered_; }
+
 private:
     [[nodiscard]] bool comesAnswer() const;
 
     Console console_;
+    std::uint64_t unanswered_ = 0;
 };
 
 // What a console has not.
+
+/// Says nothing, and takes the answer that does nothing.
+class NoDialogs final : public platform::Dialogs {
+public:
+    void setLanguage(long /*languageId*/) override {}
+    platform::Button messageBox(const std::string& /*text*/, platform::BoxStyle /*style*/,
+                                const std::string& /*title*/) override {
+        return platform::Button::Cancel;
+    }
+    std::optional<std::string> inputBox(const std::string& /*prompt*/, const std::string& /*title*/,
+                                        const std::string& /*text*/) override {
+        return std::nullopt;
+    }
+    std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
+};
 
 class NoShell final : public platform::Shell {
 public:

@@ -5,7 +5,8 @@ namespace brovin::headless {
 /// How the program ends, for those who start it from a script.
 enum class ExitStatus : int {
     Done = 0,
-    SomeFailed = 1, ///< a deletion failed, a folder could not be swept, or the settings are damaged
+    SomeFailed = 1, ///< a deletion failed, a folder could not be swept, nobody could be asked, or the
+                    ///< settings are damaged or could not be stored
     BadUsage = 2,
     Busy = 3, ///< another scan is running
     NothingToScan = 4,

@@ -52,9 +52,10 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
                                     posix::isTerminal(STDIN_FILENO),
                                     posix::isTerminal(STDERR_FILENO),
                                     [] { return posix::StopSignals::waitToRead(STDIN_FILENO); }};
-    return headless::scanCommand(
-        options, {settings, files, folder, lock, regional, clock, random, &posix::StopSignals::caught},
-        console, kInfo);
+    return headless::scanCommand(options,
+                                 {settings, files, folder, lock, regional, clock, random, settings.damaged(),
+                                  &posix::StopSignals::caught},
+                                 console, kInfo);
 }
 
 /// All that is done without a window.

@@ -1,6 +1,11 @@
 #include "headless/preview.h"
 
+#include "settings/setting_table.h"
+
+#include <algorithm>
+#include <array>
 #include <utility>
+#include <vector>
 
 namespace brovin::headless {
 namespace {
@@ -40,6 +45,17 @@ Result<std::unique_ptr<platform::FolderWalk>> PreviewFileSystem::open(const std:
     if (!walk)
         return walk.failure();
     return std::unique_ptr<platform::FolderWalk>(std::make_unique<PreviewWalk>(std::move(*walk)));
+}
+
+bool ScanSettings::write(std::string_view section, std::span<const platform::SettingsEntry> entries) {
+    constexpr std::array kStored = {settings::setting::kLastScanned.key, settings::setting::kTotalNuked.key,
+                                    settings::setting::kKb.key, settings::setting::kTotalDate.key};
+    std::vector<platform::SettingsEntry> stored;
+    for (const platform::SettingsEntry& entry : entries)
+        if (stores_ == Stores::Totals && section == settings::kSettingsSection &&
+            std::find(kStored.begin(), kStored.end(), entry.key) != kStored.end())
+            stored.push_back(entry);
+    return stored.empty() || beneath_.write(section, stored);
 }
 
 } // namespace brovin::headless

@@ -20,22 +20,23 @@ private:
     platform::FileSystem& beneath_;
 };
 
-/// Settings that can be read and stay as they are.
-class PreviewSettings final : public platform::SettingsStore {
+/// The user's settings as a scan from the command line sees them: it may store when it was, and the totals.
+/// All that the window would store in passing stays as it is, and with `Stores::Nothing` everything.
+class ScanSettings final : public platform::SettingsStore {
 public:
-    explicit PreviewSettings(platform::SettingsStore& beneath) : beneath_(beneath) {}
+    enum class Stores : bool { Nothing, Totals };
+    ScanSettings(platform::SettingsStore& beneath, Stores stores) : beneath_(beneath), stores_(stores) {}
 
     [[nodiscard]] std::optional<std::string> read(std::string_view section, std::string_view key) override {
         return beneath_.read(section, key);
     }
     [[nodiscard]] std::string location() const override { return beneath_.location(); }
-    [[nodiscard]] bool write(std::string_view /*section*/,
-                             std::span<const platform::SettingsEntry> /*entries*/) override {
-        return true;
-    }
+    [[nodiscard]] bool write(std::string_view section,
+                             std::span<const platform::SettingsEntry> entries) override;
 
 private:
     platform::SettingsStore& beneath_;
+    Stores stores_;
 };
 
 } // namespace brovin::headless

@@ -14,6 +14,7 @@
 #include "settings/settings.h"
 #include "text/numbers.h"
 
+#include <algorithm>
 #include <ostream>
 #include <utility>
 
@@ -68,7 +69,9 @@ public:
 
 private:
     bool chooseLanguage();
+    bool useLanguage(const std::string& file);
     void restoreOptions();
+    void applySwitches();
     void fillLists();
 
     const ScanOptions& options_;
@@ -76,13 +79,15 @@ private:
     Console console_;
     const settings::ProgramInfo& program_;
 
-    PreviewSettings previewSettings_{machine_.settings};
     PreviewFileSystem previewFiles_{machine_.files};
-    platform::SettingsStore& store_ =
-        options_.dryRun ? static_cast<platform::SettingsStore&>(previewSettings_) : machine_.settings;
+    // A damaged file stays as it is until the window tells the user: the next scan is to be as careful.
+    ScanSettings store_{machine_.settings, options_.dryRun || machine_.settingsDamaged
+                                               ? ScanSettings::Stores::Nothing
+                                               : ScanSettings::Stores::Totals};
     platform::FileSystem& files_ =
         options_.dryRun ? static_cast<platform::FileSystem&>(previewFiles_) : machine_.files;
     ConsoleDialogs dialogs_{console_};
+    NoDialogs noDialogs_;
     NoShell shell_;
     NoClipboard clipboard_;
     NoNotificationArea tray_;
@@ -93,7 +98,7 @@ private:
     language::LanguageTables tables_;
     language::LanguageCatalogue catalogue_{form_, machine_.folder};
     language::LanguageLoader loader_{
-        {form_, settings_, catalogue_, tables_, machine_.folder, dialogs_, machine_.regional}};
+        {form_, settings_, catalogue_, tables_, machine_.folder, noDialogs_, machine_.regional}};
     companion::Actor actor_;
     companion::PhraseEngine phrases_{{form_, settings_, tables_, actor_, machine_.regional, machine_.random}};
     companion::Announcer announcer_{{form_, actor_, phrases_, dialogs_}};
@@ -118,6 +123,8 @@ private:
                                .clock = machine_.clock,
                                .regional = machine_.regional}};
     ScanReport report_{options_, console_};
+    bool usable_ = true;    ///< the language file that was read last
+    bool allStored_ = true; ///< the totals
 };
 
 ExitStatus ScanProgram::run() {
@@ -126,6 +133,7 @@ ExitStatus ScanProgram::run() {
         return ExitStatus::BadUsage;
     }
     restoreOptions();
+    applySwitches();
     fillLists();
     if (form_.lstFolders.count() == 0) {
         console_.err << "brovin: no folder is watched; name one with --folder\n";
@@ -133,6 +141,7 @@ ExitStatus ScanProgram::run() {
     }
     settings_.refused = [this](const std::string& location) {
         console_.err << "brovin: the totals could not be saved in " << location << "\n";
+        allStored_ = false;
     };
     sweep_.deletionTried = [this](const cleaner::Deletion& deletion) { report_.deletion(deletion); };
     sweep_.folderFailed = [this](const std::string& path, const std::string& reason) {
@@ -148,23 +157,52 @@ ExitStatus ScanProgram::run() {
     report_.summary(sweep_);
     if (const int number = machine_.stopSignal ? machine_.stopSignal() : 0; sweep_.cancelled() && number != 0)
         return endedBySignal(number);
-    if (sweep_.foldersOpened == 0)
-        return ExitStatus::NothingToScan;
-    return report_.failed() > 0 ? ExitStatus::SomeFailed : ExitStatus::Done;
+    const bool allDone =
+        report_.complete() && allStored_ && dialogs_.unanswered() == 0 && !machine_.settingsDamaged;
+    return allDone ? ExitStatus::Done : ExitStatus::SomeFailed;
 }
 
+/// The chosen language, else the default one, else any: a scan at night must not fail over a broken file.
 bool ScanProgram::chooseLanguage() {
-    bool usable = true;
     form_.lstLang.click = [this] { loader_.lstLang_Click(); };
-    loader_.quit = [&usable] { usable = false; };
+    loader_.quit = [this] { usable_ = false; };
     catalogue_.buildLanguageCatalogue();
-    const auto stored = catalogue_.entryOf(settings_.read(setting::kLanguage));
-    return form_.lstLang.select(stored.value_or(0)) && form_.lstLang.count() > 0 && usable;
+    std::vector<std::string> files{settings_.read(setting::kLanguage),
+                                   std::string(setting::kLanguage.fallback)};
+    files.insert(files.end(), catalogue_.langFiles.begin(), catalogue_.langFiles.end());
+    return std::any_of(files.begin(), files.end(), [this](const auto& file) { return useLanguage(file); });
+}
+
+bool ScanProgram::useLanguage(const std::string& file) {
+    const auto entry = catalogue_.entryOf(file);
+    usable_ = true;
+    return entry && form_.lstLang.select(*entry) && usable_;
 }
 
 void ScanProgram::restoreOptions() {
     for (const Box& row : kBoxes)
         (form_.*row.box).setValue(text::leadingInt16(settings_.read(*row.setting)).value_or(0));
+    if (!machine_.settingsDamaged)
+        return;
+    console_.err
+        << "brovin: the settings are damaged, so nothing is forced and each deletion is asked about: "
+        << store_.location() << "\n";
+    form_.chkForce.setValue(ui::CheckBox::kOff);
+    form_.chkConfirm.setValue(ui::CheckBox::kOn);
+}
+
+/// What the command line says counts more than what is stored.
+void ScanProgram::applySwitches() {
+    const bool namesAlone = !options_.nasty.empty();
+    const std::pair<ui::CheckBox*, std::optional<bool>> switches[] = {
+        {&form_.chkDotDash, namesAlone ? options_.dotUnderscore.value_or(false) : options_.dotUnderscore},
+        {&form_.chkIcon, namesAlone ? options_.iconFiles.value_or(false) : options_.iconFiles},
+        {&form_.chkForce, options_.force},
+        {&form_.chkConfirm, options_.confirm},
+    };
+    for (const auto& [box, chosen] : switches)
+        if (chosen)
+            box->setValue(*chosen ? ui::CheckBox::kOn : ui::CheckBox::kOff);
     if (!options_.dryRun)
         return;
     form_.chkLog.setValue(ui::CheckBox::kOff);

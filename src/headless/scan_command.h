@@ -25,6 +25,7 @@ struct ScanMachine {
     const platform::Regional& regional;
     const platform::Clock& clock;
     platform::Random& random;
+    bool settingsDamaged = false; ///< nobody knows for certain what the user has chosen
     /// The number of the signal by which the user wants the scan stopped; 0: none. Empty: nobody can.
     std::function<int()> stopSignal = {};
 };

@@ -24,7 +24,8 @@ public:
     void waiting(const std::string& path);
     void summary(const cleaner::FolderSweep& sweep);
 
-    [[nodiscard]] std::uint64_t failed() const { return failed_; }
+    /// Whether all folders were swept and all that was tried is deleted.
+    [[nodiscard]] bool complete() const { return failed_ == 0 && foldersFailed_ == 0; }
 
 private:
     void clearProgress();

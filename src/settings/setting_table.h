@@ -10,6 +10,9 @@ struct Setting {
     std::string_view fallback;
 };
 
+/// The section of all keys below.
+inline constexpr std::string_view kSettingsSection = "Settings";
+
 /// Every key of the section "Settings". Check boxes are "0" or "1"; dates of the program's own are ISO 8601.
 namespace setting {
 inline constexpr Setting kLanguage{"Language", "default.blp"};

@@ -3,21 +3,18 @@
 #include <utility>
 
 namespace brovin::settings {
-namespace {
-constexpr std::string_view kSection = "Settings";
-}
 
 std::string Settings::read(const Setting& setting) const {
     return stored(setting).value_or(std::string(setting.fallback));
 }
 
 std::optional<std::string> Settings::stored(const Setting& setting) const {
-    return store_.read(kSection, setting.key);
+    return store_.read(kSettingsSection, setting.key);
 }
 
 void Settings::write(const Setting& setting, std::string value) {
     const platform::SettingsEntry entry{std::string(setting.key), std::move(value)};
-    writeTo(kSection, {&entry, 1});
+    writeTo(kSettingsSection, {&entry, 1});
 }
 
 std::optional<std::string> Settings::readFrom(std::string_view section, std::string_view key) const {
@@ -25,11 +22,10 @@ std::optional<std::string> Settings::readFrom(std::string_view section, std::str
 }
 
 bool Settings::writeTo(std::string_view section, std::span<const platform::SettingsEntry> entries) {
-    if (store_.write(section, entries))
-        return true;
-    if (!std::exchange(refusedBefore_, true) && refused)
+    const bool stored = store_.write(section, entries);
+    if (!std::exchange(refusedBefore_, !stored) && !stored && refused)
         refused(store_.location());
-    return false;
+    return stored;
 }
 
 } // namespace brovin::settings

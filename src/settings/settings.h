@@ -12,12 +12,13 @@
 namespace brovin::settings {
 
 /// The settings store as the program uses it: keys come from the table of settings, and a write that the
-/// machine refuses is reported once and does not stop anything.
+/// machine refuses is reported and does not stop anything.
 class Settings {
 public:
     explicit Settings(platform::SettingsStore& store) : store_(store) {}
 
-    /// Called at the first write that is refused, with the place where the settings are.
+    /// Called when a write is refused and the one before was not, with the place where the settings are: one
+    /// report for a disk that is full, and another when it is full again.
     std::function<void(const std::string& location)> refused;
 
     /// The stored text, or the setting's fallback.

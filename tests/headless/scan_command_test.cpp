@@ -30,12 +30,13 @@ struct World : fakes::FakeMachine {
     }
 
     ExitStatus scan() {
-        return scanCommand(options, {settings, files, folder, scanLock, regional, clock, random},
+        return scanCommand(options, {settings, files, folder, scanLock, regional, clock, random, damaged},
                            {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
     }
 
     ScanOptions options;
     bool interactive = false;
+    bool damaged = false;
     std::istringstream in;
     std::ostringstream out;
     std::ostringstream err;
@@ -92,7 +93,7 @@ TEST(ScanCommand, asksOnlyWhereSomebodyCanAnswer) {
     World silent;
     silent.settings.set("Confirm", "1");
     silent.in.str("y\ny\n");
-    EXPECT_EQ(ExitStatus::Done, silent.scan());
+    EXPECT_EQ(ExitStatus::SomeFailed, silent.scan()) << "nobody to ask";
     EXPECT_TRUE(silent.files.deleted.empty()) << "the answers were not for us";
 
     World asked;
@@ -122,7 +123,7 @@ TEST(ScanCommand, saysWhyItDoesNothing) {
 
     World gone;
     gone.options.folders = {"/nowhere"};
-    EXPECT_EQ(ExitStatus::NothingToScan, gone.scan());
+    EXPECT_EQ(ExitStatus::SomeFailed, gone.scan());
     EXPECT_NE(std::string::npos, gone.err.str().find("/nowhere"));
 
     World busy;
@@ -137,8 +138,57 @@ TEST(ScanCommand, saysWhyItDoesNothing) {
 
     World broken;
     broken.folder.files["default.blp"] = "language=x\nlanguageDesc=y\nlangversion=1\n";
-    EXPECT_EQ(ExitStatus::BadUsage, broken.scan()) << "nobody can choose another language";
+    EXPECT_EQ(ExitStatus::BadUsage, broken.scan()) << "there is no other language";
     EXPECT_TRUE(broken.files.deleted.empty());
+}
+
+TEST(ScanCommand, passesOverABrokenLanguageFileAndKeepsTheChoice) {
+    World world;
+    world.folder.files["a.blp"] = world.folder.files["b.blp"] = "language=x\nlanguageDesc=y\nlangversion=1\n";
+    world.settings.set("Language", "b.blp");
+    EXPECT_EQ(ExitStatus::Done, world.scan());
+    EXPECT_EQ("b.blp", world.settings.setting("Language"));
+    EXPECT_EQ("", world.err.str());
+    EXPECT_EQ("m55(10:05:00,21 November 2026)", world.folder.lines("deletions.log").at(1))
+        << "in another language";
+}
+
+TEST(ScanCommand, obeysSwitchesBeforeSettings) {
+    constexpr bool kWhole = false;
+    constexpr bool kDamaged = true;
+    const struct {
+        bool damaged;
+        std::vector<std::string_view> switches;
+        Paths deleted;
+        ExitStatus status;
+    } kCases[] = {
+        {kWhole, {"--nasty=x"}, {"/Test/x"}, ExitStatus::Done}, // and nothing else
+        {kWhole, {"--nasty=x", "--no-force"}, {}, ExitStatus::SomeFailed},
+        {kWhole, {"--nasty=y", "--dot-underscore"}, {"/Test/._a"}, ExitStatus::Done},
+        {kWhole, {"--nasty=y", "--icon-files"}, {"/Test/Icon?"}, ExitStatus::Done},
+        {kWhole, {}, {"/Test/._a", "/Test/Icon?"}, ExitStatus::Done},
+        {kWhole, {"--no-icon-files"}, {"/Test/._a"}, ExitStatus::Done},
+        {kWhole, {"--confirm"}, {}, ExitStatus::SomeFailed}, // nobody to ask
+        {kWhole, {"--confirm", "--no-confirm", "--no-dot-underscore"}, {"/Test/Icon?"}, ExitStatus::Done},
+        {kDamaged, {}, {}, ExitStatus::SomeFailed},
+        {kDamaged, {"--nasty=x", "--no-confirm"}, {}, ExitStatus::SomeFailed},
+        {kDamaged, {"--nasty=x", "--no-confirm", "--force"}, {"/Test/x"}, ExitStatus::SomeFailed},
+    };
+    for (const auto& expected : kCases) {
+        World world;
+        for (const char* file : {"/Test/x", "/Test/._a", "/Test/Icon?"})
+            world.files.addFile(file);
+        world.files.setReadOnly("/Test/x");
+        std::vector<std::string_view> arguments{"--scan", "--folder", "/Test"};
+        arguments.insert(arguments.end(), expected.switches.begin(), expected.switches.end());
+        world.options = parseCommandLine(arguments).scanOptions;
+        world.damaged = expected.damaged;
+        const auto settings = world.settings.values.size();
+        EXPECT_EQ(expected.status, world.scan()) << testing::PrintToString(expected.switches);
+        EXPECT_EQ(expected.deleted, world.files.deleted) << testing::PrintToString(expected.switches);
+        EXPECT_EQ(settings + (expected.damaged ? 0 : 3), world.settings.values.size())
+            << "totals and time alone";
+    }
 }
 
 } // namespace

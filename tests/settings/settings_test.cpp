@@ -19,7 +19,7 @@ TEST(Settings, standInForMissingKeysOnly) {
     EXPECT_EQ("Go home", settings.read(setting::kReminderWhenDue)) << "one key with two fallbacks";
 }
 
-TEST(Settings, reportARefusalOnceAndGoOn) {
+TEST(Settings, reportEachRefusalThatIsNewAndGoOn) {
     fakes::FakeSettingsStore store;
     Settings settings(store);
     std::vector<std::string> reports;
@@ -31,6 +31,9 @@ TEST(Settings, reportARefusalOnceAndGoOn) {
     store.refuses = false;
     settings.write(setting::kKb, "3");
     EXPECT_EQ("3", settings.read(setting::kKb));
+    store.refuses = true;
+    settings.write(setting::kKb, "4");
+    EXPECT_EQ(2U, reports.size()) << "full again";
 }
 
 } // namespace
