@@ -8,8 +8,8 @@ namespace brovin::window {
 namespace {
 
 /// A track from 20 to 420 at the height 10 to 20, with a knob of 30.
-struct World {
-    World() { form.picSlide.setTrack({20, 10, 400, 10, 30}); }
+struct SliderWorld {
+    SliderWorld() { form.picSlide.setTrack({20, 10, 400, 10, 30}); }
     [[nodiscard]] const ui::Slider::Parts& parts() const { return form.picSlide.parts(); }
 
     fakes::FakeSettingsStore store;
@@ -24,7 +24,7 @@ TEST(SpeechFrequency, drawsFromBlueToRed) {
         {200, {400, 405, {255, 0, 0}}}, {300, {400, 405, {255, 0, 0}}}, {-7, {0, 5, {0, 0, 255}}},
     };
     for (const auto& [value, parts] : kCases) {
-        World world;
+        SliderWorld world;
         world.form.speechFreq = static_cast<std::int16_t>(value);
         world.slider.drawSpeechFreq();
         EXPECT_EQ(parts, world.parts()) << value;
@@ -41,7 +41,7 @@ TEST(SpeechFrequency, followsTheDraggedKnobBetweenTheEnds) {
         {23, 2, "upwards too"},
     };
     for (const auto& [to, value, why] : kCases) {
-        World world;
+        SliderWorld world;
         world.slider.drawSpeechFreq();
         world.slider.picSlide_MouseDown(1, 20 + 7); // beside the knob's centre: that much it stays behind
         world.slider.picSlide_MouseMove(500);
@@ -54,7 +54,7 @@ TEST(SpeechFrequency, followsTheDraggedKnobBetweenTheEnds) {
         world.slider.picSlide_MouseMove(300);
         EXPECT_EQ(parts, world.parts()) << "the drag is over";
     }
-    World world;
+    SliderWorld world;
     world.slider.drawSpeechFreq();
     world.slider.picSlide_MouseDown(2, 20);
     world.slider.picSlide_MouseMove(300);
@@ -67,7 +67,7 @@ TEST(SpeechFrequency, jumpsToAClickOnTheTrackOnly) {
         {19, 15, 7}, {421, 15, 7},   {120, 9, 7},   {120, 21, 7}, // beside it
     };
     for (const auto& [x, y, value] : kCases) {
-        World world;
+        SliderWorld world;
         world.form.speechFreq = 7;
         world.slider.frmFreq_MouseUp(x, y);
         EXPECT_EQ(value, world.form.speechFreq) << x << ", " << y;
