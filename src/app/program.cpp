@@ -21,6 +21,7 @@
 #include "language/language_loader.h"
 #include "settings/settings.h"
 #include "text/numbers.h"
+#include "ui/list_hints.h"
 #include "window/speech_frequency.h"
 
 #include <chrono>
@@ -166,6 +167,7 @@ void Program::Rooms::tieSettings() {
 }
 
 void Program::Rooms::tieCleaner() {
+    ui::tieListHints(form);
     form.cmdNuke.click = [this] { scanRun.cmdNuke_Click(); };
     form.cmdAddFile.click = [this] { nastyFiles.cmdAddFile_Click(); };
     form.cmdRemoveFile.click = [this] { nastyFiles.cmdRemoveFile_Click(); };
@@ -266,6 +268,12 @@ void Program::Rooms::tieUpdates() {
 }
 
 void Program::Rooms::tieWindow() {
+    window.notOpened = [this](const std::string& path) {
+        const language::Text text =
+            path.ends_with(".url") ? language::Text("linkNotOpened") : language::Text("helpNotOpened");
+        announcer.agentMsgBox(tables.messageTable.getText(text, {path}), platform::box::kInformation, "",
+                              companion::ForceBox::No);
+    };
     for (std::size_t i = 0; i < FrmOptions::kTabs; ++i) {
         const auto choose = [this, i] { window.imgTabs_Click(static_cast<int>(i)); };
         form.imgTabs[i].click = choose;

@@ -142,6 +142,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     form().imgBrovin.setPicture("imgBrovin");
     form().imgLogo.setPicture("imgLogo");
     form().picAdd.setPicture("picAdd");
+    form().picAddFile.setPicture("picAddFile");
 }
 
 DesktopProgram::~DesktopProgram() = default;

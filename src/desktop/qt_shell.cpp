@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 
@@ -31,6 +32,22 @@ bool canShowCompiledHelp() {
     return asking.waitForFinished(kPatience) && !asking.readAllStandardOutput().trimmed().isEmpty();
 }
 
+/// Gives the target to the desktop's own opener. False: it says that there is nothing to open it with, which
+/// the toolkit's way would not tell.
+bool openByDesktop(const QUrl& target) {
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    if (opener.isEmpty())
+        return QDesktopServices::openUrl(target);
+    auto* process =
+        new QProcess; // on some desktops it lives as long as what it has opened, and may outlive us
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->start(opener, {target.toString(QUrl::FullyEncoded)});
+    constexpr int kPatience = 2000; // milliseconds: whoever fails does so at once
+    return !process->waitForFinished(kPatience) || process->exitCode() == 0;
+}
+
 } // namespace
 
 bool QtShell::openDocument(const std::string& path) {
@@ -41,7 +58,7 @@ bool QtShell::openDocument(const std::string& path) {
         return false;
     const bool shortcut = file.endsWith(QLatin1String(".url"), Qt::CaseInsensitive);
     const QUrl target = shortcut ? shortcutTarget(file) : QUrl::fromLocalFile(file);
-    return target.isValid() && QDesktopServices::openUrl(target);
+    return target.isValid() && openByDesktop(target);
 }
 
 void QtShell::setForegroundWindow() {

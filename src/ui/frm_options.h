@@ -46,12 +46,14 @@ struct FrmOptions : Form {
     TextBox txtInterval{*this, "txtInterval"};
     Label lblHours{*this, "lblHours"};
     Button cmdNuke{*this, "cmdNuke", "Scan NOW"};
+    Label lblNoNames{*this, "lblNoNames"}; ///< why a scan deletes nothing
 
     // Page 1: nasty files
     Label lblFiles{*this, "lblFiles"};
     ListBox lstFiles{*this, "lstFiles"};
     Button cmdAddFile{*this, "cmdAddFile"};
     Button cmdRemoveFile{*this, "cmdRemoveFile"};
+    Image picAddFile{*this, "picAddFile"};
     CheckBox chkDotDash{*this, "chkDotDash"};
     CheckBox chkIcon{*this, "chkIcon"};
 

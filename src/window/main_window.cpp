@@ -70,7 +70,9 @@ void MainWindow::lblFeedback_Click() {
 }
 
 void MainWindow::open(const char* document) {
-    needs_.shell.openDocument(needs_.folder.path(document));
+    const std::string path = needs_.folder.path(document);
+    if (!needs_.shell.openDocument(path))
+        notOpened(path);
 }
 
 } // namespace brovin::window

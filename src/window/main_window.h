@@ -7,6 +7,7 @@
 #include "ui/frm_options.h"
 
 #include <cstddef>
+#include <string>
 
 namespace brovin::window {
 
@@ -28,6 +29,9 @@ public:
 
     /// The tray's menu shall pop up at the mouse.
     ui::Event<> popUpMenu;
+
+    /// A document could not be opened; its full path.
+    ui::Event<const std::string&> notOpened;
 
     /// Shows page `tab` and marks its tab. False: there is no such tab, and nothing happens.
     bool imgTabs_Click(int tab);

@@ -119,10 +119,11 @@ public:
     std::vector<std::string> opened;
     int foregrounds = 0;
     bool ended = false;
+    bool opens = true; ///< there is a program for every document
 
     bool openDocument(const std::string& path) override {
         opened.push_back(path);
-        return true;
+        return opens;
     }
     void setForegroundWindow() override { ++foregrounds; }
     void endProgram() override { ended = true; }

@@ -1,5 +1,7 @@
 #include "window/main_window.h"
 
+#include "ui/list_hints.h"
+
 #include "fakes/fake_machine.h"
 
 #include <gtest/gtest.h>
@@ -71,6 +73,34 @@ TEST(MainWindow, opensWhatLiesBesideTheProgram) {
     EXPECT_EQ((std::vector<std::string>{"/program/brovin.chm", "/program/kestrelworks.url",
                                         "/program/feedback.url"}),
               world.shell.opened);
+}
+
+TEST(MainWindow, tellsWhatCannotBeOpened) {
+    World world;
+    std::vector<std::string> told;
+    world.window.notOpened = [&told](const std::string& path) { told.push_back(path); };
+    world.window.cmdHelp_Click();
+    EXPECT_TRUE(told.empty());
+    world.shell.opens = false;
+    world.window.lblFeedback_Click();
+    EXPECT_EQ(std::vector<std::string>{"/program/feedback.url"}, told);
+}
+
+TEST(ListHints, sayWhatIsMissing) {
+    const struct {
+        bool folder, name;
+        bool hint, inVain;
+    } cases[] = {{false, false, true, false}, {true, false, true, true}, {true, true, false, false}};
+    for (const auto& row : cases) {
+        ui::FrmOptions form;
+        ui::tieListHints(form);
+        if (row.folder)
+            form.lstFolders.add({"/share", 0});
+        if (row.name)
+            form.lstFiles.add({"thumbs.db", 0});
+        EXPECT_EQ(row.hint, form.picAddFile.visible());
+        EXPECT_EQ(row.inVain, form.lblNoNames.visible());
+    }
 }
 
 } // namespace

@@ -1,27 +1,14 @@
+#include "desktop/pages/list_with_hint.h"
 #include "desktop/pages/pages.h"
 #include "desktop/pages/parts.h"
-#include "desktop/picture_label.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QValidator>
 
 namespace brovin::desktop {
 namespace {
-
-/// The list, with the hint over its lower corner while it is empty.
-QLayout* listWithHint(QListWidget* list, ui::FrmOptions& form) {
-    auto* hint =
-        new PictureLabel(form.picAdd, 72, list->parentWidget()); // in the list no screen reader finds it
-    hint->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto* layout = new QGridLayout;
-    layout->addWidget(list, 0, 0);
-    layout->addWidget(hint, 0, 0, Qt::AlignLeft | Qt::AlignBottom); // its arrow points at the button below
-    return layout;
-}
 
 /// Lets the decimal sign of the user's own keyboard stand for the point that the program reads.
 class DecimalSign final : public QValidator {
@@ -52,7 +39,7 @@ QWidget* makeFoldersPage(ui::FrmOptions& form, QWidget* parent) {
     auto* list = bound<QListWidget>(form.lstFolders, page);
     list->setTextElideMode(Qt::ElideMiddle);
     layout->addWidget(labelAbove(list, form.lblFolders, page));
-    layout->addLayout(listWithHint(list, form), 1);
+    layout->addLayout(listWithHint(list, form.picAdd), 1);
     layout->addLayout(
         row({bound<QPushButton>(form.cmdAddFolder, page), bound<QPushButton>(form.cmdRemoveFolder, page)}));
     layout->addLayout(intervalRow(form, page));
@@ -63,6 +50,9 @@ QWidget* makeFoldersPage(ui::FrmOptions& form, QWidget* parent) {
     scan->setFont(large);
     scan->setMinimumHeight(scan->sizeHint().height() + 12);
     layout->addWidget(scan);
+    auto* inVain = bound<QLabel>(form.lblNoNames, page);
+    inVain->setWordWrap(true);
+    layout->addWidget(inVain);
     return page;
 }
 

@@ -1,8 +1,8 @@
+#include "desktop/pages/list_with_hint.h"
 #include "desktop/pages/pages.h"
 #include "desktop/pages/parts.h"
 
 #include <QCheckBox>
-#include <QListWidget>
 #include <QPushButton>
 
 namespace brovin::desktop {
@@ -12,7 +12,7 @@ QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
     auto* layout = new QVBoxLayout(page);
     auto* list = bound<QListWidget>(form.lstFiles, page);
     layout->addWidget(labelAbove(list, form.lblFiles, page));
-    layout->addWidget(list, 1);
+    layout->addLayout(listWithHint(list, form.picAddFile), 1);
     layout->addLayout(
         row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page)}));
     layout->addWidget(bound<QCheckBox>(form.chkDotDash, page));
