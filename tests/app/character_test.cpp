@@ -15,8 +15,8 @@ using platform::Button;
 using Texts = std::vector<std::string>;
 
 /// The whole program on a machine in memory that has two characters, with the settings of an earlier run.
-struct World : FakeMachine {
-    explicit World(const fakes::FakeSettingsStore& before = {}) {
+struct CharacterWorld : FakeMachine {
+    explicit CharacterWorld(const fakes::FakeSettingsStore& before = {}) {
         settings.values = before.values;
         folder.files["default.blp"] =
             fakes::testLanguage() + "languageid=1033\nspkHello=hello\nspkClick=ouch\nspkClickNoMore=enough\n"
@@ -44,7 +44,7 @@ struct World : FakeMachine {
 };
 
 TEST(ProgramWithACharacter, livesThroughItsDays) {
-    World first;
+    CharacterWorld first;
     EXPECT_EQ((Texts{"languageId 1033", "show", "speak hello"}), first.after([&] { first.startUp(); }));
     EXPECT_EQ("m50(Peedy,%2)", first.form.lblSay.caption());
     EXPECT_TRUE(first.dialogs.boxes.empty());
@@ -73,7 +73,7 @@ TEST(ProgramWithACharacter, livesThroughItsDays) {
     EXPECT_TRUE(first.characters.loaded.empty());
     EXPECT_EQ("70", first.settings.setting("AgentX"));
 
-    World second(first.settings);
+    CharacterWorld second(first.settings);
     EXPECT_EQ((Texts{"languageId 1033", "speak hello"}), second.after([&] { second.startUp(); }))
         << "loaded, and still in hiding";
     EXPECT_EQ(70, second.character.x);
@@ -84,14 +84,14 @@ TEST(ProgramWithACharacter, livesThroughItsDays) {
 }
 
 TEST(ProgramWithACharacter, greetsOnceEvenWhereItsWindowIsShown) {
-    World world;
+    CharacterWorld world;
     world.tray.present = false;
     EXPECT_EQ((Texts{"languageId 1033", "show", "speak hello"}), world.after([&] { world.startUp(); }));
     EXPECT_TRUE(world.form.window.visible());
 }
 
 TEST(ProgramWithACharacter, changesItsVoiceWithTheLanguage) {
-    World world;
+    CharacterWorld world;
     world.startUp();
     EXPECT_EQ((Texts{"languageId 1031", "show", "speak hallo"}),
               world.after([&] { world.form.lstLang.select(1); }));
@@ -107,7 +107,7 @@ TEST(ProgramWithACharacter, changesItsVoiceWithTheLanguage) {
 }
 
 TEST(ProgramWithACharacter, losesNoMessageWithAFileThatDoesNotLoad) {
-    World world;
+    CharacterWorld world;
     world.characters.broken = {"Peedy.acs"};
     world.startUp();
     EXPECT_TRUE(world.form.chkAgent.checked());
@@ -136,7 +136,7 @@ TEST(Chatter, comesAtItsThresholds) {
         {true, 8192, 0, {}, "a product that does not fit its variable"},
     };
     for (const auto& [visible, frequency, n, requests, why] : cases) {
-        World world;
+        CharacterWorld world;
         world.startUp();
         world.character.isVisible = visible;
         world.form.speechFreq = static_cast<std::int16_t>(frequency);
@@ -146,7 +146,7 @@ TEST(Chatter, comesAtItsThresholds) {
 }
 
 TEST(Chatter, keepsItsFrequencyOverTenThousandTicks) {
-    World world;
+    CharacterWorld world;
     world.startUp();
     world.form.chkBackup.setValue(0);
     world.form.chkCheck.setValue(0);

@@ -17,8 +17,8 @@ using std::chrono::hours;
 using std::chrono::minutes;
 
 /// The whole program on a machine in memory.
-struct World : FakeMachine {
-    World() {
+struct ProgramWorld : FakeMachine {
+    ProgramWorld() {
         folder.files["default.blp"] = fakes::testLanguage();
         clock.time = std::chrono::local_days(std::chrono::year(2026) / 11 / 21) + hours(10) + minutes(5);
     }
@@ -35,7 +35,7 @@ std::string hourOf(const ui::Picker& picker) {
 }
 
 TEST(Program, scansFromAnEmptyStoreToACleanFolder) {
-    World world;
+    ProgramWorld world;
     world.files.addFile("/Share/Photos/Thumbs.DB", 6000);
     world.files.addFile("/Share/Photos/beach.jpg", 90000);
     world.files.addFile("/Share/Photos/Old/._beach.jpg", 100);
@@ -79,7 +79,7 @@ TEST(Program, scansFromAnEmptyStoreToACleanFolder) {
 }
 
 TEST(Program, remembersItsListsAndOptionsOverARestart) {
-    World first;
+    ProgramWorld first;
     first.files.addFolder("/Share");
     ASSERT_TRUE(first.program.Form_Load());
     first.dialogs.folders = {"/Share"};
@@ -89,7 +89,7 @@ TEST(Program, remembersItsListsAndOptionsOverARestart) {
     first.form.chkForce.setValue(0);
     first.form.imgTabs[2].click();
 
-    World second;
+    ProgramWorld second;
     second.settings.values = first.settings.values;
     second.files.addFile("/Share/thumbs.db");
     ASSERT_TRUE(second.program.Form_Load());
@@ -104,7 +104,7 @@ TEST(Program, remembersItsListsAndOptionsOverARestart) {
 }
 
 TEST(Program, comesUpWithItsDefaultsOnAFirstStart) {
-    World world;
+    ProgramWorld world;
     ASSERT_TRUE(world.program.Form_Load());
     const ui::FrmOptions& form = world.form;
     for (const ui::CheckBox* box : {&form.chkBackup, &form.chkCheck, &form.chkDotDash, &form.chkForce,
@@ -125,13 +125,13 @@ TEST(Program, comesUpWithItsDefaultsOnAFirstStart) {
 }
 
 TEST(Program, endsWithAWordWhenItCannotGoOn) {
-    World mute;
+    ProgramWorld mute;
     mute.folder.files.clear();
     EXPECT_FALSE(mute.program.Form_Load());
     ASSERT_EQ(1U, mute.dialogs.boxes.size());
     EXPECT_NE("", mute.dialogs.boxes[0].text) << "no language, but not speechless";
 
-    World second;
+    ProgramWorld second;
     second.instance.first = false;
     EXPECT_FALSE(second.program.Form_Load());
     ASSERT_EQ(1U, second.dialogs.boxes.size());
@@ -140,7 +140,7 @@ TEST(Program, endsWithAWordWhenItCannotGoOn) {
 }
 
 TEST(Program, asksWhetherToGoOnAfterAFailingStep) {
-    World world;
+    ProgramWorld world;
     world.settings.set("Tab", "99");
     world.dialogs.answers = {Button::Yes};
     EXPECT_TRUE(world.program.Form_Load());
@@ -148,7 +148,7 @@ TEST(Program, asksWhetherToGoOnAfterAFailingStep) {
     EXPECT_TRUE(world.dialogs.boxes[0].title.starts_with("Error "));
     EXPECT_TRUE(world.form.picTab[0].visible());
 
-    World cautious;
+    ProgramWorld cautious;
     cautious.settings.set("CheckFreq", "99");
     cautious.dialogs.answers = {Button::No};
     EXPECT_FALSE(cautious.program.Form_Load());
@@ -198,7 +198,7 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
          [](const Form& f) { return std::to_string(f.chkUpdate.value()); }, 0},
     };
     for (const auto& row : cases) {
-        World world;
+        ProgramWorld world;
         world.settings.set(row.key, row.nonsense);
         world.dialogs.answers = {Button::Yes};
         const std::string what = std::string(row.key) + "=" + row.nonsense;
@@ -209,7 +209,7 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
         EXPECT_TRUE(world.form.Timer1.enabled()) << what;
         world.form.Timer1.tick(); // and it goes on
 
-        World next;
+        ProgramWorld next;
         next.settings.values = world.settings.values;
         next.dialogs.answers = {Button::Yes};
         ASSERT_TRUE(next.program.Form_Load()) << what;
@@ -220,7 +220,7 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
 TEST(Program, asksForTheFirstOnesWindowWhereItCouldNotBeClicked) {
     for (const auto& [tray, answers, shown, boxes] :
          {std::tuple{true, true, 0, 1U}, std::tuple{false, true, 1, 0U}, std::tuple{false, false, 0, 1U}}) {
-        World second;
+        ProgramWorld second;
         second.instance.first = false;
         second.instance.answers = answers;
         second.tray.present = tray;
@@ -231,14 +231,14 @@ TEST(Program, asksForTheFirstOnesWindowWhereItCouldNotBeClicked) {
 }
 
 TEST(Program, showsItsWindowWhereThereIsNoNotificationArea) {
-    World world;
+    ProgramWorld world;
     world.tray.present = false;
     ASSERT_TRUE(world.program.Form_Load());
     EXPECT_TRUE(world.form.window.visible());
 }
 
 TEST(Program, saysOnceThatSettingsCannotBeSaved) {
-    World world;
+    ProgramWorld world;
     world.settings.refuses = true;
     ASSERT_TRUE(world.program.Form_Load());
     ASSERT_EQ(1U, world.dialogs.boxes.size());
@@ -246,7 +246,7 @@ TEST(Program, saysOnceThatSettingsCannotBeSaved) {
 }
 
 TEST(Program, answersWhenItsMascotIsPoked) {
-    World world;
+    ProgramWorld world;
     ASSERT_TRUE(world.program.Form_Load());
     for (const auto& [draw, text] : {std::pair{0.0, "m44(, Fool,%2)"}, std::pair{0.999, "m49(, Fool,%2)"}}) {
         world.random.draws = {draw};
@@ -256,7 +256,7 @@ TEST(Program, answersWhenItsMascotIsPoked) {
 }
 
 TEST(Program, leavesOnlyWhenToldTo) {
-    World world;
+    ProgramWorld world;
     ASSERT_TRUE(world.program.Form_Load());
     world.dialogs.answers = {Button::No};
     world.form.mPopExit.click();
@@ -274,7 +274,7 @@ TEST(Program, leavesOnlyWhenToldTo) {
 
 TEST(Program, goesOnUnharmedWhenItIsToEndDuringAScan) {
     for (const Button stop : {Button::No, Button::Yes}) {
-        World world;
+        ProgramWorld world;
         for (const std::string path : {"/Share/a/junk", "/Share/b/junk"})
             world.files.addFile(path);
         world.settings.values[{"filelist.txt", "Number"}] = "1";
@@ -304,7 +304,7 @@ TEST(Program, goesOnUnharmedWhenItIsToEndDuringAScan) {
 }
 
 TEST(Program, hasItsOwnWordsWhereALanguageFileIsSilent) {
-    World world;
+    ProgramWorld world;
     ASSERT_TRUE(world.program.Form_Load());
     EXPECT_EQ("&Options", world.form.mPopRestore.caption());
     EXPECT_EQ("E&xit...", world.form.mPopExit.caption());

@@ -7,7 +7,7 @@
 namespace brovin::app {
 namespace {
 
-struct World : fakes::FakeMachine {
+struct RunKeyWorld : fakes::FakeMachine {
     ui::FrmOptions form;
     RunKey runKey{form, registry, "/opt/my programs/brovin"};
 };
@@ -21,7 +21,7 @@ TEST(RunKey, turnsTheEntryOverWhateverTheBoxShows) {
         {0, "/old/place/brovin", "", "an entry from before the program was moved"},
     };
     for (const auto& [box, before, after, why] : kCases) {
-        World world;
+        RunKeyWorld world;
         world.form.chkStartWindows.setValue(box);
         if (!before.empty())
             world.registry.values["Brovin"] = before;
@@ -33,7 +33,7 @@ TEST(RunKey, turnsTheEntryOverWhateverTheBoxShows) {
 }
 
 TEST(RunKey, leavesTheEntryAloneWhileTheProgramStartsOrIsRefused) {
-    World world;
+    RunKeyWorld world;
     world.form.loading = true;
     world.runKey.chkStartWindows_Click();
     EXPECT_FALSE(world.runKey.present());

@@ -9,8 +9,8 @@
 namespace brovin::app {
 namespace {
 
-struct World : fakes::FakeMachine {
-    World() {
+struct ScheduleOptionsWorld : fakes::FakeMachine {
+    ScheduleOptionsWorld() {
         form.optDaily.click = [this] { schedule.optDaily_Click(); };
         form.optWeekly.click = [this] { schedule.optWeekly_Click(); };
         form.txtInterval.change = [this] { schedule.txtInterval_Change(); };
@@ -28,7 +28,7 @@ TEST(ScheduleOptions, mendTheIntervalAsItIsTyped) {
         {"-3", "1"}, {"-0", "1"},  {"often", "1"},     {"", "1"},       {"0.5", "0.5"},
     };
     for (const auto& [typed, kept] : kCases) {
-        World world;
+        ScheduleOptionsWorld world;
         world.form.txtInterval.setText("9");
         world.form.txtInterval.setText(std::string(typed));
         EXPECT_EQ(kept, world.form.txtInterval.text()) << typed;
@@ -37,7 +37,7 @@ TEST(ScheduleOptions, mendTheIntervalAsItIsTyped) {
 }
 
 TEST(ScheduleOptions, switchBetweenTheDayAndTheWeek) {
-    World world;
+    ScheduleOptionsWorld world;
     world.form.optWeekly.setValue(true);
     EXPECT_EQ("1", world.settings.setting("Weekly"));
     EXPECT_EQ("h:mm tt ddd", world.form.dtpBackup.customFormat());
@@ -48,7 +48,7 @@ TEST(ScheduleOptions, switchBetweenTheDayAndTheWeek) {
 }
 
 TEST(ScheduleOptions, storeTimesThatCanBeReadAgain) {
-    World world;
+    ScheduleOptionsWorld world;
     const auto monday = text::dateOf("2026-11-23T07:30:00");
     ASSERT_TRUE(monday.has_value());
     world.form.dtpBackup.setValue(*monday);
@@ -63,7 +63,7 @@ TEST(ScheduleOptions, storeTimesThatCanBeReadAgain) {
 }
 
 TEST(ScheduleOptions, keepTheReminderWhenItsTextIsEmptied) {
-    World world;
+    ScheduleOptionsWorld world;
     world.form.txtReminder.setText("Go home");
     world.form.txtReminder.setText("");
     EXPECT_EQ("Go home", world.settings.setting("Reminder"));
@@ -71,7 +71,7 @@ TEST(ScheduleOptions, keepTheReminderWhenItsTextIsEmptied) {
 
 TEST(ScheduleOptions, enableTheControlsOfWhatIsOn) {
     for (const int on : {0, 1}) {
-        World world;
+        ScheduleOptionsWorld world;
         world.form.chkBackup.setValue(on);
         world.schedule.chkBackup_Click();
         for (const ui::Control* control : std::initializer_list<const ui::Control*>{

@@ -29,8 +29,8 @@ public:
 };
 
 /// Sweeps the folder /d and keeps a log.
-struct World : CleanerWorld {
-    explicit World(const Texts& names = {"junk"}) {
+struct FolderSweepWorld : CleanerWorld {
+    explicit FolderSweepWorld(const Texts& names = {"junk"}) {
         for (const std::string& name : names)
             nasty(name);
         form.chkLog.setValue(1);
@@ -45,13 +45,13 @@ TEST(FolderSweep, countsWholeKilobytesButFourAtLeast) {
     constexpr std::pair<std::uint64_t, std::int32_t> kCases[] = {{0, 4},    {100, 4},  {5119, 4},
                                                                  {5120, 5}, {6000, 5}, {33'554'431, 32767}};
     for (const auto& [bytes, kb] : kCases) {
-        World file;
+        FolderSweepWorld file;
         file.files.addFile("/d/Junk", bytes);
         file.run();
         EXPECT_EQ(kb, file.sweep.scanKB) << bytes;
         EXPECT_EQ((Texts{"m62(/d/junk,%2)"}), file.log.lines);
 
-        World folder;
+        FolderSweepWorld folder;
         folder.files.addFile("/d/JUNK/deep/a", bytes / 2);
         folder.files.addFile("/d/JUNK/b", bytes - bytes / 2);
         folder.run();
@@ -70,13 +70,13 @@ TEST(FolderSweep, countsASizeBeyondTheVariableLikeTheOneBefore) {
         {{kTooLarge, 9000, kTooLarge, kTooLarge}, 4 + 8 + 8 + 8, "as often as need be"},
     };
     for (const auto& [sizes, kb, why] : cases) {
-        World world({"f0", "f1", "f2", "f3"});
+        FolderSweepWorld world({"f0", "f1", "f2", "f3"});
         for (std::size_t i = 0; i < sizes.size(); ++i)
             world.files.addFile("/d/f" + std::to_string(i), sizes[i]);
         world.run();
         EXPECT_EQ(kb, world.sweep.scanKB) << why;
     }
-    World below({"small", "large"});
+    FolderSweepWorld below({"small", "large"});
     below.files.addFile("/d/small", 6000);
     below.files.addFile("/d/sub/large/content", kTooLarge);
     below.run();
@@ -107,7 +107,7 @@ TEST(FolderSweep, takesTheStatementsOfADeletionInTheirOrder) {
         {Fault::Count, false, {4, true, 1, kMost}, {4, true, 1, kMost}},
     };
     const auto outcome = [](const auto& row, bool hidden, bool ignores, Button answer) {
-        World world;
+        FolderSweepWorld world;
         world.files.addFile(row.folder ? "/d/junk/content" : "/d/junk", 10);
         if (row.fault == Fault::Size)
             world.files.failing = {{FileOperation::FolderSize, "/d/junk"},
@@ -141,7 +141,7 @@ TEST(FolderSweep, endsTheFolderButNotItsSiblingsWhenTheUserGivesItUp) {
         {Button::No, {"/d/one/good", "/d/one/queued/good", "/d/two/good"}},
     };
     for (const auto& [answer, deleted] : cases) {
-        World world({"bad", "good"});
+        FolderSweepWorld world({"bad", "good"});
         world.files.addFile("/d/one/queued/good");
         world.files.addFile("/d/one/bad");
         world.files.addFile("/d/one/good");
@@ -161,7 +161,7 @@ TEST(FolderSweep, endsTheFolderButNotItsSiblingsWhenTheUserGivesItUp) {
 
 TEST(FolderSweep, visitsFiveHundredAndOneSubfoldersAtMost) {
     for (const bool seen : {false, true}) {
-        World world;
+        FolderSweepWorld world;
         for (int i = 0; i < 503; ++i)
             world.files.addFile("/d/s" + std::to_string(i) + "/junk");
         world.form.window.setVisible(seen);
@@ -176,7 +176,7 @@ TEST(FolderSweep, visitsFiveHundredAndOneSubfoldersAtMost) {
 }
 
 TEST(FolderSweep, asksBeforeEachDeletionAndStaysOutOfWhatIsSpared) {
-    World world({"junk", "junk", "icon?"});
+    FolderSweepWorld world({"junk", "junk", "icon?"});
     world.form.chkConfirm.setValue(1);
     world.form.chkIcon.setValue(1);
     world.files.addFile("/d/Junk/junk");
@@ -194,7 +194,7 @@ TEST(FolderSweep, asksBeforeEachDeletionAndStaysOutOfWhatIsSpared) {
 }
 
 TEST(FolderSweep, countsAnIconFileAsFourKilobytesAndCannotDeleteAFolderAsOne) {
-    World world{Texts()};
+    FolderSweepWorld world{Texts()};
     world.form.chkIcon.setValue(1);
     world.files.addFile("/d/Icon\r", 90000);
     world.files.addFile("/d/ICON\uF00D", kTooLarge);
@@ -209,7 +209,7 @@ TEST(FolderSweep, countsAnIconFileAsFourKilobytesAndCannotDeleteAFolderAsOne) {
 
 TEST(FolderSweep, deletesReadOnlyThingsOnlyByForce) {
     for (const int force : {0, 1}) {
-        World world({"file", "folder"});
+        FolderSweepWorld world({"file", "folder"});
         world.form.chkForce.setValue(force);
         for (const std::string path : {"/d/file", "/d/folder/content"}) {
             world.files.addFile(path);
@@ -221,7 +221,7 @@ TEST(FolderSweep, deletesReadOnlyThingsOnlyByForce) {
 }
 
 TEST(FolderSweep, goesByTheBoxesAsTheyStandAtEachEntry) {
-    World world;
+    FolderSweepWorld world;
     world.files.addFile("/d/._first");
     world.files.addFile("/d/._second");
     world.files.addFile("/d/junk");
@@ -237,7 +237,7 @@ TEST(FolderSweep, goesByTheBoxesAsTheyStandAtEachEntry) {
 }
 
 TEST(FolderSweep, showsNamesInLowerCaseAndWithoutControlCharacters) {
-    World world;
+    FolderSweepWorld world;
     world.form.chkDotDash.setValue(1);
     world.files.addFile("/d/Sub\nA/._B\nC\x1B\xFF");
     world.run();
@@ -255,7 +255,7 @@ TEST(FolderSweep, passesByFoldersThatItCannotReach) {
         {FileOperation::Leave, "/d/a", "", false, "it has been moved, and nothing above it is sure any more"},
     };
     for (const auto& [fails, path, asked, othersSwept, why] : cases) {
-        World world;
+        FolderSweepWorld world;
         world.files.addFolder("/d/a");
         world.files.addFile("/d/b/junk");
         world.files.addFile("/d/junk");

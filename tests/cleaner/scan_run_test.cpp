@@ -11,8 +11,8 @@ using platform::Button;
 using Texts = std::vector<std::string>;
 
 /// Watches the folder /Share for "junk" and keeps the log.
-struct World : CleanerWorld {
-    World() {
+struct ScanRunWorld : CleanerWorld {
+    ScanRunWorld() {
         nasty("junk");
         files.addFolder("/Share");
         watchedFolders.show({"/Share"});
@@ -22,7 +22,7 @@ struct World : CleanerWorld {
 };
 
 TEST(ScanRun, writesItsLogAndAddsUpItsTotals) {
-    World world;
+    ScanRunWorld world;
     world.files.addFile("/Share/Junk", 2'000'000);
     world.files.addFile("/Share/a/JUNK");
     EXPECT_EQ(ScanOutcome::Done, world.scanRun.runScan());
@@ -44,7 +44,7 @@ TEST(ScanRun, writesItsLogAndAddsUpItsTotals) {
 }
 
 TEST(ScanRun, doesItsWorkWithoutALogToo) {
-    World refused;
+    ScanRunWorld refused;
     refused.folder.refusesWriting = true;
     refused.lookOn();
     refused.files.addFile("/Share/junk");
@@ -54,7 +54,7 @@ TEST(ScanRun, doesItsWorkWithoutALogToo) {
     EXPECT_EQ("1", refused.settings.setting("TotalNuked"));
     EXPECT_NE("", refused.settings.setting("LastScanned"));
 
-    World unwanted;
+    ScanRunWorld unwanted;
     unwanted.form.chkLog.setValue(0);
     unwanted.files.addFile("/Share/junk");
     unwanted.pump.onPump = [&unwanted] { unwanted.form.chkLog.setValue(1); };
@@ -63,7 +63,7 @@ TEST(ScanRun, doesItsWorkWithoutALogToo) {
 }
 
 TEST(ScanRun, doesNotRunTwiceAtATime) {
-    World world;
+    ScanRunWorld world;
     world.files.addFile("/Share/junk");
     world.files.addFile("/Share/a/junk");
     int entered = 0;
@@ -86,7 +86,7 @@ TEST(ScanRun, doesNotRunTwiceAtATime) {
 }
 
 TEST(ScanRun, keepsTheUserFromEditingTheListsMeanwhile) {
-    World world;
+    ScanRunWorld world;
     world.files.addFile("/Share/precious");
     world.form.lstFiles.select(0);
     world.form.lstFolders.select(0);
@@ -106,7 +106,7 @@ TEST(ScanRun, keepsTheUserFromEditingTheListsMeanwhile) {
 }
 
 TEST(ScanRun, goesOnAfterAWatchedFolderThatIsGoneOrNotToBeToldFromAnother) {
-    World world;
+    ScanRunWorld world;
     for (const std::string path : {"/SHARE/junk", "/Share/junk", "/Good/junk"})
         world.files.addFile(path);
     // Without a stored spelling "/share" fits two folders; "/gone" is none.
@@ -128,7 +128,7 @@ TEST(ScanNow, reportsHowManyThingsWereDeleted) {
     const std::pair<int, std::string> cases[] = {
         {0, "m17(, Fool,%2)"}, {1, "m16(, Fool,%2)"}, {2, "m15(2,, Fool)"}};
     for (const auto& [files, report] : cases) {
-        World world;
+        ScanRunWorld world;
         for (int i = 0; i < files; ++i)
             world.files.addFile("/Share/" + std::to_string(i) + "/junk");
         world.scanRun.cmdNuke_Click();
@@ -142,7 +142,7 @@ TEST(ScanNow, reportsHowManyThingsWereDeleted) {
 }
 
 TEST(ScanNow, refusesWithoutAFolderAndWhileAnotherCopyScans) {
-    World idle;
+    ScanRunWorld idle;
     idle.watchedFolders.show({});
     idle.scanRun.cmdNuke_Click();
     ASSERT_EQ(1U, idle.dialogs.boxes.size());
@@ -150,14 +150,14 @@ TEST(ScanNow, refusesWithoutAFolderAndWhileAnotherCopyScans) {
     EXPECT_EQ("m14(%1,%2)", idle.dialogs.boxes[0].title);
     EXPECT_EQ(16, idle.dialogs.boxes[0].style);
 
-    World late;
+    ScanRunWorld late;
     late.files.addFile("/Share/junk");
     late.scanLock.heldElsewhere = true;
     late.scanRun.cmdNuke_Click();
     ASSERT_EQ(1U, late.dialogs.boxes.size()) << "it says so";
     EXPECT_FALSE(late.form.scanBusy) << "the next try is free";
 
-    for (World* world : {&idle, &late}) {
+    for (ScanRunWorld* world : {&idle, &late}) {
         EXPECT_TRUE(world->files.deleted.empty());
         EXPECT_TRUE(world->folder.files.empty()) << "no log";
         EXPECT_EQ("", world->settings.setting("LastScanned"));
@@ -166,7 +166,7 @@ TEST(ScanNow, refusesWithoutAFolderAndWhileAnotherCopyScans) {
 }
 
 TEST(ScanNow, letsTheCharacterActFirst) {
-    World world;
+    ScanRunWorld world;
     world.tables.append(language::PhraseList::AniNukeFiles, "Search|Process");
     world.form.chkAgent.setValue(1);
     world.actor.character = &world.characters.only;
@@ -180,7 +180,7 @@ TEST(ScanNow, letsTheCharacterActFirst) {
 }
 
 TEST(ScanRun, stopsBehindTheEntryInWorkAndKeepsItsBooks) {
-    World world;
+    ScanRunWorld world;
     for (const std::string path : {"/Share/a/junk", "/Share/b/junk", "/Share/c/junk"})
         world.files.addFile(path);
     int finished = 0;
@@ -200,7 +200,7 @@ TEST(ScanRun, stopsBehindTheEntryInWorkAndKeepsItsBooks) {
 }
 
 TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
-    World world;
+    ScanRunWorld world;
     world.statistics.updateStatistics();
     const std::string title = world.form.window.caption();
     world.files.addFile("/Share/junk");
@@ -219,7 +219,7 @@ TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
 }
 
 TEST(ScanNow, takesADoubleClickForOneAndLetsItsResultBeTold) {
-    World world;
+    ScanRunWorld world;
     world.form.chkAgent.setValue(1);
     world.actor.character = &world.characters.only;
     world.files.addFile("/Share/junk");

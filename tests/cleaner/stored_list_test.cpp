@@ -7,7 +7,7 @@
 namespace brovin::cleaner {
 namespace {
 
-struct World : fakes::FakeMachine {
+struct StoredListWorld : fakes::FakeMachine {
     settings::Settings options{settings};
 
     void store(const std::string& key, const std::string& value) { settings.values[{"list", key}] = value; }
@@ -30,18 +30,18 @@ TEST(StoredList, loadsAsManyAsItsNumberSays) {
         {"70000", "", "more than a list can hold"},
     };
     for (const auto& [number, loaded, why] : cases) {
-        World world;
+        StoredListWorld world;
         world.store("Number", number);
         world.store("Entry1", "ONE");
         world.store("Entry2", "");
         world.store("Entry3", "Three");
         EXPECT_EQ(loaded, world.load()) << why;
     }
-    EXPECT_EQ("", World().load()) << "no section at all";
+    EXPECT_EQ("", StoredListWorld().load()) << "no section at all";
 }
 
 TEST(StoredList, keepsATrueSpellingOnlyOfTheSameEntry) {
-    World world;
+    StoredListWorld world;
     world.store("Number", "2");
     world.store("Entry1", "/share");
     world.store("Path1", "/Share");
@@ -51,7 +51,7 @@ TEST(StoredList, keepsATrueSpellingOnlyOfTheSameEntry) {
 }
 
 TEST(StoredList, isStoredByOneWriteAndOutlivesALongerOne) {
-    World world;
+    StoredListWorld world;
     saveList(world.options, "list", {{"/One", "/One"}, {"/Two", "/Two"}}, WithPaths::Yes, world.regional);
     EXPECT_EQ(1, world.settings.writes);
     EXPECT_EQ("/one(/One)/two(/Two)", world.load());

@@ -11,8 +11,8 @@ using language::PhraseList;
 using platform::Button;
 using Texts = std::vector<std::string>;
 
-struct World : CompanionWorld {
-    World() {
+struct AnnouncerWorld : CompanionWorld {
+    AnnouncerWorld() {
         list(PhraseList::AniExclamation, "Alert");
         list(PhraseList::AniInformation, "Explain");
         list(PhraseList::AniCritical, "Sad");
@@ -37,7 +37,7 @@ TEST(Announcer, letsTheCharacterActByTheStyle) {
     };
     for (const auto& [style, force, plays, why] : cases)
         for (const bool visible : {false, true}) {
-            World world;
+            AnnouncerWorld world;
             world.characters.only.isVisible = visible;
             world.announcer.agentMsgBox("hi", style, "title", force);
             Texts requests{visible ? "stop" : "show"};
@@ -53,7 +53,7 @@ TEST(Announcer, letsTheCharacterActByTheStyle) {
 TEST(Announcer, showsABoxWhereItMust) {
     for (const bool agent : {false, true})
         for (const ForceBox force : {ForceBox::No, ForceBox::Yes}) {
-            World world;
+            AnnouncerWorld world;
             world.form.chkAgent.setValue(agent ? 1 : 0);
             world.dialogs.answers = {Button::Yes};
             bool together = false;
@@ -68,12 +68,12 @@ TEST(Announcer, showsABoxWhereItMust) {
 }
 
 TEST(Announcer, asksEvenWhenTheCharacterOrItsAnimationsAreMissing) {
-    World alone;
+    AnnouncerWorld alone;
     alone.actor.character = nullptr;
     alone.dialogs.answers = {Button::Yes};
     EXPECT_EQ(Button::Yes, alone.announcer.agentMsgBox("text", 36, "", ForceBox::Yes));
 
-    World still;
+    AnnouncerWorld still;
     still.tables = {};
     still.announcer.agentMsgBox("text", 48, "", ForceBox::No);
     EXPECT_EQ((Texts{"show", "speak text", "hide"}), still.requests());
@@ -90,7 +90,7 @@ TEST(Announcer, leadsBackFromAnAnimationOnce) {
           "play GetAttentionReturn"}},
     };
     for (const auto& [character, animation, requests] : cases) {
-        World world;
+        AnnouncerWorld world;
         world.characters.only.isVisible = true;
         world.actor.name = character;
         world.tables = {};
@@ -114,7 +114,7 @@ TEST(Announcer, showsNoSpeechTags) {
     };
     for (const auto& [text, shown] : kCases)
         EXPECT_EQ(shown, withoutSpeechTags(text)) << text;
-    World world;
+    AnnouncerWorld world;
     world.announcer.agentMsgBox("\\Emp\\Hello", 36, "", ForceBox::Yes);
     EXPECT_EQ("Hello", world.dialogs.boxes[0].text);
     EXPECT_EQ("speak \\Emp\\Hello", world.requests()[2]) << "the character needs them";

@@ -13,8 +13,8 @@ using language::PhraseList;
 using Texts = std::vector<std::string>;
 
 /// The character page over an installed Peedy and Genie; Peedy is loaded, with nothing asked of it yet.
-struct World : CompanionWorld {
-    World() {
+struct CharacterHostWorld : CompanionWorld {
+    CharacterHostWorld() {
         characters.present = true;
         characters.installed = {"GENIE.ACS", "peedy.acs"};
         actor.character = nullptr;
@@ -43,7 +43,7 @@ struct World : CompanionWorld {
 };
 
 TEST(CharacterHost, listsCharactersByProperNamesAndSelectsItsOwn) {
-    World world;
+    CharacterHostWorld world;
     world.host.scanCharacters();
     ASSERT_EQ(2, world.form.lstChars.count());
     EXPECT_EQ("Genie", world.form.lstChars.items()[0].text);
@@ -74,7 +74,7 @@ TEST(CharacterHost, placesTheCharacterWhereItCanBeSeen) {
         {"soon", "", 0, 0, "no number at all is 0"},
     };
     for (const auto& [storedX, storedY, x, y, why] : cases) {
-        World world;
+        CharacterHostWorld world;
         world.character.x = 7;
         world.character.y = 8;
         if (storedX != nullptr)
@@ -87,7 +87,7 @@ TEST(CharacterHost, placesTheCharacterWhereItCanBeSeen) {
 }
 
 TEST(CharacterHost, loadsWithVoiceAndAnimationsButShowsNothing) {
-    World world;
+    CharacterHostWorld world;
     world.tables.langLanguageId = "1031";
     world.tables.langModeId = "mode";
     EXPECT_EQ((Texts{"languageId 1031", "ttsModeId mode"}), world.after([&] { world.host.loadCharacter(); }));
@@ -109,7 +109,7 @@ TEST(CharacterHost, takesAnotherCharacter) {
     for (const auto& [window, stored, shown] :
          {std::tuple(true, "False", true), std::tuple(false, "True", true),
           std::tuple(false, "False", false)}) {
-        World world;
+        CharacterHostWorld world;
         world.host.scanCharacters();
         world.form.window.setVisible(window);
         world.settings.set("AgentShow", stored);
@@ -126,7 +126,7 @@ TEST(CharacterHost, takesAnotherCharacter) {
 }
 
 TEST(CharacterHost, comesAndGoesWithItsSwitch) {
-    World world;
+    CharacterHostWorld world;
     world.form.window.setVisible(true);
     world.form.chkAgent.setValue(0);
     world.host.chkAgent_Click();
@@ -160,7 +160,7 @@ TEST(CharacterHost, answersClicksByTheDraws) {
         {"Clippet", {0.99, 0.99, 0}, {"show", "speak ouch"}, "one without its own"},
     };
     for (const auto& [name, draws, requests, why] : cases) {
-        World world;
+        CharacterHostWorld world;
         const platform::CharacterClick left{name, 1};
         const platform::CharacterClick right{name, 2};
         world.actor.name = name;
@@ -179,7 +179,7 @@ TEST(CharacterHost, keepsItsPlaceAfterADragUnlessItIsLost) {
         {0, 703, false, "the lower edge"},  {0, 704, true, "beyond it"},
     };
     for (const auto& [x, y, lost, why] : kCases) {
-        World world;
+        CharacterHostWorld world;
         world.character.size = 129;
         world.character.x = x;
         world.character.y = y;
@@ -188,7 +188,7 @@ TEST(CharacterHost, keepsItsPlaceAfterADragUnlessItIsLost) {
         EXPECT_EQ(lost ? "0" : std::to_string(x), world.settings.setting("AgentX")) << why;
         EXPECT_EQ(lost ? "621" : std::to_string(y), world.settings.setting("AgentY")) << why;
     }
-    World world;
+    CharacterHostWorld world;
     EXPECT_EQ((Texts{"stopAll", "play Blink"}), world.after([&] { world.host.Agent1_DragStart(); }));
 }
 
@@ -214,7 +214,7 @@ TEST(CharacterHost, livesOnAnyOfSeveralMonitors) {
         {1200, 700, {0, 653}, {1000, 458}, "below the smaller one, outside all"},
     };
     for (const auto& [x, y, dropped, sent, why] : kCases) {
-        World world;
+        CharacterHostWorld world;
         world.characters.screenAreas = three;
         const auto stored = [&world] {
             return std::pair(std::stoi(world.settings.setting("AgentX")),
@@ -234,7 +234,7 @@ TEST(CharacterHost, livesOnAnyOfSeveralMonitors) {
 }
 
 TEST(CharacterHost, comesBackWhenItsMonitorGoesAndReturnsWithIt) {
-    World world;
+    CharacterHostWorld world;
     const std::vector<platform::Area> both = {{0, 0, 1024, 768}, {1024, 0, 800, 600}};
     world.characters.screenAreas = both;
     world.settings.set("AgentX", "1500");
@@ -254,7 +254,7 @@ TEST(CharacterHost, comesBackWhenItsMonitorGoesAndReturnsWithIt) {
 }
 
 TEST(CharacterHost, answersTenThousandClicksAsOftenAsItShould) {
-    World world;
+    CharacterHostWorld world;
     std::mt19937_64 numbers(20261121);
     std::uniform_real_distribution<double> draw(0, 1);
     int enough = 0;

@@ -10,8 +10,8 @@ namespace {
 using language::PhraseList;
 using Texts = std::vector<std::string>;
 
-struct World : CompanionWorld {
-    World() {
+struct SpeechCommandsWorld : CompanionWorld {
+    SpeechCommandsWorld() {
         list(PhraseList::SpkSay, "He said &saytext&|&saytext& and &saytext&");
         list(PhraseList::SpkDo, "no");
         list(PhraseList::SpkRepeat, "never");
@@ -36,7 +36,7 @@ TEST(SpeechCommands, obeyUpToTheirThresholds) {
         {&SpeechCommands::cmdRepeat_Click, 0.8, {"show", "stop", "speak never"}, "80: refused"},
     };
     for (const auto& [press, draw, requests, why] : cases) {
-        World world;
+        SpeechCommandsWorld world;
         world.form.txtSay.setText("hi");
         world.random.draws = {draw, 0};
         (world.commands.*press)();
@@ -59,13 +59,13 @@ TEST(SpeechCommands, sayWhateverWasTyped) {
         {demanding, 0, {"speak " + demanding}, "what cannot be filled in is said as it stands"},
     };
     for (const auto& [typed, pick, requests, why] : cases) {
-        World world;
+        SpeechCommandsWorld world;
         world.form.txtSay.setText(typed);
         world.random.draws = {0, pick};
         world.commands.cmdSay_Click();
         EXPECT_EQ(requests, (Texts{world.requests().begin() + 1, world.requests().end()})) << why;
     }
-    World world;
+    SpeechCommandsWorld world;
     world.form.txtSay.setText("a|b &saytext&");
     world.random.draws = {0.7, 0.3};
     world.commands.cmdSay_Click();
@@ -73,14 +73,14 @@ TEST(SpeechCommands, sayWhateverWasTyped) {
 }
 
 TEST(SpeechCommands, askForATextCrosswise) {
-    World world;
+    SpeechCommandsWorld world;
     world.form.txtSay.place = [] { return ui::Place{200, 30}; };
     world.commands.cmdSay_Click();
     EXPECT_EQ((Texts{"show", "gestureAt 30 200", "speak type"}), world.requests());
 }
 
 TEST(SpeechCommands, doNothingWithoutAnAnimation) {
-    World world;
+    SpeechCommandsWorld world;
     world.form.lstAnims.select(ui::ListBox::kNone);
     world.commands.cmdDo_Click();
     EXPECT_TRUE(world.requests().empty());
@@ -90,14 +90,14 @@ TEST(SpeechCommands, doNothingWithoutAnAnimation) {
 
 TEST(SpeechCommands, tryTheReminderOut) {
     for (const bool visible : {false, true}) {
-        World world;
+        SpeechCommandsWorld world;
         world.characters.only.isVisible = visible;
         world.form.txtReminder.setText("Bed&name&");
         world.commands.cmdSpeak_Click();
         EXPECT_EQ(visible ? (Texts{"stop", "speak BedAnn"}) : (Texts{"stop", "show", "speak BedAnn", "hide"}),
                   world.requests());
     }
-    World alone;
+    SpeechCommandsWorld alone;
     alone.actor.character = nullptr;
     alone.form.txtReminder.setText("Bed&name&");
     alone.commands.cmdSpeak_Click();

@@ -222,8 +222,10 @@ TEST(Accessibility, everyControlHasANameAndARole) {
             EXPECT_NE("", caption) << control->name() << " has no name in the language file";
             if (std::none_of(shown.begin(), shown.end(),
                              [&](const Node& node) { return tells(node, role, caption); }))
-                missing.insert("page " + std::to_string(page) + ": " + role + " " + control->name() + " \"" +
-                               caption + "\"");
+                missing.insert(QStringLiteral("page %1: %2 %3 \"%4\"")
+                                   .arg(page)
+                                   .arg(role.c_str(), control->name().c_str(), caption.c_str())
+                                   .toStdString());
         }
     }
     for (const std::string& control : missing)

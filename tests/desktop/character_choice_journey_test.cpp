@@ -75,7 +75,7 @@ TEST(CharacterChoice, listsABigFolderInWhichManyAreBroken) {
     QFile peedy(CompanionWorld::kPeedy);
     ASSERT_TRUE(peedy.open(QIODevice::ReadOnly));
     const QByteArray contents[] = {"", "not a character", peedy.read(4000), QByteArray(100, '\xFF')};
-    for (int i = 0; i < 499; ++i)
+    for (unsigned i = 0; i < 499; ++i)
         world.makeFile(QString("data/msagent/chars/bird%1.acs").arg(i, 3, 10, QLatin1Char('0')),
                        contents[i % std::size(contents)]);
     writeCharacterFile(world.ownCharacter("RING.ACS"), drawnCharacter());

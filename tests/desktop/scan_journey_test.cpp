@@ -32,7 +32,8 @@ void add(Journey& journey, const DesktopWorld& world, const char* button, const 
         "the dialog's end", [] { return openDialog<Dialog>() == nullptr; }, nullptr);
 }
 
-void closeMessage(Journey& journey, const QString& picture, std::function<void(const QString&)> check) {
+void closeMessage(Journey& journey, const QString& picture,
+                  const std::function<void(const QString&)>& check) {
     journey.then(
         "the message",
         [] {

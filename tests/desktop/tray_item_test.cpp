@@ -33,6 +33,7 @@ public:
     [[nodiscard]] int protocolVersion() const { return 0; }
 
 public slots:
+    // NOLINTNEXTLINE(readability-identifier-naming): the name that it has on the bus
     Q_SCRIPTABLE void RegisterStatusNotifierItem(const QString& service) {
         registered_(service.startsWith('/') ? message().service() : service);
     }

@@ -14,20 +14,20 @@ namespace {
 
 using platform::Button;
 
-constexpr const char* kAsk = "https://maker.example/download/brovinupdate.php?myid=brovin&myver=1.0.0";
-constexpr const char* kAskPack = "https://maker.example/download/brovinupdate.php?myid=lang&mylang=";
+constexpr const char* kQuestion = "https://maker.example/download/brovinupdate.php?myid=brovin&myver=1.0.0";
+constexpr const char* kPackQuestion = "https://maker.example/download/brovinupdate.php?myid=lang&mylang=";
 constexpr const char* kPack = "http://maker.example/pack";
 constexpr const char* kSafePack = "https://maker.example/pack";
 
 /// The whole program with two languages, a newer pack for one of them, and a user who wants it.
-struct World : fakes::FakeMachine, fakes::FakeUpdates {
-    explicit World(const std::string& packFor = "default.blp") {
+struct PackWorld : fakes::FakeMachine, fakes::FakeUpdates {
+    explicit PackWorld(const std::string& packFor = "default.blp") {
         folder.files["default.blp"] = fakes::testLanguage();
         folder.files["other.blp"] = fakes::testLanguage();
         pack = text::replaceFirst(fakes::testLanguage(), "langversion=1.5", "langversion=1.6") +
                "lblcmdNuke=&New caption\n";
-        transfer.pages[kAsk].body = "no news";
-        transfer.pages[kAskPack + packFor + "&myver=1.5"].body = std::string(kPack) + ",1.6";
+        transfer.pages[kQuestion].body = "no news";
+        transfer.pages[kPackQuestion + packFor + "&myver=1.5"].body = std::string(kPack) + ",1.6";
         transfer.pages[kPack].body = transfer.pages[kSafePack].body = pack;
         dialogs.answers = {Button::Yes};
     }
@@ -46,7 +46,7 @@ struct World : fakes::FakeMachine, fakes::FakeUpdates {
 };
 
 TEST(LanguagePack, replacesTheActiveLanguage) {
-    World world;
+    PackWorld world;
     world.check();
     ASSERT_EQ(2U, world.dialogs.boxes.size());
     EXPECT_EQ("Version 1.6 of the Test - for tests v1.5 language pack is available. Would you like to "
@@ -62,7 +62,7 @@ TEST(LanguagePack, replacesTheActiveLanguage) {
 }
 
 TEST(LanguagePack, leavesAnotherLanguageInUse) {
-    World world("other.blp");
+    PackWorld world("other.blp");
     world.check();
     EXPECT_EQ(world.pack, world.folder.files["other.blp"]);
     EXPECT_EQ("&Scan NOW", world.form().cmdNuke.caption());
@@ -71,7 +71,7 @@ TEST(LanguagePack, leavesAnotherLanguageInUse) {
 }
 
 TEST(LanguagePack, staysWhereItIsWhenDeclined) {
-    World world;
+    PackWorld world;
     world.dialogs.answers = {Button::No};
     world.check();
     EXPECT_EQ(fakes::testLanguage(), world.folder.files["default.blp"]);
@@ -81,40 +81,42 @@ TEST(LanguagePack, staysWhereItIsWhenDeclined) {
 TEST(LanguagePack, keepsTheOldOneWhenSomethingIsWrong) {
     const struct {
         const char* what;
-        std::function<void(World&)> make;
+        std::function<void(PackWorld&)> make;
         const char* text;
     } cases[] = {
-        {"an error page", [](World& w) { w.transfer.pages[kSafePack].body = "<html>language=</html>"; },
+        {"an error page", [](PackWorld& w) { w.transfer.pages[kSafePack].body = "<html>language=</html>"; },
          "m37"},
-        {"nothing", [](World& w) { w.transfer.pages[kSafePack].body = ""; }, "m37"},
+        {"nothing", [](PackWorld& w) { w.transfer.pages[kSafePack].body = ""; }, "m37"},
         {"a drop-down list is missing",
-         [](World& w) {
+         [](PackWorld& w) {
              w.transfer.pages[kSafePack].body = text::replaceAll(w.pack, "envCheckOptions=", "other=");
          },
          "m37"},
         {"it is empty",
-         [](World& w) {
+         [](PackWorld& w) {
              w.transfer.pages[kSafePack].body =
                  text::replaceAll(w.pack, "envDudeOptions=both,male,female", "envDudeOptions=");
          },
          "m37"},
         {"it would not be listed",
-         [](World& w) { w.transfer.pages[kSafePack].body = text::replaceAll(w.pack, "languageDesc", "x"); },
+         [](PackWorld& w) {
+             w.transfer.pages[kSafePack].body = text::replaceAll(w.pack, "languageDesc", "x");
+         },
          "m37"},
-        {"it is gone", [](World& w) { w.transfer.pages.erase(kSafePack); }, "Not found"},
-        {"it is too large", [](World& w) { w.transfer.pages[kSafePack].body.resize(5U << 20U, '\n'); },
+        {"it is gone", [](PackWorld& w) { w.transfer.pages.erase(kSafePack); }, "Not found"},
+        {"it is too large", [](PackWorld& w) { w.transfer.pages[kSafePack].body.resize(5U << 20U, '\n'); },
          "too long"},
-        {"the disk is full", [](World& w) { w.folder.refusesWriting = true; }, "No space left"},
-        {"there is no statement", [](World& w) { w.key.carried = true; }, "no signature"},
+        {"the disk is full", [](PackWorld& w) { w.folder.refusesWriting = true; }, "No space left"},
+        {"there is no statement", [](PackWorld& w) { w.key.carried = true; }, "no signature"},
         {"it is for another version",
-         [](World& w) {
+         [](PackWorld& w) {
              w.key.carried = true;
              w.transfer.pages[statementUrl(kPack)].body =
                  fakes::FakeKey::statement({Kind::Pack, "default.blp", "1.7"}, w.pack);
          },
          "another version"},
         {"it was changed on the way",
-         [](World& w) {
+         [](PackWorld& w) {
              w.key.carried = true;
              w.transfer.pages[statementUrl(kPack)].body =
                  fakes::FakeKey::statement({Kind::Pack, "default.blp", "1.6"}, w.pack);
@@ -123,7 +125,7 @@ TEST(LanguagePack, keepsTheOldOneWhenSomethingIsWrong) {
          "not the file"},
     };
     for (const auto& [what, make, text] : cases) {
-        World world;
+        PackWorld world;
         make(world);
         world.check();
         EXPECT_EQ(fakes::testLanguage(), world.folder.files["default.blp"]) << what;
@@ -133,7 +135,7 @@ TEST(LanguagePack, keepsTheOldOneWhenSomethingIsWrong) {
 }
 
 TEST(LanguagePack, comesByPlainHttpWhenTheMakerHasSignedIt) {
-    World world;
+    PackWorld world;
     world.key.carried = true;
     world.transfer.pages[statementUrl(kPack)].body =
         fakes::FakeKey::statement({Kind::Pack, "default.blp", "1.6"}, world.pack);

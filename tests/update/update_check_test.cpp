@@ -21,8 +21,8 @@ constexpr const char* kSetup = "https://maker.example/setup";
 constexpr const char* kOffer = "Version:2,8,0,https://maker.example/setup,Faster|Nicer,4";
 
 /// The whole program with the maker's server in memory, which answers but has nothing to offer.
-struct World : FakeMachine, FakeUpdates {
-    explicit World(const std::vector<std::string>& languages = {"default.blp"}) {
+struct CheckWorld : FakeMachine, FakeUpdates {
+    explicit CheckWorld(const std::vector<std::string>& languages = {"default.blp"}) {
         for (const std::string& file : languages)
             folder.files[file] = fakes::testLanguage();
         transfer.pages[kAsk].body = "no news";
@@ -51,7 +51,7 @@ struct World : FakeMachine, FakeUpdates {
 };
 
 TEST(UpdateCheck, isAskedForByAButton) {
-    World world;
+    CheckWorld world;
     const std::string before = world.form.sbStatus.panel();
     std::vector<std::string> panels;
     world.form.sbStatus.observe([&] { panels.push_back(world.form.sbStatus.panel()); });
@@ -74,7 +74,7 @@ TEST(UpdateCheck, isAskedForByAButton) {
 }
 
 TEST(UpdateCheck, saysNothingWhenNobodyAsked) {
-    World world;
+    CheckWorld world;
     world.watchAFolder();
     world.form.cmdNuke.click();
     ASSERT_EQ(1U, world.dialogs.boxes.size()) << "the scan's result alone";
@@ -91,7 +91,7 @@ TEST(UpdateCheck, saysNothingWhenNobodyAsked) {
 }
 
 TEST(UpdateCheck, asksOnAfterAnErrorButNotASilentServerForEver) {
-    World world({"default.blp", "b.blp", "c.blp", "d.blp"});
+    CheckWorld world({"default.blp", "b.blp", "c.blp", "d.blp"});
     const auto pack = [](const std::string& file) {
         return text::replaceFirst(kAskPack, "default.blp", file);
     };
@@ -117,7 +117,7 @@ TEST(UpdateCheck, asksOnAfterAnErrorButNotASilentServerForEver) {
 }
 
 TEST(UpdateCheck, holdsTheSchedulerMeanwhile) {
-    World world;
+    CheckWorld world;
     world.transfer.pages[kAsk].body = kOffer;
     bool stood = false;
     world.dialogs.onBox = [&](const auto&) {
@@ -131,7 +131,7 @@ TEST(UpdateCheck, holdsTheSchedulerMeanwhile) {
 }
 
 TEST(UpdateCheck, remembersThatAnOfferWasDeclined) {
-    World world;
+    CheckWorld world;
     world.transfer.pages[kAsk].body = kOffer;
     world.dialogs.answers = {Button::No};
     world.form.cmdUpdate.click();
@@ -146,7 +146,7 @@ TEST(UpdateCheck, remembersThatAnOfferWasDeclined) {
 TEST(UpdateCheck, offersOnlyWhatIsNewer) {
     for (const char* old :
          {"Version:2,7,106,https://maker.example/setup", "Version:1,0,0,https://x.example/"}) {
-        World world;
+        CheckWorld world;
         world.transfer.pages[kAsk].body = old;
         world.form.cmdUpdate.click();
         EXPECT_EQ("m28(,%2)", world.lastBox().text) << old;
@@ -155,7 +155,7 @@ TEST(UpdateCheck, offersOnlyWhatIsNewer) {
 
 TEST(UpdateCheck, asksTwiceBeforeItGoesBack) {
     for (const Button sure : {Button::No, Button::Yes}) {
-        World world;
+        CheckWorld world;
         world.transfer.pages[kAsk].body = "Version:2,6,200,https://maker.example/setup,,4";
         world.dialogs.answers = {Button::Yes, sure};
         world.form.cmdUpdate.click();
@@ -168,7 +168,7 @@ TEST(UpdateCheck, asksTwiceBeforeItGoesBack) {
 }
 
 TEST(UpdateCheck, onlyShowsTheWayInABuildWithoutAKey) {
-    World world;
+    CheckWorld world;
     world.key.carried = false;
     world.transfer.pages[kAsk].body = kOffer;
     world.dialogs.answers = {Button::Yes};
@@ -189,7 +189,7 @@ TEST(UpdateCheck, onlyShowsTheWayInABuildWithoutAKey) {
 }
 
 TEST(UpdateCheck, makesRoomForTheInstaller) {
-    World world;
+    CheckWorld world;
     world.transfer.pages[kAsk].body = kOffer;
     world.dialogs.answers = {Button::Yes};
     world.windows.user = [&](ui::FrmDownload& form) {
@@ -206,7 +206,7 @@ TEST(UpdateCheck, makesRoomForTheInstaller) {
 }
 
 TEST(UpdateCheck, goesOnWhenTheInstallerDoesNotStart) {
-    World world;
+    CheckWorld world;
     world.transfer.pages[kAsk].body = kOffer;
     world.downloads.startsNothing = true;
     world.dialogs.answers = {Button::Yes};
@@ -221,7 +221,7 @@ TEST(UpdateCheck, goesOnWhenTheInstallerDoesNotStart) {
 }
 
 TEST(UpdateCheck, goesOnAfterACancelledDownload) {
-    World world;
+    CheckWorld world;
     world.transfer.pages[kAsk].body = kOffer;
     world.dialogs.answers = {Button::Yes};
     world.windows.user = [](ui::FrmDownload& form) { form.cmdCancel.click(); };

@@ -14,8 +14,8 @@ using platform::Button;
 constexpr const char* kUrl = "https://maker.example/setup";
 
 /// The download window, with a server that has an installer of 5 KB.
-struct World : fakes::FakeMachine, fakes::FakeUpdates {
-    World() {
+struct DownloadWorld : fakes::FakeMachine, fakes::FakeUpdates {
+    DownloadWorld() {
         for (int i = 0; i <= 77; ++i)
             messages.set(i, "m" + std::to_string(i) + "(%1,%2)");
         key.carried = true;
@@ -50,7 +50,7 @@ struct World : fakes::FakeMachine, fakes::FakeUpdates {
 };
 
 TEST(UpdateDownload, opensWithTheChanges) {
-    World world;
+    DownloadWorld world;
     world.changes = "Faster|Nicer";
     world.sizeKb = 5;
     world.open();
@@ -65,7 +65,7 @@ TEST(UpdateDownload, opensWithTheChanges) {
 }
 
 TEST(UpdateDownload, fetchesAndOffersToInstall) {
-    World world;
+    DownloadWorld world;
     world.downloads.files = {{"bro7.tmp", ""}, {"bro7.tmp.exe", ""}, {"brother.txt", ""}, {"x.tmp", ""}};
     std::vector<std::string> texts;
     world.form.lblText.observe([&] { texts.push_back(world.text()); });
@@ -88,7 +88,7 @@ TEST(UpdateDownload, fetchesAndOffersToInstall) {
 }
 
 TEST(UpdateDownload, takesABodyOfWholePieces) {
-    World world;
+    DownloadWorld world;
     world.transfer.pages[kUrl].body = std::string(4096, 'x');
     world.sign({Kind::Program, "setup", "2.8.0"}, world.transfer.pages[kUrl].body);
     world.fetch();
@@ -96,7 +96,7 @@ TEST(UpdateDownload, takesABodyOfWholePieces) {
 }
 
 TEST(UpdateDownload, isNeverInstalledByItsCloseBox) {
-    World world;
+    DownloadWorld world;
     world.fetch();
     world.form.window.close();
     EXPECT_TRUE(world.download->cancelled());
@@ -105,24 +105,25 @@ TEST(UpdateDownload, isNeverInstalledByItsCloseBox) {
 
 struct Trouble {
     const char* what;
-    std::function<void(World&)> make;
+    std::function<void(DownloadWorld&)> make;
     const char* text;
 };
 
 TEST(UpdateDownload, keepsNothingOfWhatWentWrong) {
     const Trouble troubles[] = {
-        {"no network", [](World& w) { w.transfer.offline = true; }, "m70(7,No route)"},
-        {"not found", [](World& w) { w.transfer.pages.erase(kUrl); }, "m70(404,Not found)"},
-        {"an error page", [](World& w) { w.transfer.pages[kUrl].body = "<html>"; }, "m76(%1,%2)"},
-        {"no length", [](World& w) { w.transfer.pages[kUrl].announced = 0; }, "m76(%1,%2)"},
-        {"a short body", [](World& w) { w.announce(6000); }, "Less came"},
-        {"a long body", [](World& w) { w.announce(5000); }, "More came"},
-        {"an early end", [](World& w) { w.transfer.pages[kUrl].breaks = true; }, "connection broke"},
-        {"a full disk", [](World& w) { w.downloads.room = 2000; }, "No space left"},
-        {"no temporary folder", [](World& w) { w.downloads.refuses = true; }, "m70(13,Permission denied)"},
+        {"no network", [](DownloadWorld& w) { w.transfer.offline = true; }, "m70(7,No route)"},
+        {"not found", [](DownloadWorld& w) { w.transfer.pages.erase(kUrl); }, "m70(404,Not found)"},
+        {"an error page", [](DownloadWorld& w) { w.transfer.pages[kUrl].body = "<html>"; }, "m76(%1,%2)"},
+        {"no length", [](DownloadWorld& w) { w.transfer.pages[kUrl].announced = 0; }, "m76(%1,%2)"},
+        {"a short body", [](DownloadWorld& w) { w.announce(6000); }, "Less came"},
+        {"a long body", [](DownloadWorld& w) { w.announce(5000); }, "More came"},
+        {"an early end", [](DownloadWorld& w) { w.transfer.pages[kUrl].breaks = true; }, "connection broke"},
+        {"a full disk", [](DownloadWorld& w) { w.downloads.room = 2000; }, "No space left"},
+        {"no temporary folder", [](DownloadWorld& w) { w.downloads.refuses = true; },
+         "m70(13,Permission denied)"},
     };
     for (const auto& [what, make, text] : troubles) {
-        World world;
+        DownloadWorld world;
         make(world);
         world.fetch();
         EXPECT_NE(std::string::npos, world.text().find(text)) << what << ": " << world.text();
@@ -139,49 +140,51 @@ TEST(UpdateDownload, keepsNothingOfWhatWentWrong) {
 TEST(UpdateDownload, distrustsWhatTheMakerHasNotSigned) {
     const struct {
         const char* what;
-        std::function<void(World&)> make;
+        std::function<void(DownloadWorld&)> make;
         const char* text;
     } cases[] = {
-        {"no statement", [](World& w) { w.transfer.pages.erase(statementUrl(kUrl)); }, "no signature"},
-        {"not a statement", [](World& w) { w.transfer.pages[statementUrl(kUrl)].body = "Hello"; },
+        {"no statement", [](DownloadWorld& w) { w.transfer.pages.erase(statementUrl(kUrl)); },
+         "no signature"},
+        {"not a statement", [](DownloadWorld& w) { w.transfer.pages[statementUrl(kUrl)].body = "Hello"; },
          "cannot be read"},
         {"an endless statement",
-         [](World& w) { w.transfer.pages[statementUrl(kUrl)].body.resize(100'000, 'x'); }, "cannot be read"},
+         [](DownloadWorld& w) { w.transfer.pages[statementUrl(kUrl)].body.resize(100'000, 'x'); },
+         "cannot be read"},
         {"another signer",
-         [](World& w) {
+         [](DownloadWorld& w) {
              auto& body = w.transfer.pages[statementUrl(kUrl)].body;
              body.replace(body.rfind("signed:"), 6, "forged");
          },
          "not the maker's"},
-        {"a changed statement", [](World& w) { w.transfer.pages[statementUrl(kUrl)].body[50] = '3'; },
+        {"a changed statement", [](DownloadWorld& w) { w.transfer.pages[statementUrl(kUrl)].body[50] = '3'; },
          "not the maker's"},
         {"an old version",
-         [](World& w) {
+         [](DownloadWorld& w) {
              w.sign({Kind::Program, "setup", "2.7.0"}, w.installer);
          },
          "another version"},
         {"a statement about a pack",
-         [](World& w) {
+         [](DownloadWorld& w) {
              w.sign({Kind::Pack, "setup", "2.8.0"}, w.installer);
          },
          "another file"},
         {"a statement about another file",
-         [](World& w) {
+         [](DownloadWorld& w) {
              w.sign({Kind::Program, "other", "2.8.0"}, w.installer);
          },
          "another file"},
-        {"a build without a key", [](World& w) { w.key.carried = false; }, "not the maker's"},
-        {"another size on offer", [](World& w) { w.sizeKb = 900; }, "another size"},
+        {"a build without a key", [](DownloadWorld& w) { w.key.carried = false; }, "not the maker's"},
+        {"another size on offer", [](DownloadWorld& w) { w.sizeKb = 900; }, "another size"},
         {"another size",
-         [](World& w) {
+         [](DownloadWorld& w) {
              w.sign({Kind::Program, "setup", "2.8.0"}, w.installer + "x");
          },
          "another size"},
-        {"a file that was changed in between", [](World& w) { w.transfer.pages[kUrl].body[9] = 'x'; },
+        {"a file that was changed in between", [](DownloadWorld& w) { w.transfer.pages[kUrl].body[9] = 'x'; },
          "not the file that was signed"},
     };
     for (const auto& [what, make, text] : cases) {
-        World world;
+        DownloadWorld world;
         make(world);
         world.fetch();
         EXPECT_TRUE(world.text().starts_with("m77")) << what << ": " << world.text();
@@ -192,7 +195,7 @@ TEST(UpdateDownload, distrustsWhatTheMakerHasNotSigned) {
 }
 
 TEST(UpdateDownload, asksBeforeItStops) {
-    World world;
+    DownloadWorld world;
     int pieces = 0;
     world.dialogs.answers = {Button::No, Button::Yes};
     world.transfer.onPiece = [&] {
@@ -212,7 +215,7 @@ TEST(UpdateDownload, asksBeforeItStops) {
 }
 
 TEST(UpdateDownload, canBeTriedAgain) {
-    World world;
+    DownloadWorld world;
     world.transfer.offline = true;
     world.fetch();
     world.transfer.offline = false;
