@@ -78,7 +78,7 @@ struct Kind {
 
 class FileSystemContract : public testing::TestWithParam<Kind> {
 protected:
-    std::unique_ptr<platform::FolderWalk> open() { return std::move(*world_->files().open(world_->root())); }
+    std::unique_ptr<platform::FolderWalk> open() { return *world_->files().open(world_->root()); }
 
     std::unique_ptr<World> world_ = GetParam().make();
 };

@@ -57,7 +57,7 @@ private:
 class FolderWalkTest : public testing::TestWithParam<ReadingAhead> {
 protected:
     std::unique_ptr<platform::FolderWalk> open(const std::string& name = "") {
-        return std::move(*PosixFileSystem(GetParam()).open(disk_.path(name)));
+        return *PosixFileSystem(GetParam()).open(disk_.path(name));
     }
 
     ScratchFolder disk_;

@@ -44,7 +44,7 @@ bool comesTrue(const std::function<bool()>& condition) {
 class ReadAheadTest : public testing::Test {
 protected:
     std::unique_ptr<platform::FolderWalk> openWatched() {
-        return std::move(*PosixFileSystem(ReadingAhead::Always).open(disk_.path("watched")));
+        return *PosixFileSystem(ReadingAhead::Always).open(disk_.path("watched"));
     }
 
     ScratchFolder disk_;

@@ -62,7 +62,7 @@ void withOwnMounts(const std::function<void()>& test) {
 class TreeRemovalTest : public testing::Test {
 protected:
     platform::Status remove(const std::string& name, Force force) {
-        const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+        const auto walk = *PosixFileSystem().open(disk_.path());
         return walk->deleteFolder(name, force);
     }
 
@@ -80,7 +80,7 @@ TEST_F(TreeRemovalTest, takesWideAndNestedFoldersWhole) {
             disk_.addFile(outer + inner + "/deeper/file", 1);
         }
     disk_.addFile("kept/file");
-    const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+    const auto walk = *PosixFileSystem().open(disk_.path());
     EXPECT_EQ(9U, *walk->folderSize("gone"));
     EXPECT_TRUE(walk->deleteFolder("gone", Force::No));
     EXPECT_EQ((Paths{"kept", "kept/file"}), disk_.tree());
@@ -115,7 +115,7 @@ TEST_F(TreeRemovalTest, takesNoLinkForReadOnly) {
     disk_.addFolder("gone");
     disk_.addLink("gone/link", "../target");
     disk_.addLink("link", "target");
-    const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+    const auto walk = *PosixFileSystem().open(disk_.path());
     EXPECT_TRUE(walk->deleteFile("link", Force::No));
     EXPECT_TRUE(walk->deleteFolder("gone", Force::No));
     EXPECT_EQ(Paths{"target"}, disk_.tree());
@@ -172,7 +172,7 @@ TEST_F(TreeRemovalTest, isBusyWhereADiskIsHungIn) {
         ASSERT_EQ(0, ::mount("none", mounted.c_str(), "tmpfs", 0, nullptr)) << errno;
         disk_.addFile("gone/mmm/mounted/kept");
         const Paths all = disk_.tree();
-        const auto walk = std::move(*PosixFileSystem().open(disk_.path()));
+        const auto walk = *PosixFileSystem().open(disk_.path());
         for (const Force force : {Force::Yes, Force::No})
             EXPECT_EQ(EBUSY, errorOf(walk->deleteFolder("gone", force))) << "contains it";
         ASSERT_TRUE(walk->enter("gone") && walk->enter("mmm"));

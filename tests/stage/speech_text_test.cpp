@@ -30,8 +30,9 @@ std::string shape(std::string_view input) {
         else if (kind == SegmentKind::Substitute)
             shape += "{" + spoken + "|" + shown + "}";
         else
-            shape += std::string("[") + kNames.at(static_cast<std::size_t>(kind)) + " " +
-                     std::to_string(number) + "]";
+            shape.append("[")
+                .append(kNames.at(static_cast<std::size_t>(kind)))
+                .append(" " + std::to_string(number) + "]");
     }
     return shape;
 }
