@@ -11,11 +11,11 @@
 namespace brovin::tests {
 namespace {
 
-QWidget* openBox() {
+QWidget* shownBox() {
     return QApplication::activeModalWidget();
 }
 QMessageBox* openMessage() {
-    return qobject_cast<QMessageBox*>(openBox());
+    return qobject_cast<QMessageBox*>(shownBox());
 }
 QString idOf(const QWidget* window) {
     return QString::number(window->winId());
@@ -29,12 +29,12 @@ void during(const std::function<void()>& open, const std::function<void()>& step
     bool met = false;
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, [&] {
-        if (met || openBox() == nullptr || !openBox()->isVisible())
+        if (met || shownBox() == nullptr || !shownBox()->isVisible())
             return;
         met = true;
         steps();
-        if (openBox() != nullptr)
-            openBox()->hide();
+        if (shownBox() != nullptr)
+            shownBox()->hide();
     });
     look.start(50);
     open();
@@ -49,7 +49,7 @@ TEST(BoxJourney, theIconBringsBackWhatIsOpen) {
     clickOn(world.program->trayIcon().center());
     const QWidget& window = world.program->window();
     ASSERT_TRUE(waitUntil([&window] { return window.isActiveWindow(); }));
-    const auto inFront = [] { return openBox() != nullptr && openBox()->isActiveWindow(); };
+    const auto inFront = [] { return shownBox() != nullptr && shownBox()->isActiveWindow(); };
     const auto lostAndFound = [&] {
         EXPECT_TRUE(waitUntil(inFront));
         for (const char* mouseButton : {"1", "3"}) {
@@ -59,7 +59,7 @@ TEST(BoxJourney, theIconBringsBackWhatIsOpen) {
             EXPECT_TRUE(waitUntil(inFront)) << mouseButton;
             letPass(200);
             const QByteArray seen = askDesktop({"search", "--onlyvisible", "--name", "."});
-            EXPECT_TRUE(seen.contains(idOf(openBox()).toUtf8())) << mouseButton;
+            EXPECT_TRUE(seen.contains(idOf(shownBox()).toUtf8())) << mouseButton;
         }
         Journey::takePicture("brought-back");
     };
