@@ -2,11 +2,7 @@
 
 #include "character/acs_reader.h"
 #include "character/stage/stage.h"
-#include "fakes/fake_stage_balloon.h"
-#include "fakes/fake_stage_chance.h"
-#include "fakes/fake_stage_sound.h"
-#include "fakes/fake_stage_surface.h"
-#include "fakes/fake_stage_voice.h"
+#include "fakes/fake_stage.h"
 
 #include <gtest/gtest.h>
 
