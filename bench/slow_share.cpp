@@ -10,6 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -47,8 +48,11 @@ int tellFacts(const char* path, struct stat* facts, fuse_file_info* open) {
 
 int openFolder(const char* path, fuse_file_info* info) {
     const std::string place = request(path);
-    while (share.hangs && std::string_view(path).ends_with("/hang"))
-        pause();
+    if (share.hangs && std::string_view(path).ends_with("/hang")) {
+        while (fuse_interrupted() == 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return -EINTR;
+    }
     const int folder = open(place.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     info->fh = static_cast<std::uint64_t>(folder);
     return outcome(folder);
@@ -88,6 +92,7 @@ void* begin(fuse_conn_info* connection, fuse_config* config) {
     constexpr double kLong = 3600; // seconds
     config->entry_timeout = config->attr_timeout = config->negative_timeout = share.cached ? kLong : 0;
     config->use_ino = 1;
+    config->intr = share.hangs ? 1 : 0; // as with network file systems, whoever waits can be killed
     config->nullpath_ok = 0;
     return nullptr;
 }
@@ -101,6 +106,7 @@ int main(int argc, char** argv) {
     }
     const std::string_view kind = argv[4];
     share = {argv[1], std::chrono::microseconds(std::atol(argv[3])), kind != "uncached", kind == "hangs"};
+    std::signal(SIGUSR1, [](int) {}); // by which the library wakes who serves a request that was given up
     fuse_operations operations{};
     operations.getattr = tellFacts;
     operations.opendir = openFolder;

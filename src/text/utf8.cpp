@@ -1,5 +1,6 @@
 #include "text/utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -90,6 +91,10 @@ bool isUtf8(std::string_view text) {
 }
 
 std::string displayText(std::string_view text) {
+    // A sweep shows the path of each folder, and nearly all are of such letters only.
+    const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return std::string(text);
     std::string shown;
     shown.reserve(text.size());
     while (!text.empty()) {
