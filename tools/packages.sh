@@ -26,3 +26,7 @@ packages_test=(
     libxml2-utils
     pulseaudio pulseaudio-utils
 )
+# What makes packages of it, and judges them.
+packages_package=(
+    appstream debhelper desktop-file-utils dpkg-dev fakeroot librsvg2-bin lintian man-db reuse systemd
+)

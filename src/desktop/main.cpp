@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(info.major).arg(info.minor).arg(info.revision));
     QApplication application(argc, argv);
-    QApplication::setDesktopFileName(QStringLiteral("brovin"));
+    QApplication::setDesktopFileName(QStringLiteral("org.kestrelworks.brovin"));
     desktop::DesktopProgram program(*places, info, *updates);
     return program.start() ? QApplication::exec() : 0;
 }
