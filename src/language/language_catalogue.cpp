@@ -12,6 +12,8 @@ namespace {
 /// nullopt: not a number as a whole.
 std::optional<float> versionNumber(std::string_view value) {
     value = text::trim(value);
+    if (value.starts_with('+') && !value.starts_with("+-"))
+        value.remove_prefix(1);
     float number = 0;
     const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
     if (error != std::errc() || end != value.data() + value.size() || !(number < 1e9F))
@@ -19,13 +21,23 @@ std::optional<float> versionNumber(std::string_view value) {
     return number;
 }
 
-/// The shortest text that reads back as the same number: "1.10" is kept as "1.1".
+/// Seven significant digits, as many as the number holds: "1.10" is kept as "1.1".
 std::string versionText(float number) {
-    std::string digits(48, '\0');
-    const auto [end, error] =
-        std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+    constexpr int kDigits = 7;
+    std::string digits(16, '\0');
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                            std::chars_format::general, kDigits);
     digits.resize(static_cast<std::size_t>(end - digits.data()));
     return digits;
+}
+
+/// The last "languageid=" of a file counts, as it does when the file is loaded.
+long languageIdOf(std::string_view bytes) {
+    std::int32_t id = 0;
+    for (const std::string& line : linesOf(bytes))
+        if (const auto keyed = keyedLine(line); keyed && keyed->key == "languageid")
+            id = text::leadingInt32(keyed->value).value_or(0);
+    return id;
 }
 
 bool takePrefix(std::string_view& line, std::string_view prefix) {
@@ -91,6 +103,20 @@ std::optional<int> LanguageCatalogue::entryOf(std::string_view fileName) const {
         if (langFiles[slotOf(entry)] == fileName)
             return entry;
     return std::nullopt;
+}
+
+std::optional<int> LanguageCatalogue::entryFor(long languageId) const {
+    constexpr long kWithoutRegion = 0x3FF; // the lower ten bits are the language, the others its region
+    std::optional<int> related;
+    for (int entry = 0; entry < form_.lstLang.count(); ++entry) {
+        const auto bytes = folder_.read(langFiles[slotOf(entry)], kLargestFile);
+        const long id = bytes ? languageIdOf(*bytes) : 0;
+        if (id == languageId && id != 0)
+            return entry;
+        if (id != 0 && (id & kWithoutRegion) == (languageId & kWithoutRegion) && !related)
+            related = entry;
+    }
+    return related;
 }
 
 } // namespace brovin::language

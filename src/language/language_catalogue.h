@@ -14,7 +14,8 @@ namespace brovin::language {
 struct LanguageInfo {
     std::string name;
     std::string description;
-    std::string version; ///< decimal text of a single-precision number, 0 or more
+    std::string version; ///< decimal text of a single-precision number, 0 or more, with seven digits that
+                         ///< count at most
 };
 
 /// nullopt: one of the three lines is missing, or the version is none.
@@ -32,6 +33,9 @@ public:
     [[nodiscard]] std::optional<std::string> selectedFile() const;
     /// The index in `lstLang` of the entry whose file has this very name; nullopt when there is none.
     [[nodiscard]] std::optional<int> entryOf(std::string_view fileName) const;
+
+    /// The first entry whose file is in the language of this identifier, of its very region if there is one.
+    [[nodiscard]] std::optional<int> entryFor(long languageId) const;
 
     // By slot.
     std::vector<std::string> langFiles;

@@ -28,7 +28,7 @@ class ProgramFolder {
 public:
     virtual ~ProgramFolder() = default;
 
-    /// The names of all files that end in `ending`, sorted.
+    /// The names of all files that end in `ending` (in small letters; a name may have others), sorted.
     [[nodiscard]] virtual std::vector<std::string> list(std::string_view ending) = 0;
 
     /// The whole file; nullopt when it is missing, not readable or larger than `limit` bytes.

@@ -8,6 +8,7 @@
 #include "posix/read_up_to.h"
 #include "posix/replace_file.h"
 #include "posix/system_call.h"
+#include "text/strings.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -39,7 +40,7 @@ void gatherNames(const std::string& folderPath, std::string_view ending, std::se
         return;
     while (const auto record = reader.next()) {
         std::string name(record->name);
-        if (name.ends_with(ending) && isRegularFile(join(folderPath, name)))
+        if (text::asciiLower(name).ends_with(ending) && isRegularFile(join(folderPath, name)))
             names.insert(std::move(name));
     }
 }

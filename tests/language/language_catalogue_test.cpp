@@ -33,7 +33,8 @@ TEST(LanguageInfo, needsAllThreeLinesAndReadsNoFurther) {
 
 TEST(LanguageInfo, keepsTheVersionAsADecimalNumber) {
     constexpr std::pair<std::string_view, std::string_view> kCases[] = {
-        {"0", "0"}, {"1.10", "1.1"}, {"2.0", "2"}, {"0.1", "0.1"}, {"12.25", "12.25"}};
+        {"0", "0"},      {"1.10", "1.1"},           {"2.0", "2"}, {"0.1", "0.1"}, {"12.25", "12.25"},
+        {"+1.5", "1.5"}, {"1.23456789", "1.234568"}};
     for (const auto& [written, version] : kCases) {
         const auto info = languageInfo("language=A\nlanguageDesc=b\nlangversion=" + std::string(written));
         EXPECT_EQ(version, info ? info->version : "none") << written;
@@ -73,6 +74,24 @@ TEST(LanguageCatalogue, knowsAFileByItsEntryInWhateverOrderTheListIs) {
     EXPECT_EQ("b.blp", world.catalogue.selectedFile());
     EXPECT_EQ(1, world.catalogue.entryOf("a.blp"));
     EXPECT_EQ(std::nullopt, world.catalogue.entryOf("A.blp")) << "names have their case";
+}
+
+TEST(LanguageCatalogue, findsTheLanguageOfALocale) {
+    LanguageWorld world;
+    world.install("a.blp", "languageid=1036\n");
+    world.install("b.blp", "languageid=1031\nlanguageid=3079\n"); // German of Austria: the last one counts
+    world.install("c.blp", "languageid=1031\n");
+    world.install("d.blp", "");
+    struct {
+        long locale;
+        std::optional<int> entry;
+        const char* why;
+    } const cases[] = {{1031, 2, "of this very region"},
+                       {2055, 1, "of another region: the first one"},
+                       {1049, std::nullopt, "not there"},
+                       {0, std::nullopt, "the locale has no language, and a file without one does not fit"}};
+    for (const auto& [locale, entry, why] : cases)
+        EXPECT_EQ(entry, world.catalogue.entryFor(locale)) << why;
 }
 
 } // namespace
