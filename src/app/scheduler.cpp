@@ -64,14 +64,18 @@ ForceBox forcedBy(const ui::CheckBox& box) {
 
 } // namespace
 
+void Scheduler::beginDay() {
+    lastReminderDay_ = static_cast<std::int16_t>(dayOfMonth(needs_.clock.now()) - 1);
+}
+
 void Scheduler::Timer1_Timer() {
     chatter();
     remind();
     announceWord();
     scanWhenDue();
     if (needs_.form.exitConfirmed)
-        return;                           // the scan has ended with an update that takes the program's place
-    needs_.tray.add(needs_.form.trayTip); // comes back where the panel was restarted, else changes nothing
+        return; // the scan has ended with an update that takes the program's place
+    needs_.tip.addIconAgain();
     checkWhenDue();
 }
 
@@ -80,7 +84,7 @@ void Scheduler::chatter() {
     const auto n = static_cast<int>(platform::drawBelow(needs_.random, kDraws));
     if (!needs_.form.chkAgent.checked())
         return;
-    const int frequency = needs_.form.speechFreq;
+    const int frequency = needs_.speechFrequency.speechFreq;
     if (frequency >= n * 8 && !needs_.actor.visible()) {
         popOut();
         return;
@@ -114,12 +118,12 @@ void Scheduler::remind() {
         return;
     const bool today =
         form.optDaily.value() || regional.shortDayName(weekday(due)) == regional.shortDayName(weekday(now));
-    if (!today || !form.chkBackup.checked() || dayOfMonth(now) == form.lastReminderDay)
+    if (!today || !form.chkBackup.checked() || dayOfMonth(now) == lastReminderDay_)
         return;
     std::string text = needs_.settings.read(setting::kReminderWhenDue);
     text = needs_.speech.phrases.pickPhrase(text).value_or(text);
     needs_.speech.announcer.agentMsgBox(text, box::kInformation, "Reminder", forcedBy(form.chkMsgBox));
-    form.lastReminderDay = dayOfMonth(now);
+    lastReminderDay_ = dayOfMonth(now);
 }
 
 void Scheduler::announceWord() {
@@ -141,21 +145,21 @@ void Scheduler::announceWord() {
 void Scheduler::scanWhenDue() {
     ui::FrmOptions& form = needs_.form;
     using std::chrono::hours;
-    const auto boundaries =
-        std::chrono::floor<hours>(needs_.clock.now()) - std::chrono::floor<hours>(form.lastScanTime);
+    const auto boundaries = std::chrono::floor<hours>(needs_.clock.now()) -
+                            std::chrono::floor<hours>(needs_.cleaner.scan.lastScanTime);
     if (!form.chkCheck.checked() ||
         static_cast<double>(boundaries.count()) < text::leadingNumber(form.txtInterval.text()))
         return;
-    if (needs_.scanRun.runScan() == cleaner::ScanOutcome::BusyElsewhere)
+    if (needs_.cleaner.scanRun.runScan() == cleaner::ScanOutcome::BusyElsewhere)
         return; // the next tick tries again
-    form.lastScanTime = needs_.clock.now();
-    needs_.statistics.showLastScanned();
+    needs_.cleaner.scan.lastScanTime = needs_.clock.now();
+    needs_.cleaner.statistics.showLastScanned();
 }
 
 void Scheduler::checkWhenDue() {
     // An update that is accepted ends the program, which a scan does not let happen. It ends with a check
     // itself.
-    if (!needs_.form.chkUpdate.checked() || needs_.form.scanBusy)
+    if (!needs_.form.chkUpdate.checked() || needs_.cleaner.scan.busy())
         return;
     const local_days today = dayOf(needs_.clock.now());
     const std::string stored = needs_.settings.read(setting::kLastUpdateCheck);

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "cleaner/scan_run.h"
-#include "cleaner/statistics.h"
+#include "cleaner/cleaner.h"
 #include "companion/actor.h"
 #include "companion/speech.h"
 #include "platform/clock.h"
-#include "platform/notification_area.h"
 #include "platform/random.h"
 #include "platform/regional.h"
 #include "settings/settings.h"
 #include "ui/frm_options.h"
+#include "ui/tray_tip.h"
+#include "window/speech_frequency.h"
 
 namespace brovin::app {
 
@@ -21,9 +21,9 @@ public:
         settings::Settings& settings;
         companion::Speech speech;
         const companion::Actor& actor;
-        cleaner::ScanRun& scanRun;
-        cleaner::Statistics& statistics;
-        platform::NotificationArea& tray;
+        cleaner::Cleaner& cleaner;
+        const window::SpeechFrequency& speechFrequency;
+        ui::TrayTip& tip;
         platform::Random& random;
         const platform::Clock& clock;
         const platform::Regional& regional;
@@ -32,6 +32,9 @@ public:
 
     /// The period between two update checks has passed.
     ui::Event<> checkForUpdates;
+
+    /// The reminder may still come today.
+    void beginDay();
 
     /// One tick. A step that fails is passed over, and the next one follows.
     void Timer1_Timer();
@@ -45,6 +48,7 @@ private:
     void checkWhenDue();
 
     Needs needs_;
+    std::int16_t lastReminderDay_ = 0; ///< day of the month on which the reminder last fired
 };
 
 } // namespace brovin::app

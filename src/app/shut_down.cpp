@@ -18,7 +18,7 @@ void ShutDown::cmdExit_Click() {
         messages.getMessage(12), companion::ForceBox::Yes);
     if (answer != platform::Button::Yes)
         return;
-    if (form.scanBusy) {
+    if (needs_.cleaner.scan.busy()) {
         offerToStopScan();
         return;
     }
@@ -34,11 +34,11 @@ void ShutDown::offerToStopScan() {
         needs_.speech.messages.getText("stopScan"), box::kYesNo | box::kQuestion,
         needs_.speech.messages.getMessage(12), companion::ForceBox::Yes);
     if (answer == platform::Button::Yes)
-        needs_.scanRun.cancel();
+        needs_.cleaner.scanRun.cancel();
 }
 
 void ShutDown::Form_Unload() {
-    if (needs_.form.scanBusy)
+    if (needs_.cleaner.scan.busy())
         return;
     needs_.form.exitConfirmed = true;
     needs_.form.window.setVisible(false);

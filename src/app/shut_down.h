@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cleaner/scan_run.h"
+#include "cleaner/cleaner.h"
 #include "companion/actor.h"
 #include "companion/speech.h"
 #include "platform/character_service.h"
@@ -19,7 +19,7 @@ public:
         settings::Settings& settings;
         companion::Speech speech;
         companion::Actor& actor;
-        cleaner::ScanRun& scanRun;
+        cleaner::Cleaner& cleaner;
         platform::CharacterService& characters;
         platform::NotificationArea& tray;
         platform::Shell& shell;

@@ -1,7 +1,6 @@
 #include "app/start_up.h"
 
 #include "text/numbers.h"
-#include "ui/tray_tip.h"
 
 #include <chrono>
 
@@ -48,8 +47,8 @@ bool StartUp::run() {
 
 /// A failing statement is passed over when the user wants to go on, and ends the program when not.
 bool StartUp::goesOn(const Failure& failure) {
-    const auto answer = needs_.dialogs.messageBox(
-        "An error occurred during startup.\r\n\r\n" + needs_.speech.messages.reason(failure) +
+    const auto answer = needs_.machine.dialogs.messageBox(
+        "An error occurred during startup.\r\n\r\n" + needs_.teller.speech.messages.reason(failure) +
             "\r\n\r\nWould you like to try and continue?",
         box::kYesNo | box::kCritical, "Error " + std::to_string(failure.number));
     if (answer != platform::Button::Yes)
@@ -58,7 +57,7 @@ bool StartUp::goesOn(const Failure& failure) {
 }
 
 Status StartUp::fillLanguageList() {
-    needs_.catalogue.buildLanguageCatalogue();
+    needs_.language.catalogue.buildLanguageCatalogue();
     return Done{};
 }
 
@@ -71,70 +70,71 @@ Status StartUp::dressButtons() {
 
 Status StartUp::chooseLanguage() {
     if (needs_.form.lstLang.count() > 0) {
-        const auto stored = needs_.catalogue.entryOf(needs_.settings.read(setting::kLanguage));
+        const auto stored = needs_.language.catalogue.entryOf(needs_.settings.read(setting::kLanguage));
         needs_.form.lstLang.select(stored.value_or(0));
         return Done{};
     }
     // Without a language file the messages are empty, so this is said in the program's own words.
-    std::string text = needs_.speech.messages.getMessage(38);
+    std::string text = needs_.teller.speech.messages.getMessage(38);
     if (text.empty())
         text = "There is no language file in the program's folder, so I have nothing to say. "
                "Please install the program again.";
-    needs_.dialogs.messageBox(text, box::kCritical, needs_.speech.messages.getMessage(39));
+    needs_.machine.dialogs.messageBox(text, box::kCritical, needs_.teller.speech.messages.getMessage(39));
     end();
     return Done{};
 }
 
 Status StartUp::refuseSecondInstance() {
-    if (needs_.instance.isFirst())
+    if (needs_.machine.instance.isFirst())
         return Done{};
     // Without an icon to click, starting the program again is how the user gets at its window.
-    if (!needs_.tray.available() && needs_.instance.showFirst()) {
+    if (!needs_.machine.tray.available() && needs_.machine.instance.showFirst()) {
         end();
         return Done{};
     }
-    const std::string text = needs_.speech.messages.getMessage(40, {needs_.speech.phrases.getDude()});
-    const std::string title = needs_.speech.messages.getMessage(41, {needs_.speech.phrases.getDude()});
-    needs_.dialogs.messageBox(text, box::kCritical, title);
+    const std::string text =
+        needs_.teller.speech.messages.getMessage(40, {needs_.teller.speech.phrases.getDude()});
+    const std::string title =
+        needs_.teller.speech.messages.getMessage(41, {needs_.teller.speech.phrases.getDude()});
+    needs_.machine.dialogs.messageBox(text, box::kCritical, title);
     end();
     return Done{};
 }
 
 Status StartUp::beginLoading() {
     needs_.form.loading = true;
-    needs_.random.seed(static_cast<std::uint64_t>(needs_.clock.now().time_since_epoch().count()));
+    needs_.machine.random.seed(
+        static_cast<std::uint64_t>(needs_.machine.clock.now().time_since_epoch().count()));
     return Done{};
 }
 
 Status StartUp::readCharacterName() {
-    needs_.actor.name = needs_.settings.read(setting::kAgentName);
-    if (needs_.characters.available())
-        needs_.characterHost.scanCharacters();
+    needs_.teller.actor.name = needs_.settings.read(setting::kAgentName);
+    if (needs_.machine.characters.available())
+        needs_.companion.host.scanCharacters();
     return Done{};
 }
 
 Status StartUp::rememberYesterday() {
-    const std::chrono::year_month_day today(std::chrono::floor<std::chrono::days>(needs_.clock.now()));
-    needs_.form.lastReminderDay = static_cast<std::int16_t>(static_cast<unsigned>(today.day()) - 1);
+    needs_.schedule.scheduler.beginDay();
     return Done{};
 }
 
 Status StartUp::showStatistics() {
     if (needs_.settings.read(setting::kTotalDate).empty())
-        needs_.settings.write(setting::kTotalDate, needs_.statistics.today());
-    needs_.statistics.updateStatistics();
+        needs_.settings.write(setting::kTotalDate, needs_.cleaner.statistics.today());
+    needs_.cleaner.statistics.updateStatistics();
     return Done{};
 }
 
 Status StartUp::stopTimer() {
     needs_.form.Timer1.setEnabled(false);
-    needs_.form.scanBusy = false;
     return Done{};
 }
 
 Status StartUp::loadLists() {
-    needs_.nastyFiles.load();
-    needs_.watchedFolders.load();
+    needs_.cleaner.nastyFiles.load();
+    needs_.cleaner.watchedFolders.load();
     needs_.form.cmdRemoveFile.setEnabled(false);
     return Done{};
 }
@@ -157,7 +157,7 @@ Status StartUp::readSpeechFrequency() {
         return Done{};
     if (!frequency)
         needs_.settings.write(setting::kSpeechFreq, std::string(setting::kSpeechFreq.fallback));
-    needs_.form.speechFreq =
+    needs_.speechFrequency.speechFreq =
         frequency.value_or(text::leadingInt16(setting::kSpeechFreq.fallback).value_or(0));
     needs_.speechFrequency.drawSpeechFreq();
     return Done{};
@@ -173,7 +173,7 @@ Status StartUp::restoreControls() {
 void StartUp::restoreRow(const StoredControl& row) {
     if (ended_)
         return;
-    if (row.setting == &setting::kAgent && !needs_.characters.available()) {
+    if (row.setting == &setting::kAgent && !needs_.machine.characters.available()) {
         switchCharacterOff();
         return;
     }
@@ -187,7 +187,6 @@ void StartUp::restoreRow(const StoredControl& row) {
 /// A total that has grown too large for its variable is no option: it is kept as it is.
 Status StartUp::readTotal() {
     const auto kb = text::leadingInt32(needs_.settings.read(setting::kKb));
-    needs_.form.kbTotal = kb.value_or(needs_.form.kbTotal);
     return kb ? Status(Done{}) : Status(kOverflow);
 }
 
@@ -210,9 +209,9 @@ void StartUp::switchCharacterOff() {
 
 Status StartUp::startTimer() {
     needs_.form.Timer1.setInterval(kTickInterval);
-    needs_.form.lastScanTime = needs_.clock.now();
+    needs_.cleaner.scan.lastScanTime = needs_.machine.clock.now();
     needs_.form.Timer1.setEnabled(true);
-    needs_.statistics.showLastScanned();
+    needs_.cleaner.statistics.showLastScanned();
     return Done{};
 }
 
@@ -228,15 +227,14 @@ Status StartUp::showFolderHint() {
 }
 
 Status StartUp::enterTray() {
-    needs_.form.trayTip = ui::trayTip(needs_.form.sbStatus.panel());
-    inTray_ = needs_.tray.add(needs_.form.trayTip);
+    inTray_ = needs_.tip.addIcon(needs_.form.sbStatus.panel());
     needs_.form.window.setVisible(false);
     return Done{};
 }
 
 Status StartUp::restoreReminder() {
     needs_.form.txtReminder.setText(
-        needs_.settings.stored(setting::kReminder).value_or(needs_.speech.messages.getMessage(42)));
+        needs_.settings.stored(setting::kReminder).value_or(needs_.teller.speech.messages.getMessage(42)));
     return Done{};
 }
 
@@ -246,17 +244,17 @@ Status StartUp::enableRemoveFolder() {
 }
 
 Status StartUp::endLoading() {
-    needs_.schedule.refreshReminderControls();
+    needs_.schedule.options.refreshReminderControls();
     needs_.form.loading = false;
     return Done{};
 }
 
 /// The chosen character comes as it was when the program ended, shown or hidden.
 Status StartUp::bringCharacter() {
-    if (!needs_.characters.available())
+    if (!needs_.machine.characters.available())
         return Done{};
-    needs_.characterHost.lstChars_Click();
-    needs_.characterHost.chkAgent_Click();
+    needs_.companion.host.lstChars_Click();
+    needs_.companion.host.chkAgent_Click();
     return Done{};
 }
 

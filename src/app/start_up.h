@@ -1,27 +1,14 @@
 #pragma once
 
+#include "app/machine.h"
 #include "app/run_key.h"
-#include "app/schedule_options.h"
+#include "app/schedule.h"
 #include "app/stored_controls.h"
-#include "cleaner/nasty_file_list.h"
-#include "cleaner/statistics.h"
-#include "cleaner/watched_folder_list.h"
-#include "companion/character_host.h"
-#include "language/language_catalogue.h"
-#include "platform/character_service.h"
-#include "platform/clock.h"
-#include "platform/dialogs.h"
-#include "platform/notification_area.h"
-#include "platform/random.h"
-#include "platform/result.h"
-#include "platform/single_instance.h"
-#include "settings/program_info.h"
-#include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "cleaner/cleaner.h"
+#include "companion/companion.h"
+#include "language/language.h"
 #include "window/main_window.h"
 #include "window/speech_frequency.h"
-
-#include <string>
 
 namespace brovin::app {
 
@@ -31,23 +18,16 @@ public:
     struct Needs {
         ui::FrmOptions& form;
         settings::Settings& settings;
-        companion::Speech speech;
-        companion::Actor& actor;
-        companion::CharacterHost& characterHost;
+        language::Language& language;
+        companion::Teller& teller;
+        companion::Companion& companion;
+        cleaner::Cleaner& cleaner;
+        Schedule& schedule;
         window::SpeechFrequency& speechFrequency;
-        language::LanguageCatalogue& catalogue;
-        cleaner::NastyFileList& nastyFiles;
-        cleaner::WatchedFolderList& watchedFolders;
-        cleaner::Statistics& statistics;
-        ScheduleOptions& schedule;
-        RunKey& runKey;
         window::MainWindow& window;
-        platform::Dialogs& dialogs;
-        platform::SingleInstance& instance;
-        platform::NotificationArea& tray;
-        platform::Random& random;
-        const platform::Clock& clock;
-        const platform::CharacterService& characters;
+        const RunKey& runKey;
+        ui::TrayTip& tip;
+        const Machine& machine;
     };
     explicit StartUp(const Needs& needs) : needs_(needs) {}
 

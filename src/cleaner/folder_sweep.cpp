@@ -49,7 +49,7 @@ void FolderSweep::beginRun(platform::LineWriter* log) {
     notVisited = 0;
     foldersOpened = 0;
     cancelled_ = false;
-    names_ = NameSet(needs_.form.lstFiles.items());
+    names_ = NameSet(needs_.nastyPage.lstFiles.items());
     log_ = log;
 }
 
@@ -122,7 +122,7 @@ void FolderSweep::ascend() {
 
 /// Said before it is opened: the status then names the folder that is not to be had.
 void FolderSweep::showFolder(std::string_view below) {
-    needs_.form.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown(below)}));
+    needs_.frame.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown(below)}));
 }
 
 void FolderSweep::visit(Level& level) {
@@ -157,12 +157,12 @@ bool FolderSweep::handlePiece(std::span<const platform::Entry> entries, Level& l
 
 bool FolderSweep::handleEntry(const platform::Entry& entry, Level& level, std::int16_t& kb) {
     // The boxes count as they stand at this moment; the user may change them while the scan runs.
-    const DeleteRules rules{needs_.form.chkIcon.checked(), needs_.form.chkDotDash.checked()};
+    const DeleteRules rules{needs_.nastyPage.chkIcon.checked(), needs_.nastyPage.chkDotDash.checked()};
     const Match match = rules.match(entry.name, names_);
     if (match == Match::None)
         return entry.kind != EntryKind::Folder || queue(entry, level);
     entryName_ = entry.name;
-    if (needs_.form.chkConfirm.checked() && !confirmed(entry))
+    if (needs_.scanningPage.chkConfirm.checked() && !confirmed(entry))
         return true;
     if (match == Match::Icon)
         return deleteIcon(entry);
@@ -218,7 +218,7 @@ bool FolderSweep::confirmed(const platform::Entry& entry) {
 }
 
 Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, std::int32_t kb) {
-    const Force force = needs_.form.chkForce.checked() ? Force::Yes : Force::No;
+    const Force force = needs_.scanningPage.chkForce.checked() ? Force::Yes : Force::No;
     Status outcome = kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
                                                : walk_->deleteFile(entry.trueName, force);
     if (deletionTried)
@@ -228,7 +228,7 @@ Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, st
 }
 
 Status FolderSweep::writeLog(const std::string& line) {
-    if (log_ == nullptr || !needs_.form.chkLog.checked())
+    if (log_ == nullptr || !needs_.scanningPage.chkLog.checked())
         return Done{};
     return log_->writeLine(line);
 }
@@ -253,7 +253,7 @@ std::string FolderSweep::shown(std::string_view name) const {
 }
 
 bool FolderSweep::goOn(const Status& statement) {
-    if (statement || needs_.form.chkIgnoreErrors.checked() || !needs_.form.window.visible())
+    if (statement || needs_.scanningPage.chkIgnoreErrors.checked() || !needs_.frame.window.visible())
         return true;
     const auto& messages = needs_.speech.messages;
     return needs_.dialogs.messageBox(messages.getMessage(64, {shown(entryName_)}),

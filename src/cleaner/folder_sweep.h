@@ -7,7 +7,9 @@
 #include "platform/file_system.h"
 #include "platform/program_folder.h"
 #include "platform/regional.h"
-#include "ui/frm_options.h"
+#include "ui/pages/nasty_files_page.h"
+#include "ui/pages/scanning_page.h"
+#include "ui/pages/window_frame.h"
 
 #include <cstdint>
 #include <functional>
@@ -34,7 +36,9 @@ public:
     static constexpr std::size_t kMostSubfolders = 501;
 
     struct Needs {
-        ui::FrmOptions& form;
+        ui::WindowFrame& frame;
+        const ui::NastyFilesPage& nastyPage;
+        const ui::ScanningPage& scanningPage;
         companion::Speech speech;
         platform::FileSystem& files;
         platform::Dialogs& dialogs;

@@ -19,23 +19,23 @@ void NastyFileList::load() {
     std::vector<ui::ListControl::Item> items;
     for (auto& entry : loadList(needs_.settings, kNastyFilesSection, needs_.regional))
         items.push_back({std::move(entry.text), 0});
-    needs_.form.lstFiles.setItems(std::move(items));
+    needs_.nastyPage.lstFiles.setItems(std::move(items));
 }
 
 bool NastyFileList::save() {
     std::vector<ListEntry> entries;
-    for (const auto& item : needs_.form.lstFiles.items())
+    for (const auto& item : needs_.nastyPage.lstFiles.items())
         entries.push_back({item.text, {}});
     return saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.regional);
 }
 
 void NastyFileList::cmdAddFile_Click() {
-    if (needs_.form.scanBusy || needs_.form.lstFiles.items().size() == kMostEntries)
+    if (needs_.scan.busy() || needs_.nastyPage.lstFiles.items().size() == kMostEntries)
         return;
     const auto name = askForName();
     if (!name)
         return;
-    needs_.form.lstFiles.add({needs_.regional.lowerCase(*name), 0});
+    needs_.nastyPage.lstFiles.add({needs_.regional.lowerCase(*name), 0});
     if (save())
         load();
     enableRemoving();
@@ -64,8 +64,8 @@ std::optional<std::string> NastyFileList::askForName() {
 }
 
 void NastyFileList::cmdRemoveFile_Click() {
-    ui::ListBox& list = needs_.form.lstFiles;
-    if (needs_.form.scanBusy || list.selected() == ui::ListControl::kNone)
+    ui::ListBox& list = needs_.nastyPage.lstFiles;
+    if (needs_.scan.busy() || list.selected() == ui::ListControl::kNone)
         return;
     const auto& messages = needs_.speech.messages;
     const std::string question = messages.getMessage(18, {needs_.speech.phrases.getDude()})
@@ -81,12 +81,12 @@ void NastyFileList::cmdRemoveFile_Click() {
 }
 
 void NastyFileList::lstFiles_Click() {
-    if (!needs_.form.scanBusy)
+    if (!needs_.scan.busy())
         enableRemoving();
 }
 
 void NastyFileList::enableRemoving() {
-    needs_.form.cmdRemoveFile.setEnabled(needs_.form.lstFiles.selected() != ui::ListControl::kNone);
+    needs_.nastyPage.cmdRemoveFile.setEnabled(needs_.nastyPage.lstFiles.selected() != ui::ListControl::kNone);
 }
 
 } // namespace brovin::cleaner

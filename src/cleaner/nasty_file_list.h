@@ -1,10 +1,11 @@
 #pragma once
 
+#include "cleaner/scan_state.h"
 #include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/regional.h"
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/nasty_files_page.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +17,8 @@ namespace brovin::cleaner {
 class NastyFileList {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::NastyFilesPage& nastyPage;
+        const ScanState& scan;
         settings::Settings& settings;
         companion::Speech speech;
         platform::Dialogs& dialogs;

@@ -2,7 +2,6 @@
 
 #include "cleaner/deletion_log.h"
 #include "text/numbers.h"
-#include "ui/tray_tip.h"
 
 namespace brovin::cleaner {
 namespace {
@@ -31,20 +30,30 @@ ScanRun::ScanRun(const Needs& needs) : needs_(needs) {
 }
 
 ScanOutcome ScanRun::runScan() {
-    if (needs_.form.scanBusy)
+    if (needs_.scan.busy())
         return ScanOutcome::Busy;
     auto hold = needs_.lock.tryHold();
     if (!hold)
         return ScanOutcome::BusyElsewhere;
-    needs_.form.scanBusy = true;
+    {
+        const ScanState::Running running(needs_.scan);
+        scanFolders();
+    }
+    hold.reset();
+    if (needs_.sweep.cancelled())
+        return ScanOutcome::Stopped;
+    finished();
+    return ScanOutcome::Done;
+}
 
+void ScanRun::scanFolders() {
     showStatus(needs_.speech.messages.getMessage(54));
-    needs_.statistics.showRunning(needs_.form.sbStatus.panel());
+    needs_.statistics.showRunning(needs_.frame.sbStatus.panel());
     shownAt_ = needs_.clock.elapsed();
     const auto log = openLog();
     needs_.sweep.beginRun(log.get());
     sweepAll();
-    if (log && needs_.form.chkLog.checked())
+    if (log && needs_.scanningPage.chkLog.checked())
         writeSummary(*log);
 
     const platform::DateTime now = needs_.clock.now();
@@ -52,23 +61,11 @@ ScanOutcome ScanRun::runScan() {
     storeTotals(timeStamp);
     showStatus("Last scanned on " + timeStamp);
     needs_.statistics.updateStatistics();
-
-    hold.reset();
-    needs_.form.scanBusy = false;
-    if (needs_.sweep.cancelled())
-        return ScanOutcome::Stopped;
-    finished();
-    return ScanOutcome::Done;
 }
 
 void ScanRun::showStatus(const std::string& text) {
-    needs_.form.sbStatus.setPanel(text);
-    setTip(text);
-}
-
-void ScanRun::setTip(const std::string& text) {
-    needs_.form.trayTip = ui::trayTip(text);
-    needs_.tray.setTip(needs_.form.trayTip);
+    needs_.frame.sbStatus.setPanel(text);
+    needs_.tip.show(text);
 }
 
 /// In the title and at the icon; the status line tells the folder meanwhile.
@@ -80,12 +77,12 @@ void ScanRun::showProgress() {
     const auto& messages = needs_.speech.messages;
     const std::string text = messages.getMessage(54) + " " +
                              messages.getText("goneSoFar", {std::to_string(needs_.sweep.scanItemCount)});
-    setTip(text);
+    needs_.tip.show(text);
     needs_.statistics.showRunning(text);
 }
 
 std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
-    if (!needs_.form.chkLog.checked())
+    if (!needs_.scanningPage.chkLog.checked())
         return nullptr;
     auto log = needs_.programFolder.openText(std::string(kLogFile), platform::OpenMode::Append);
     if (!log)
@@ -96,8 +93,9 @@ std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
 }
 
 void ScanRun::sweepAll() {
-    for (std::size_t i = 0; i < needs_.form.lstFolders.items().size() && !needs_.sweep.cancelled(); ++i) {
-        const std::string shown = needs_.form.lstFolders.items()[i].text;
+    for (std::size_t i = 0; i < needs_.foldersPage.lstFolders.items().size() && !needs_.sweep.cancelled();
+         ++i) {
+        const std::string shown = needs_.foldersPage.lstFolders.items()[i].text;
         // A folder that cannot be told from another is swept as the missing one it counts as.
         needs_.sweep.sweepFolder(shown, needs_.folders.truePath(i).value_or(shown));
     }
@@ -129,14 +127,14 @@ std::string ScanRun::timedMessage(int number) const {
 
 void ScanRun::cmdNuke_Click() {
     // A scan of little is over between the two clicks of a double click, which wants one.
-    if (needs_.form.scanBusy || (buttonEndedAt_ && needs_.clock.elapsed() - *buttonEndedAt_ < kDoubleClick))
+    if (needs_.scan.busy() || (buttonEndedAt_ && needs_.clock.elapsed() - *buttonEndedAt_ < kDoubleClick))
         return;
-    if (needs_.form.lstFolders.count() == 0) {
+    if (needs_.foldersPage.lstFolders.count() == 0) {
         needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getMessage(13), box::kCritical,
                                             needs_.speech.messages.getMessage(14), ForceBox::No);
         return;
     }
-    if (needs_.form.chkAgent.checked()) {
+    if (needs_.characterPage.chkAgent.checked()) {
         needs_.actor.prepare();
         if (const auto animation = needs_.speech.phrases.pickPhrase(language::PhraseList::AniNukeFiles))
             needs_.actor.play(*animation);
@@ -148,9 +146,9 @@ void ScanRun::cmdNuke_Click() {
                                             "", ForceBox::No);
         return;
     }
-    if (needs_.form.exitConfirmed)
+    if (needs_.life.exitConfirmed)
         return; // an update that the run has ended with takes the program's place
-    needs_.form.lastScanTime = needs_.clock.now();
+    needs_.scan.lastScanTime = needs_.clock.now();
     needs_.statistics.showLastScanned();
     needs_.shell.setForegroundWindow();
     report();

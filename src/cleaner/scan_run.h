@@ -1,18 +1,23 @@
 #pragma once
 
 #include "cleaner/folder_sweep.h"
+#include "cleaner/scan_state.h"
 #include "cleaner/statistics.h"
 #include "cleaner/watched_folder_list.h"
 #include "companion/actor.h"
 #include "companion/speech.h"
 #include "platform/clock.h"
-#include "platform/notification_area.h"
 #include "platform/program_folder.h"
 #include "platform/regional.h"
 #include "platform/scan_lock.h"
 #include "platform/shell.h"
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/character_page.h"
+#include "ui/pages/folders_page.h"
+#include "ui/pages/scanning_page.h"
+#include "ui/pages/window_frame.h"
+#include "ui/program_life.h"
+#include "ui/tray_tip.h"
 
 #include <chrono>
 #include <memory>
@@ -32,7 +37,12 @@ enum class ScanOutcome {
 class ScanRun {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::WindowFrame& frame;
+        const ui::FoldersPage& foldersPage;
+        const ui::ScanningPage& scanningPage;
+        const ui::CharacterPage& characterPage;
+        const ui::ProgramLife& life;
+        ScanState& scan;
         settings::Settings& settings;
         companion::Speech speech;
         companion::Actor& actor;
@@ -41,7 +51,7 @@ public:
         Statistics& statistics;
         platform::ProgramFolder& programFolder;
         platform::ScanLock& lock;
-        platform::NotificationArea& tray;
+        ui::TrayTip& tip;
         platform::Shell& shell;
         const platform::Clock& clock;
         const platform::Regional& regional;
@@ -59,8 +69,8 @@ public:
 private:
     void showStatus(const std::string& text);
     void showProgress();
-    void setTip(const std::string& text);
     [[nodiscard]] std::unique_ptr<platform::LineWriter> openLog();
+    void scanFolders();
     void sweepAll();
     void writeSummary(platform::LineWriter& log);
     void storeTotals(const std::string& timeStamp);

@@ -60,11 +60,11 @@ void Statistics::updateStatistics() {
                "." + std::to_string(program.revision) + " - " + std::to_string(total) + " (" +
                needs_.regional.grouped(kb) + " KB) nasties since " +
                needs_.settings.stored(setting::kTotalDate).value_or(today()) + ".";
-    needs_.form.window.setCaption(numbers_);
+    needs_.frame.window.setCaption(numbers_);
 }
 
 void Statistics::showRunning(const std::string& what) {
-    needs_.form.window.setCaption(needs_.program.title + " - " + what);
+    needs_.frame.window.setCaption(needs_.program.title + " - " + what);
 }
 
 void Statistics::reset(std::string since) {
@@ -84,17 +84,17 @@ void Statistics::tellOff() {
 }
 
 std::optional<DateTime> Statistics::nextScan() const {
-    const double hours = text::leadingNumber(needs_.form.txtInterval.text());
+    const double hours = text::leadingNumber(needs_.foldersPage.txtInterval.text());
     constexpr double kMostHours = 24.0 * 366 * 7000; // a date further off has no name
     if (std::abs(hours) > kMostHours)
         return std::nullopt;
-    return needs_.form.lastScanTime + std::chrono::seconds(std::llround(hours * 3600));
+    return needs_.scan.lastScanTime + std::chrono::seconds(std::llround(hours * 3600));
 }
 
 void Statistics::showLastScanned() {
     const auto& messages = needs_.speech.messages;
     const std::string last = needs_.settings.read(setting::kLastScanned);
-    ui::StatusBar& status = needs_.form.sbStatus;
+    ui::StatusBar& status = needs_.frame.sbStatus;
     status.setPanel(last.empty() ? messages.getMessage(22) : messages.getMessage(23, {last}));
     const auto next = nextScan();
     if (!next)
@@ -103,7 +103,7 @@ void Statistics::showLastScanned() {
     const std::string clock = at.clock(needs_.regional);
     const std::string date =
         twoDigits(at.dayOfMonth()) + "/" + twoDigits(at.month()) + "/" + std::to_string(at.year());
-    needs_.form.txtInterval.setToolTip(messages.getMessage(24, {clock + " " + date}));
+    needs_.foldersPage.txtInterval.setToolTip(messages.getMessage(24, {clock + " " + date}));
     if (last.empty())
         return;
     const std::string day = twoDigits(at.dayOfMonth()) + " " + needs_.regional.monthName(at.month());
@@ -125,7 +125,7 @@ void Statistics::cmdResetCounter_Click() {
 }
 
 void Statistics::cmdCopyNumbers_Click() {
-    if (needs_.form.chkAgent.checked()) {
+    if (needs_.characterPage.chkAgent.checked()) {
         needs_.actor.play("Write");
         needs_.actor.play("WriteReturn");
     }

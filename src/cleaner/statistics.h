@@ -1,12 +1,15 @@
 #pragma once
 
+#include "cleaner/scan_state.h"
 #include "companion/speech.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/regional.h"
 #include "settings/program_info.h"
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/character_page.h"
+#include "ui/pages/folders_page.h"
+#include "ui/pages/window_frame.h"
 
 #include <optional>
 #include <string>
@@ -17,7 +20,10 @@ namespace brovin::cleaner {
 class Statistics {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::WindowFrame& frame;
+        ui::FoldersPage& foldersPage;
+        const ui::CharacterPage& characterPage;
+        const ScanState& scan;
         settings::Settings& settings;
         companion::Speech speech;
         const companion::Actor& actor;

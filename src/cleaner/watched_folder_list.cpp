@@ -26,37 +26,37 @@ void WatchedFolderList::fill(std::vector<ListEntry> entries) {
         items.push_back({std::move(entry.text), 0});
         paths_.push_back(std::move(entry.path));
     }
-    needs_.form.lstFolders.setItems(std::move(items));
+    needs_.foldersPage.lstFolders.setItems(std::move(items));
 }
 
 void WatchedFolderList::save() {
     std::vector<ListEntry> entries;
     for (std::size_t i = 0; i < paths_.size(); ++i)
-        entries.push_back({needs_.form.lstFolders.items()[i].text, paths_[i]});
+        entries.push_back({needs_.foldersPage.lstFolders.items()[i].text, paths_[i]});
     saveList(needs_.settings, kWatchedFoldersSection, entries, WithPaths::Yes, needs_.regional);
 }
 
 std::optional<std::string> WatchedFolderList::truePath(std::size_t index) const {
     if (!paths_[index].empty())
         return paths_[index];
-    return needs_.files.findWithoutCase(needs_.form.lstFolders.items()[index].text);
+    return needs_.files.findWithoutCase(needs_.foldersPage.lstFolders.items()[index].text);
 }
 
 void WatchedFolderList::cmdAddFolder_Click() {
-    if (needs_.form.scanBusy)
+    if (needs_.scan.busy())
         return;
     const std::string path = needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(43));
     if (!path.empty() && paths_.size() < kMostEntries) {
         paths_.push_back(path);
-        needs_.form.lstFolders.add({path, 0}); // in lower case from the next load on
+        needs_.foldersPage.lstFolders.add({path, 0}); // in lower case from the next load on
         save();
     }
     showHint();
 }
 
 void WatchedFolderList::cmdRemoveFolder_Click() {
-    ui::ListBox& list = needs_.form.lstFolders;
-    if (needs_.form.scanBusy || list.selected() == ui::ListControl::kNone)
+    ui::ListBox& list = needs_.foldersPage.lstFolders;
+    if (needs_.scan.busy() || list.selected() == ui::ListControl::kNone)
         return;
     const auto& messages = needs_.speech.messages;
     const std::string question =
@@ -69,19 +69,19 @@ void WatchedFolderList::cmdRemoveFolder_Click() {
         save();
     }
     showHint();
-    needs_.form.cmdRemoveFolder.setEnabled(list.selected() != ui::ListControl::kNone);
+    needs_.foldersPage.cmdRemoveFolder.setEnabled(list.selected() != ui::ListControl::kNone);
 }
 
 void WatchedFolderList::lstFolders_Click() {
-    if (needs_.form.scanBusy)
+    if (needs_.scan.busy())
         return;
-    ui::ListBox& list = needs_.form.lstFolders;
-    needs_.form.cmdRemoveFolder.setEnabled(list.selected() != ui::ListControl::kNone);
+    ui::ListBox& list = needs_.foldersPage.lstFolders;
+    needs_.foldersPage.cmdRemoveFolder.setEnabled(list.selected() != ui::ListControl::kNone);
     list.setToolTip(list.selectedText());
 }
 
 void WatchedFolderList::showHint() {
-    needs_.form.picAdd.setVisible(needs_.form.lstFolders.count() == 0);
+    needs_.foldersPage.picAdd.setVisible(needs_.foldersPage.lstFolders.count() == 0);
 }
 
 } // namespace brovin::cleaner

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "cleaner/scan_state.h"
 #include "cleaner/stored_list.h"
 #include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
 #include "platform/regional.h"
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/folders_page.h"
 
 #include <optional>
 #include <string>
@@ -19,7 +20,8 @@ namespace brovin::cleaner {
 class WatchedFolderList {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::FoldersPage& foldersPage;
+        const ScanState& scan;
         settings::Settings& settings;
         companion::Speech speech;
         platform::Dialogs& dialogs;

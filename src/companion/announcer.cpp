@@ -28,7 +28,7 @@ std::string withoutSpeechTags(std::string_view text) {
 
 Button Announcer::agentMsgBox(const std::string& text, BoxStyle style, const std::string& title,
                               ForceBox force) {
-    const bool characterIsOn = needs_.form.chkAgent.checked();
+    const bool characterIsOn = needs_.characterPage.chkAgent.checked();
     const bool wasVisible = needs_.actor.visible();
     // A character that could not be loaded must not swallow the message.
     const bool spoken = characterIsOn && perform(text, style, force);

@@ -3,7 +3,7 @@
 #include "companion/actor.h"
 #include "companion/phrase_engine.h"
 #include "platform/dialogs.h"
-#include "ui/frm_options.h"
+#include "ui/pages/character_page.h"
 
 #include <string>
 #include <string_view>
@@ -21,7 +21,7 @@ enum class ForceBox : bool { No, Yes };
 class Announcer {
 public:
     struct Needs {
-        const ui::FrmOptions& form;
+        const ui::CharacterPage& characterPage;
         Actor& actor;
         PhraseEngine& phrases;
         platform::Dialogs& dialogs;

@@ -42,19 +42,19 @@ void CharacterHost::scanCharacters() {
         const std::string_view name(file.data(), file.size() - std::min(file.size(), kFileEnding.size()));
         items.push_back({needs_.regional.properCase(name), 0});
     }
-    needs_.form.lstChars.setItems(std::move(items));
+    needs_.characterPage.lstChars.setItems(std::move(items));
     if (needs_.actor.name.empty())
         needs_.actor.name = setting::kAgentName.fallback;
-    for (int i = 0; i < needs_.form.lstChars.count(); ++i)
-        if (needs_.form.lstChars.items()[static_cast<std::size_t>(i)].text == needs_.actor.name) {
-            needs_.form.lstChars.select(i);
+    for (int i = 0; i < needs_.characterPage.lstChars.count(); ++i)
+        if (needs_.characterPage.lstChars.items()[static_cast<std::size_t>(i)].text == needs_.actor.name) {
+            needs_.characterPage.lstChars.select(i);
             return;
         }
 }
 
 void CharacterHost::loadCharacter() {
     Actor& actor = needs_.actor;
-    if (!needs_.form.chkAgent.checked() || actor.name.empty())
+    if (!needs_.characterPage.chkAgent.checked() || actor.name.empty())
         return;
     if (needs_.service.character(actor.name) == nullptr)
         needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
@@ -106,9 +106,9 @@ void CharacterHost::fillAnimations() {
     if (needs_.actor.character != nullptr)
         for (std::string& name : needs_.actor.character->animationNames())
             items.push_back({std::move(name), 0});
-    needs_.form.lstAnims.setItems(std::move(items));
-    if (!needs_.form.lstAnims.select(0))
-        needs_.form.cmdDo.setEnabled(false);
+    needs_.speechPage.lstAnims.setItems(std::move(items));
+    if (!needs_.speechPage.lstAnims.select(0))
+        needs_.speechPage.cmdDo.setEnabled(false);
 }
 
 void CharacterHost::unloadCharacter() {
@@ -119,9 +119,9 @@ void CharacterHost::unloadCharacter() {
 
 void CharacterHost::chkAgent_Click() {
     enableSpeechControls();
-    if (!needs_.form.window.visible())
+    if (!needs_.frame.window.visible())
         return;
-    if (!needs_.form.chkAgent.checked()) {
+    if (!needs_.characterPage.chkAgent.checked()) {
         unloadCharacter();
         needs_.actor.name = needs_.settings.read(setting::kAgentName);
     }
@@ -130,25 +130,24 @@ void CharacterHost::chkAgent_Click() {
 }
 
 void CharacterHost::enableSpeechControls() {
-    ui::FrmOptions& form = needs_.form;
-    const bool on = form.chkAgent.checked();
-    for (ui::Control* control :
-         std::initializer_list<ui::Control*>{&form.cmdRepeat, &form.txtSay, &form.cmdSay, &form.cmdSpeak,
-                                             &form.lstAnims, &form.cmdDo, &form.cmdStop})
+    ui::SpeechPage& page = needs_.speechPage;
+    const bool on = needs_.characterPage.chkAgent.checked();
+    for (ui::Control* control : std::initializer_list<ui::Control*>{
+             &page.cmdRepeat, &page.txtSay, &page.cmdSay, &needs_.remindersPage.cmdSpeak, &page.lstAnims,
+             &page.cmdDo, &page.cmdStop})
         control->setEnabled(on);
-    if (form.lstAnims.selected() == ui::ListBox::kNone)
-        form.cmdDo.setEnabled(false); // nothing is chosen that could be done
+    if (page.lstAnims.selected() == ui::ListBox::kNone)
+        page.cmdDo.setEnabled(false); // nothing is chosen that could be done
 }
 
 void CharacterHost::lstChars_Click() {
-    const ui::FrmOptions& form = needs_.form;
-    if (form.lstChars.selected() == ui::ListBox::kNone || form.loading)
+    if (needs_.characterPage.lstChars.selected() == ui::ListBox::kNone || needs_.life.loading)
         return;
     unloadCharacter();
-    needs_.actor.name = form.lstChars.selectedText();
+    needs_.actor.name = needs_.characterPage.lstChars.selectedText();
     needs_.settings.write(setting::kAgentName, needs_.actor.name);
     loadCharacter();
-    if (form.window.visible() || needs_.settings.read(setting::kAgentShow) == "True")
+    if (needs_.frame.window.visible() || needs_.settings.read(setting::kAgentShow) == "True")
         needs_.actor.show();
     say(PhraseList::SpkHello);
     nameLabels();
@@ -156,8 +155,8 @@ void CharacterHost::lstChars_Click() {
 
 void CharacterHost::nameLabels() {
     const language::MessageTable& messages = needs_.tables.messageTable;
-    needs_.form.lblSay.setCaption(messages.getMessage(50, {needs_.actor.name}));
-    needs_.form.lblDo.setCaption(messages.getMessage(51, {needs_.actor.name}));
+    needs_.speechPage.lblSay.setCaption(messages.getMessage(50, {needs_.actor.name}));
+    needs_.speechPage.lblDo.setCaption(messages.getMessage(51, {needs_.actor.name}));
 }
 
 void CharacterHost::Agent1_Click(const platform::CharacterClick& click) {

@@ -7,7 +7,11 @@
 #include "platform/random.h"
 #include "platform/regional.h"
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/character_page.h"
+#include "ui/pages/reminders_page.h"
+#include "ui/pages/speech_page.h"
+#include "ui/pages/window_frame.h"
+#include "ui/program_life.h"
 
 #include <string>
 
@@ -18,7 +22,11 @@ namespace brovin::companion {
 class CharacterHost {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::CharacterPage& characterPage;
+        ui::SpeechPage& speechPage;
+        ui::RemindersPage& remindersPage;
+        const ui::WindowFrame& frame;
+        const ui::ProgramLife& life;
         settings::Settings& settings;
         const language::LanguageTables& tables;
         Actor& actor;

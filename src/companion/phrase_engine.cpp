@@ -146,14 +146,14 @@ void PhraseEngine::playSequence(std::string_view phrase) {
 }
 
 std::string PhraseEngine::getDude() {
-    if (needs_.form.chkDude.checked())
+    if (needs_.characterPage.chkDude.checked())
         return {};
     const std::string proper = needs_.regional.properCase(needs_.settings.read(settings::setting::kUser));
     std::string_view user = text::trim(proper);
     user = user.empty() ? settings::setting::kUser.fallback : user.substr(0, user.find(' '));
     const std::string& male = needs_.tables.list(PhraseList::SpkDudeM);
     const std::string& female = needs_.tables.list(PhraseList::SpkDudeF);
-    const int sex = needs_.form.cmbDudeSex.selected();
+    const int sex = needs_.characterPage.cmbDudeSex.selected();
     const std::string dudes = sex == 1 ? male : sex == 2 ? female : male + "|" + female;
     // The user's own name stands twice, so that it comes up twice as often as any other.
     std::string list(user);

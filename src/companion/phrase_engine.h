@@ -5,7 +5,7 @@
 #include "platform/random.h"
 #include "platform/regional.h"
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/character_page.h"
 
 #include <optional>
 #include <string>
@@ -17,7 +17,7 @@ namespace brovin::companion {
 class PhraseEngine {
 public:
     struct Needs {
-        const ui::FrmOptions& form;
+        const ui::CharacterPage& characterPage;
         const settings::Settings& settings;
         const language::LanguageTables& tables;
         const Actor& actor;

@@ -18,7 +18,7 @@ constexpr std::size_t kRepeats = 80;
 void SpeechCommands::cmdSay_Click() {
     const std::size_t draw = drawBelow(needs_.random, kDraws);
     needs_.actor.show();
-    const std::string& typed = needs_.form.txtSay.text();
+    const std::string& typed = needs_.speechPage.txtSay.text();
     if (typed.empty())
         askForText();
     else if (draw < kObeys)
@@ -28,18 +28,18 @@ void SpeechCommands::cmdSay_Click() {
 }
 
 void SpeechCommands::askForText() {
-    const ui::Place box = needs_.form.txtSay.place ? needs_.form.txtSay.place() : ui::Place{};
+    const ui::Place box = needs_.speechPage.txtSay.place ? needs_.speechPage.txtSay.place() : ui::Place{};
     needs_.actor.gestureAt(box.y, box.x); // crosswise: it never was good at pointing
     say(PhraseList::SpkTypeSomething);
 }
 
 void SpeechCommands::cmdDo_Click() {
-    if (needs_.form.lstAnims.selected() == ui::ListBox::kNone)
+    if (needs_.speechPage.lstAnims.selected() == ui::ListBox::kNone)
         return;
     const std::size_t draw = drawBelow(needs_.random, kDraws);
     needs_.actor.show();
     if (draw < kObeys)
-        needs_.actor.play(needs_.form.lstAnims.selectedText());
+        needs_.actor.play(needs_.speechPage.lstAnims.selectedText());
     else
         say(PhraseList::SpkDo);
 }
@@ -55,7 +55,7 @@ void SpeechCommands::cmdRepeat_Click() {
 }
 
 void SpeechCommands::cmdSpeak_Click() {
-    const std::string& reminder = needs_.form.txtReminder.text();
+    const std::string& reminder = needs_.remindersPage.txtReminder.text();
     if (needs_.actor.character == nullptr) {
         needs_.announcer.agentMsgBox(needs_.phrases.pickPhrase(reminder).value_or(reminder),
                                      platform::box::kInformation, "Reminder", ForceBox::No);
@@ -71,16 +71,16 @@ void SpeechCommands::cmdSpeak_Click() {
 }
 
 void SpeechCommands::lstAnims_Click() {
-    needs_.form.cmdDo.setEnabled(needs_.form.lstAnims.selected() != ui::ListBox::kNone);
-    setDefault(needs_.form.cmdDo);
+    needs_.speechPage.cmdDo.setEnabled(needs_.speechPage.lstAnims.selected() != ui::ListBox::kNone);
+    setDefault(needs_.speechPage.cmdDo);
 }
 
 void SpeechCommands::txtSay_GotFocus() {
-    setDefault(needs_.form.cmdSay);
+    setDefault(needs_.speechPage.cmdSay);
 }
 
 void SpeechCommands::setDefault(ui::Button& button) {
-    for (ui::Button* other : {&needs_.form.cmdSay, &needs_.form.cmdDo})
+    for (ui::Button* other : {&needs_.speechPage.cmdSay, &needs_.speechPage.cmdDo})
         other->setDefault(other == &button);
 }
 

@@ -5,7 +5,8 @@
 #include "companion/phrase_engine.h"
 #include "language/language_tables.h"
 #include "platform/random.h"
-#include "ui/frm_options.h"
+#include "ui/pages/reminders_page.h"
+#include "ui/pages/speech_page.h"
 
 #include <string>
 
@@ -15,7 +16,8 @@ namespace brovin::companion {
 class SpeechCommands {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::SpeechPage& speechPage;
+        const ui::RemindersPage& remindersPage;
         const language::LanguageTables& tables;
         const Actor& actor;
         PhraseEngine& phrases;

@@ -1,18 +1,12 @@
 #include "headless/scan_command.h"
 
-#include "cleaner/folder_sweep.h"
-#include "cleaner/nasty_file_list.h"
-#include "cleaner/scan_run.h"
-#include "cleaner/statistics.h"
-#include "cleaner/watched_folder_list.h"
-#include "companion/announcer.h"
-#include "companion/phrase_engine.h"
+#include "app/stored_controls.h"
+#include "cleaner/cleaner.h"
+#include "companion/teller.h"
 #include "headless/preview.h"
 #include "headless/scan_report.h"
-#include "language/language_catalogue.h"
-#include "language/language_loader.h"
+#include "language/language.h"
 #include "settings/settings.h"
-#include "text/numbers.h"
 
 #include <algorithm>
 #include <ostream>
@@ -24,21 +18,6 @@ namespace {
 namespace setting = settings::setting;
 using cleaner::ScanOutcome;
 using ui::FrmOptions;
-
-/// The options that a scan obeys.
-struct Box {
-    ui::CheckBox FrmOptions::*box;
-    const settings::Setting* setting;
-};
-constexpr Box kBoxes[] = {
-    {&FrmOptions::chkConfirm, &setting::kConfirm},
-    {&FrmOptions::chkForce, &setting::kForce},
-    {&FrmOptions::chkIgnoreErrors, &setting::kIgnoreErrors},
-    {&FrmOptions::chkLog, &setting::kLog},
-    {&FrmOptions::chkDotDash, &setting::kDotDash},
-    {&FrmOptions::chkIcon, &setting::kIconFiles},
-    {&FrmOptions::chkDude, &setting::kDude},
-};
 
 /// Stops the sweep when the user wants that, or when nobody reads any more what it says.
 class StopPump final : public platform::EventPump {
@@ -95,33 +74,30 @@ private:
 
     FrmOptions form_;
     settings::Settings settings_{store_};
-    language::LanguageTables tables_;
-    language::LanguageCatalogue catalogue_{form_, machine_.folder};
-    language::LanguageLoader loader_{
-        {form_, settings_, catalogue_, tables_, machine_.folder, noDialogs_, machine_.regional}};
-    companion::Actor actor_;
-    companion::PhraseEngine phrases_{{form_, settings_, tables_, actor_, machine_.regional, machine_.random}};
-    companion::Announcer announcer_{{form_, actor_, phrases_, dialogs_}};
-    companion::Speech speech_{tables_.messageTable, phrases_, announcer_};
-    cleaner::NastyFileList nastyFiles_{{form_, settings_, speech_, dialogs_, machine_.regional}};
-    cleaner::WatchedFolderList watchedFolders_{
-        {form_, settings_, speech_, dialogs_, files_, machine_.regional}};
-    cleaner::FolderSweep sweep_{{form_, speech_, files_, dialogs_, machine_.regional, pump_}};
-    cleaner::Statistics statistics_{
-        {form_, settings_, speech_, actor_, clipboard_, machine_.clock, machine_.regional, program_}};
-    cleaner::ScanRun scanRun_{{.form = form_,
+    ui::TrayTip tip_{tray_};
+    language::Language language_{{form_, settings_, machine_.folder, noDialogs_, machine_.regional}};
+    companion::Teller teller_{
+        {form_, settings_, language_.tables, dialogs_, machine_.regional, machine_.random}};
+    cleaner::Cleaner cleaner_{{.frame = form_,
+                               .foldersPage = form_,
+                               .nastyPage = form_,
+                               .scanningPage = form_,
+                               .characterPage = form_,
+                               .life = form_,
+                               .tip = tip_,
                                .settings = settings_,
-                               .speech = speech_,
-                               .actor = actor_,
-                               .sweep = sweep_,
-                               .folders = watchedFolders_,
-                               .statistics = statistics_,
-                               .programFolder = machine_.folder,
-                               .lock = machine_.lock,
-                               .tray = tray_,
-                               .shell = shell_,
-                               .clock = machine_.clock,
-                               .regional = machine_.regional}};
+                               .speech = teller_.speech,
+                               .actor = teller_.actor,
+                               .program = program_,
+                               .machine = {.files = files_,
+                                           .folder = machine_.folder,
+                                           .lock = machine_.lock,
+                                           .dialogs = dialogs_,
+                                           .shell = shell_,
+                                           .clipboard = clipboard_,
+                                           .pump = pump_,
+                                           .clock = machine_.clock,
+                                           .regional = machine_.regional}}};
     ScanReport report_{options_, console_};
     bool usable_ = true;    ///< the language file that was read last
     bool allStored_ = true; ///< the totals
@@ -143,19 +119,20 @@ ExitStatus ScanProgram::run() {
         console_.err << "brovin: the totals could not be saved in " << location << "\n";
         allStored_ = false;
     };
-    sweep_.deletionTried = [this](const cleaner::Deletion& deletion) { report_.deletion(deletion); };
-    sweep_.folderFailed = [this](const std::string& path, const std::string& reason) {
+    cleaner_.sweep.deletionTried = [this](const cleaner::Deletion& deletion) { report_.deletion(deletion); };
+    cleaner_.sweep.folderFailed = [this](const std::string& path, const std::string& reason) {
         report_.folderFailed(path, reason);
     };
-    sweep_.waiting = [this](const std::string& path) { report_.waiting(path); };
-    pump_.stop = [this] { sweep_.cancel(); };
+    cleaner_.sweep.waiting = [this](const std::string& path) { report_.waiting(path); };
+    pump_.stop = [this] { cleaner_.sweep.cancel(); };
     form_.sbStatus.observe([this] { report_.progress(form_.sbStatus.panel()); });
-    if (scanRun_.runScan() == ScanOutcome::BusyElsewhere) {
+    if (cleaner_.scanRun.runScan() == ScanOutcome::BusyElsewhere) {
         console_.err << "brovin: another scan is running\n";
         return ExitStatus::Busy;
     }
-    report_.summary(sweep_);
-    if (const int number = machine_.stopSignal ? machine_.stopSignal() : 0; sweep_.cancelled() && number != 0)
+    report_.summary(cleaner_.sweep);
+    if (const int number = machine_.stopSignal ? machine_.stopSignal() : 0;
+        cleaner_.sweep.cancelled() && number != 0)
         return endedBySignal(number);
     const bool allDone =
         report_.complete() && allStored_ && dialogs_.unanswered() == 0 && !machine_.settingsDamaged;
@@ -164,24 +141,26 @@ ExitStatus ScanProgram::run() {
 
 /// The chosen language, else the default one, else any: a scan at night must not fail over a broken file.
 bool ScanProgram::chooseLanguage() {
-    form_.lstLang.click = [this] { loader_.lstLang_Click(); };
-    loader_.quit = [this] { usable_ = false; };
-    catalogue_.buildLanguageCatalogue();
+    language_.loader.quit = [this] { usable_ = false; };
+    language_.catalogue.buildLanguageCatalogue();
     std::vector<std::string> files{settings_.read(setting::kLanguage),
                                    std::string(setting::kLanguage.fallback)};
-    files.insert(files.end(), catalogue_.langFiles.begin(), catalogue_.langFiles.end());
+    files.insert(files.end(), language_.catalogue.langFiles.begin(), language_.catalogue.langFiles.end());
     return std::any_of(files.begin(), files.end(), [this](const auto& file) { return useLanguage(file); });
 }
 
 bool ScanProgram::useLanguage(const std::string& file) {
-    const auto entry = catalogue_.entryOf(file);
+    const auto entry = language_.catalogue.entryOf(file);
     usable_ = true;
     return entry && form_.lstLang.select(*entry) && usable_;
 }
 
 void ScanProgram::restoreOptions() {
-    for (const Box& row : kBoxes)
-        (form_.*row.box).setValue(text::leadingInt16(settings_.read(*row.setting)).value_or(0));
+    // A value that its control refuses leaves it off.
+    for (const auto rows : {app::storedControls(), app::storedRules()})
+        for (const app::StoredControl& row : rows)
+            if (row.guidesScan)
+                static_cast<void>(app::restore(form_, row, settings_.read(*row.setting)));
     if (!machine_.settingsDamaged)
         return;
     console_.err
@@ -210,10 +189,10 @@ void ScanProgram::applySwitches() {
 }
 
 void ScanProgram::fillLists() {
-    nastyFiles_.load();
-    watchedFolders_.load();
+    cleaner_.nastyFiles.load();
+    cleaner_.watchedFolders.load();
     if (!options_.folders.empty())
-        watchedFolders_.show(options_.folders);
+        cleaner_.watchedFolders.show(options_.folders);
     if (options_.nasty.empty())
         return;
     std::vector<ui::ListControl::Item> names;

@@ -84,22 +84,22 @@ void LanguageCatalogue::buildLanguageCatalogue() {
         langVersions.push_back(info->version);
         langNames.push_back(name);
     }
-    form_.lstLang.setItems(std::move(items));
+    page_.lstLang.setItems(std::move(items));
 }
 
 std::size_t LanguageCatalogue::slotOf(int entry) const {
-    return static_cast<std::size_t>(form_.lstLang.items()[static_cast<std::size_t>(entry)].data);
+    return static_cast<std::size_t>(page_.lstLang.items()[static_cast<std::size_t>(entry)].data);
 }
 
 std::optional<std::string> LanguageCatalogue::selectedFile() const {
-    const int selected = form_.lstLang.selected();
+    const int selected = page_.lstLang.selected();
     if (selected == ui::ListControl::kNone)
         return std::nullopt;
     return langFiles[slotOf(selected)];
 }
 
 std::optional<int> LanguageCatalogue::entryOf(std::string_view fileName) const {
-    for (int entry = 0; entry < form_.lstLang.count(); ++entry)
+    for (int entry = 0; entry < page_.lstLang.count(); ++entry)
         if (langFiles[slotOf(entry)] == fileName)
             return entry;
     return std::nullopt;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/program_folder.h"
-#include "ui/frm_options.h"
+#include "ui/pages/program_page.h"
 
 #include <optional>
 #include <string>
@@ -24,7 +24,8 @@ struct LanguageInfo {
 /// The installed languages: one entry of `lstLang` for each usable file, with its slot as item data.
 class LanguageCatalogue {
 public:
-    LanguageCatalogue(ui::FrmOptions& form, platform::ProgramFolder& folder) : form_(form), folder_(folder) {}
+    LanguageCatalogue(ui::ProgramPage& page, platform::ProgramFolder& folder)
+        : page_(page), folder_(folder) {}
 
     /// Lists the files anew; nothing is selected then.
     void buildLanguageCatalogue();
@@ -45,7 +46,7 @@ public:
 private:
     [[nodiscard]] std::size_t slotOf(int entry) const;
 
-    ui::FrmOptions& form_;
+    ui::ProgramPage& page_;
     platform::ProgramFolder& folder_;
 };
 

@@ -47,7 +47,7 @@ bool isLanguagePack(std::string_view text) {
 PackOutcome LanguagePack::fetch(const PackOffer& offer, const std::string& file) {
     // The maker's signature proves a pack whatever way it came; without a key the way must be safe.
     const std::string url = needs_.key.present() ? offer.url : byHttps(offer.url);
-    const Moving moving(needs_.form.picAnim, needs_.folder.path("DOWNLOAD.AVI"));
+    const Moving moving(needs_.programPage.picAnim, needs_.folder.path("DOWNLOAD.AVI"));
     const PlainHttp plain = needs_.key.present() ? PlainHttp::Anywhere : PlainHttp::OnlyFromThisMachine;
     const auto pack = needs_.transfer.openUrl({url, plain}, language::kLargestFile);
     if (!pack)
@@ -90,9 +90,9 @@ void LanguagePack::refresh(const std::string& file) {
     if (!entry)
         return;
     if (active == file)
-        needs_.form.lstLang.select(*entry);
+        needs_.programPage.lstLang.select(*entry);
     else
-        needs_.form.lstLang.place(*entry);
+        needs_.programPage.lstLang.place(*entry);
 }
 
 } // namespace brovin::update

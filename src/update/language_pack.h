@@ -5,7 +5,7 @@
 #include "platform/internet_transfer.h"
 #include "platform/makers_key.h"
 #include "platform/program_folder.h"
-#include "ui/frm_options.h"
+#include "ui/pages/program_page.h"
 #include "update/answers.h"
 #include "update/proof.h"
 
@@ -27,7 +27,7 @@ struct PackOutcome {
 class LanguagePack {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::ProgramPage& programPage;
         const language::MessageTable& messages;
         language::LanguageCatalogue& catalogue;
         platform::ProgramFolder& folder;

@@ -41,22 +41,22 @@ private:
 };
 
 /// The shown entry of a language file.
-std::string entryText(const ui::FrmOptions& form, const language::LanguageCatalogue& catalogue,
+std::string entryText(const ui::ProgramPage& page, const language::LanguageCatalogue& catalogue,
                       const std::string& file) {
     const auto entry = catalogue.entryOf(file);
-    return entry ? form.lstLang.items()[static_cast<std::size_t>(*entry)].text : file;
+    return entry ? page.lstLang.items()[static_cast<std::size_t>(*entry)].text : file;
 }
 
 } // namespace
 
 UpdateCheck::UpdateCheck(const Needs& needs)
-    : needs_(needs), pack_({needs.form, needs.messages, needs.catalogue, needs.folder, needs.machine.transfer,
-                            needs.machine.key}) {}
+    : needs_(needs), pack_({needs.programPage, needs.messages, needs.catalogue, needs.folder,
+                            needs.machine.transfer, needs.machine.key}) {}
 
 UpdateCheck::Outcome UpdateCheck::check() {
     if (checking_)
         return Outcome::Offered; // the check under way tells what there is to tell
-    Standstill standstill(needs_.form.Timer1, checking_);
+    Standstill standstill(needs_.timer, checking_);
     MakersAnswers answers(needs_.machine.transfer, needs_.machine.server);
     const auto answer = answers.ask("myid=brovin&myver=" + needs_.running.text());
     const auto offer = answer ? programOffer(*answer) : std::nullopt;
@@ -144,7 +144,7 @@ bool UpdateCheck::offerPacks(MakersAnswers& answers) {
             continue;
         any = true;
         if (ask("Version " + offer->version + " of the " +
-                    entryText(needs_.form, needs_.catalogue, files[slot]) +
+                    entryText(needs_.programPage, needs_.catalogue, files[slot]) +
                     " language pack is available. Would you like to download it now?",
                 kPackTitle))
             fetchPack(*offer, files[slot]);
@@ -163,24 +163,24 @@ void UpdateCheck::fetchPack(const PackOffer& offer, const std::string& file) {
 }
 
 void UpdateCheck::cancelled() {
-    needs_.form.sbStatus.setPanel(needs_.messages.getMessage(35));
+    needs_.frame.sbStatus.setPanel(needs_.messages.getMessage(35));
 }
 
 void UpdateCheck::cmdUpdate_Click() {
-    if (needs_.form.scanBusy || checking_)
-        return; // a scan ends with a check
+    if (checking_)
+        return;
     needs_.settings.write(setting::kNoCheck, "0");
-    const std::string before = needs_.form.sbStatus.panel();
+    const std::string before = needs_.frame.sbStatus.panel();
     const std::string asking = needs_.messages.getMessage(27);
-    needs_.form.sbStatus.setPanel(asking);
+    needs_.frame.sbStatus.setPanel(asking);
     needs_.pump.pump();
     const Outcome outcome = check();
-    if (needs_.form.sbStatus.panel() == asking)
-        needs_.form.sbStatus.setPanel(before);
+    if (needs_.frame.sbStatus.panel() == asking)
+        needs_.frame.sbStatus.setPanel(before);
     const std::string title = needs_.messages.getMessage(30);
     if (outcome == Outcome::Nothing)
         tell(needs_.messages.getMessage(28, {needs_.phrases.getDude()}), box::kInformation, title);
-    else if (outcome == Outcome::NoAnswer && !needs_.form.exitConfirmed)
+    else if (outcome == Outcome::NoAnswer && !needs_.life.exitConfirmed)
         tell(needs_.messages.getMessage(29), box::kExclamation, title);
 }
 

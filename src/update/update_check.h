@@ -13,7 +13,9 @@
 #include "platform/shell.h"
 #include "settings/settings.h"
 #include "ui/frm_download.h"
-#include "ui/frm_options.h"
+#include "ui/pages/program_page.h"
+#include "ui/pages/window_frame.h"
+#include "ui/program_life.h"
 #include "update/answers.h"
 #include "update/language_pack.h"
 
@@ -37,7 +39,10 @@ struct Machine {
 class UpdateCheck {
 public:
     struct Needs {
-        ui::FrmOptions& form;
+        ui::WindowFrame& frame;
+        ui::ProgramPage& programPage;
+        const ui::ProgramLife& life;
+        ui::Timer& timer; ///< stands still during a check
         settings::Settings& settings;
         const language::MessageTable& messages;
         companion::PhraseEngine& phrases;

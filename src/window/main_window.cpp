@@ -1,6 +1,39 @@
 #include "window/main_window.h"
 
+#include <chrono>
+
 namespace brovin::window {
+namespace {
+
+/// How often the frame around the chosen tab moves.
+constexpr std::chrono::milliseconds kFrameInterval{150};
+
+} // namespace
+
+MainWindow::MainWindow(const Needs& needs) : needs_(needs) {
+    ui::FrmOptions& form = needs_.form;
+    for (std::size_t i = 0; i < ui::FrmOptions::kTabs; ++i) {
+        const auto choose = [this, i] { imgTabs_Click(static_cast<int>(i)); };
+        form.imgTabs[i].click = choose;
+        form.lblTabs[i].click = choose;
+        form.imgTabs[i].mouseMove = [this, i] { imgTabs_MouseMove(i); };
+        form.picTab[i].mouseMove = [this] { resetPictures(); };
+        form.picTab[i].setVisible(i == 0);
+    }
+    form.Picture1.mouseMove = [this] { resetPictures(); };
+    form.window.mouseMove = [this] { resetPictures(); };
+    form.cmdHelp.mouseMove = [this] { cmdHelp_MouseMove(); };
+    form.cmdExit.mouseMove = [this] { cmdExit_MouseMove(); };
+    form.lineTimer.setInterval(kFrameInterval);
+    form.lineTimer.tick = [this] { lineTimer_Timer(); };
+    form.window.resize = [this] { Form_Resize(); };
+    form.window.close = [this] { Form_Close(); };
+    form.cmdHelp.click = [this] { cmdHelp_Click(); };
+    form.mHelp.click = [this] { cmdHelp_Click(); };
+    form.mPopRestore.click = [this] { mPopRestore_Click(); };
+    form.imgLogo.click = [this] { imgLogo_Click(); };
+    form.lblFeedback.click = [this] { lblFeedback_Click(); };
+}
 
 bool MainWindow::imgTabs_Click(int tab) {
     ui::FrmOptions& form = needs_.form;

@@ -25,7 +25,8 @@ public:
         platform::Shell& shell;
         const platform::NotificationArea& tray;
     };
-    explicit MainWindow(const Needs& needs) : needs_(needs) {}
+    /// Ties the controls around the pages and those that lead out of the program.
+    explicit MainWindow(const Needs& needs);
 
     /// The tray's menu shall pop up at the mouse.
     ui::Event<> popUpMenu;

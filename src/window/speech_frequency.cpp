@@ -34,37 +34,47 @@ int sliderValue(const ui::Slider::Track& track, double fillWidth) {
                            : 0;
 }
 
+SpeechFrequency::SpeechFrequency(ui::CharacterPage& page, settings::Settings& settings)
+    : page_(page), settings_(settings) {
+    page_.picSlide.mouseDown = [this](int button, double x) { picSlide_MouseDown(button, x); };
+    page_.picSlide.mouseMove = [this](double x) { picSlide_MouseMove(x); };
+    page_.picSlide.mouseUp = [this] { picSlide_MouseUp(); };
+    page_.picSlide.choose = [this](int value) { picSlide_Choose(value); };
+    page_.picSlide.resize = [this] { drawSpeechFreq(); };
+    page_.frmFreq.mouseUp = [this](double x, double y) { frmFreq_MouseUp(x, y); };
+}
+
 void SpeechFrequency::drawSpeechFreq() {
     // A value from a settings file may be any number; the slider shows the nearer end then.
-    const int value = std::clamp<int>(form_.speechFreq, 0, ui::Slider::kMaximum);
-    const ui::Slider::Track& track = form_.picSlide.track();
-    form_.picSlide.setValue(value);
-    form_.picSlide.setParts(sliderParts(track, value * track.width / ui::Slider::kMaximum));
+    const int value = std::clamp<int>(speechFreq, 0, ui::Slider::kMaximum);
+    const ui::Slider::Track& track = page_.picSlide.track();
+    page_.picSlide.setValue(value);
+    page_.picSlide.setParts(sliderParts(track, value * track.width / ui::Slider::kMaximum));
 }
 
 void SpeechFrequency::picSlide_MouseDown(int button, double x) {
     if (button != kLeftButton)
         return;
     dragging_ = true;
-    grip_ = x - form_.picSlide.parts().knobLeft;
+    grip_ = x - page_.picSlide.parts().knobLeft;
 }
 
 void SpeechFrequency::picSlide_MouseMove(double x) {
     if (!dragging_)
         return;
-    const ui::Slider::Track& track = form_.picSlide.track();
+    const ui::Slider::Track& track = page_.picSlide.track();
     const double leftmost = track.left - halfKnob(track);
     const double knobLeft = clamp(x - grip_, leftmost, leftmost + track.width);
-    form_.picSlide.setParts(sliderParts(track, knobLeft - leftmost));
+    page_.picSlide.setParts(sliderParts(track, knobLeft - leftmost));
 }
 
 void SpeechFrequency::picSlide_MouseUp() {
     dragging_ = false;
-    store(sliderValue(form_.picSlide.track(), form_.picSlide.parts().fillWidth));
+    store(sliderValue(page_.picSlide.track(), page_.picSlide.parts().fillWidth));
 }
 
 void SpeechFrequency::frmFreq_MouseUp(double x, double y) {
-    const ui::Slider::Track& track = form_.picSlide.track();
+    const ui::Slider::Track& track = page_.picSlide.track();
     const double along = x - track.left;
     const double down = y - track.top;
     if (along >= 0 && along <= track.width && down >= 0 && down <= track.height)
@@ -76,7 +86,7 @@ void SpeechFrequency::picSlide_Choose(int value) {
 }
 
 void SpeechFrequency::store(int value) {
-    form_.speechFreq = static_cast<std::int16_t>(value);
+    speechFreq = static_cast<std::int16_t>(value);
     settings_.write(settings::setting::kSpeechFreq, std::to_string(value));
     drawSpeechFreq();
 }

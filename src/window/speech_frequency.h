@@ -1,7 +1,9 @@
 #pragma once
 
 #include "settings/settings.h"
-#include "ui/frm_options.h"
+#include "ui/pages/character_page.h"
+
+#include <cstdint>
 
 namespace brovin::window {
 
@@ -18,7 +20,10 @@ namespace brovin::window {
 /// How often the character speaks by itself, as the user sets it with the slider.
 class SpeechFrequency {
 public:
-    SpeechFrequency(ui::FrmOptions& form, settings::Settings& settings) : form_(form), settings_(settings) {}
+    SpeechFrequency(ui::CharacterPage& page, settings::Settings& settings);
+
+    /// How often the character speaks, 0 to 200 where the slider has set it.
+    std::int16_t speechFreq = 0;
 
     /// Draws the slider from the value that is held.
     void drawSpeechFreq();
@@ -34,7 +39,7 @@ public:
 private:
     void store(int value);
 
-    ui::FrmOptions& form_;
+    ui::CharacterPage& page_;
     settings::Settings& settings_;
     bool dragging_ = false;
     double grip_ = 0; ///< from the knob's left edge to the mouse, while dragging

@@ -137,9 +137,9 @@ TEST(Chatter, comesAtItsThresholds) {
     };
     for (const auto& [visible, frequency, n, requests, why] : cases) {
         CharacterWorld world;
+        world.settings.set("SpeechFreq", std::to_string(frequency));
         world.startUp();
         world.character.isVisible = visible;
-        world.form.speechFreq = static_cast<std::int16_t>(frequency);
         world.random.draws = {(n + 0.5) / 1001};
         EXPECT_EQ(requests, world.after([&] { world.form.Timer1.tick(); })) << why;
     }

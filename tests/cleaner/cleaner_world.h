@@ -1,13 +1,9 @@
 #pragma once
 
-#include "cleaner/folder_sweep.h"
-#include "cleaner/log_commands.h"
-#include "cleaner/nasty_file_list.h"
-#include "cleaner/scan_run.h"
-#include "cleaner/statistics.h"
-#include "cleaner/watched_folder_list.h"
+#include "cleaner/cleaner.h"
+#include "companion/teller.h"
 #include "fakes/fake_machine.h"
-#include "language/language_tables.h"
+#include "ui/frm_options.h"
 
 #include <chrono>
 #include <string>
@@ -41,18 +37,37 @@ struct CleanerWorld : fakes::FakeMachine {
     ui::FrmOptions form;
     settings::Settings options{settings};
     language::LanguageTables tables;
-    companion::Actor actor;
-    companion::PhraseEngine phrases{{form, options, tables, actor, regional, random}};
-    companion::Announcer announcer{{form, actor, phrases, dialogs}};
-    companion::Speech speech{tables.messageTable, phrases, announcer};
+    companion::Teller teller{{form, options, tables, dialogs, regional, random}};
+    companion::Actor& actor = teller.actor;
     settings::ProgramInfo info{"Brovin", 2, 7, 106};
-    NastyFileList nastyFiles{{form, options, speech, dialogs, regional}};
-    WatchedFolderList watchedFolders{{form, options, speech, dialogs, files, regional}};
-    FolderSweep sweep{{form, speech, files, dialogs, regional, pump}};
-    Statistics statistics{{form, options, speech, actor, clipboard, clock, regional, info}};
-    LogCommands logCommands{{speech, folder, shell, clock, regional}};
-    ScanRun scanRun{{form, options, speech, actor, sweep, watchedFolders, statistics, folder, scanLock, tray,
-                     shell, clock, regional}};
+    ui::TrayTip tip{tray};
+    Cleaner cleaner{{.frame = form,
+                     .foldersPage = form,
+                     .nastyPage = form,
+                     .scanningPage = form,
+                     .characterPage = form,
+                     .life = form,
+                     .tip = tip,
+                     .settings = options,
+                     .speech = teller.speech,
+                     .actor = actor,
+                     .program = info,
+                     .machine = {.files = files,
+                                 .folder = folder,
+                                 .lock = scanLock,
+                                 .dialogs = dialogs,
+                                 .shell = shell,
+                                 .clipboard = clipboard,
+                                 .pump = pump,
+                                 .clock = clock,
+                                 .regional = regional}}};
+    ScanState& scan = cleaner.scan;
+    NastyFileList& nastyFiles = cleaner.nastyFiles;
+    WatchedFolderList& watchedFolders = cleaner.watchedFolders;
+    FolderSweep& sweep = cleaner.sweep;
+    Statistics& statistics = cleaner.statistics;
+    LogCommands& logCommands = cleaner.logCommands;
+    ScanRun& scanRun = cleaner.scanRun;
 };
 
 } // namespace brovin::cleaner

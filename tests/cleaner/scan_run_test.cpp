@@ -75,7 +75,7 @@ TEST(ScanRun, doesNotRunTwiceAtATime) {
     int finished = 0;
     world.scanRun.finished = [&] {
         ++finished;
-        EXPECT_FALSE(world.form.scanBusy) << "the update check may ask the user things";
+        EXPECT_FALSE(world.scan.busy()) << "the update check may ask the user things";
         EXPECT_EQ(0, world.scanLock.holders);
     };
     world.scanRun.runScan();
@@ -135,7 +135,7 @@ TEST(ScanNow, reportsHowManyThingsWereDeleted) {
         ASSERT_EQ(1U, world.dialogs.boxes.size());
         EXPECT_EQ(report, world.dialogs.boxes[0].text);
         EXPECT_EQ(64, world.dialogs.boxes[0].style);
-        EXPECT_EQ(CleanerWorld::at(10, 5), world.form.lastScanTime);
+        EXPECT_EQ(CleanerWorld::at(10, 5), world.scan.lastScanTime);
         EXPECT_EQ(1, world.shell.foregrounds);
         EXPECT_TRUE(world.form.sbStatus.panel().starts_with("m23(21 November 2026 10:05:00,%2). m24("));
     }
@@ -155,13 +155,13 @@ TEST(ScanNow, refusesWithoutAFolderAndWhileAnotherCopyScans) {
     late.scanLock.heldElsewhere = true;
     late.scanRun.cmdNuke_Click();
     ASSERT_EQ(1U, late.dialogs.boxes.size()) << "it says so";
-    EXPECT_FALSE(late.form.scanBusy) << "the next try is free";
+    EXPECT_FALSE(late.scan.busy()) << "the next try is free";
 
     for (ScanRunWorld* world : {&idle, &late}) {
         EXPECT_TRUE(world->files.deleted.empty());
         EXPECT_TRUE(world->folder.files.empty()) << "no log";
         EXPECT_EQ("", world->settings.setting("LastScanned"));
-        EXPECT_EQ(platform::DateTime{}, world->form.lastScanTime);
+        EXPECT_EQ(platform::DateTime{}, world->scan.lastScanTime);
     }
 }
 
@@ -208,7 +208,7 @@ TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
     Texts titles;
     world.pump.onPump = [&] {
         world.clock.sinceStart += std::chrono::milliseconds(200); // not every change is shown
-        titles.push_back(world.form.window.caption() + "|" + world.form.trayTip);
+        titles.push_back(world.form.window.caption() + "|" + world.tray.tips.back());
     };
     world.scanRun.runScan();
     EXPECT_EQ((Texts{"Brovin - m54(%1,%2)|m54(%1,%2)", "Brovin - m54(%1,%2)|m54(%1,%2)",

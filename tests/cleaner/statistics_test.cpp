@@ -92,7 +92,7 @@ TEST(LastScanned, tellsWhenTheNextScanIs) {
     };
     for (const auto& [last, interval, tip, panel, why] : cases) {
         CleanerWorld world;
-        world.form.lastScanTime = last;
+        world.scan.lastScanTime = last;
         world.form.txtInterval.setText(interval);
         world.statistics.showLastScanned();
         EXPECT_EQ("m24(" + tip + ",%2)", world.form.txtInterval.toolTip()) << why;

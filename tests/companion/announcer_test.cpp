@@ -19,7 +19,6 @@ struct AnnouncerWorld : CompanionWorld {
         list(PhraseList::AniQuestion, "Think");
         form.chkAgent.setValue(1);
     }
-    Announcer announcer{{form, actor, phrases, dialogs}};
 };
 
 TEST(Announcer, letsTheCharacterActByTheStyle) {

@@ -39,7 +39,8 @@ struct CharacterHostWorld : CompanionWorld {
         return character.requests;
     }
     fakes::FakeCharacter& character = characters.only;
-    CharacterHost host{{form, options, tables, actor, phrases, characters, regional, random}};
+    CharacterHost host{
+        {form, form, form, form, form, options, tables, actor, phrases, characters, regional, random}};
 };
 
 TEST(CharacterHost, listsCharactersByProperNamesAndSelectsItsOwn) {

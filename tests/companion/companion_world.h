@@ -1,7 +1,8 @@
 #pragma once
 
-#include "companion/phrase_engine.h"
+#include "companion/teller.h"
 #include "fakes/fake_machine.h"
+#include "ui/frm_options.h"
 
 #include <cstddef>
 #include <string>
@@ -9,8 +10,8 @@
 
 namespace brovin::companion {
 
-/// The phrase engine on a machine in memory, with a character on the screen that does nothing yet. All lists
-/// are empty.
+/// Phrases and messages on a machine in memory, with a character on the screen that does nothing yet. All
+/// lists are empty.
 struct CompanionWorld : fakes::FakeMachine {
     CompanionWorld() {
         actor.name = "Peedy";
@@ -29,8 +30,10 @@ struct CompanionWorld : fakes::FakeMachine {
     ui::FrmOptions form;
     settings::Settings options{settings};
     language::LanguageTables tables;
-    Actor actor;
-    PhraseEngine phrases{{form, options, tables, actor, regional, random}};
+    Teller teller{{form, options, tables, dialogs, regional, random}};
+    Actor& actor = teller.actor;
+    PhraseEngine& phrases = teller.phrases;
+    Announcer& announcer = teller.announcer;
 };
 
 } // namespace brovin::companion

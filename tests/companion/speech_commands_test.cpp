@@ -21,8 +21,7 @@ struct SpeechCommandsWorld : CompanionWorld {
         form.lstAnims.select(1);
         form.chkAgent.setValue(1);
     }
-    Announcer announcer{{form, actor, phrases, dialogs}};
-    SpeechCommands commands{{form, tables, actor, phrases, announcer, random}};
+    SpeechCommands commands{{form, form, tables, actor, phrases, announcer, random}};
 };
 
 TEST(SpeechCommands, obeyUpToTheirThresholds) {

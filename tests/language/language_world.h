@@ -1,8 +1,7 @@
 #pragma once
 
 #include "fakes/fake_machine.h"
-#include "language/language_catalogue.h"
-#include "language/language_loader.h"
+#include "language/language.h"
 
 #include <string>
 
@@ -10,9 +9,6 @@ namespace brovin::language {
 
 /// The languages on a machine in memory: picking an entry of `lstLang` loads it.
 struct LanguageWorld : fakes::FakeMachine {
-    LanguageWorld() {
-        form.lstLang.click = [this] { loader.lstLang_Click(); };
-    }
     /// Installs a language file with these lines behind the ones that every file needs.
     void install(const std::string& name, const std::string& lines) {
         folder.files[name] = "language=A\nlanguageDesc=b\nlangversion=1\n" + lines;
@@ -26,9 +22,10 @@ struct LanguageWorld : fakes::FakeMachine {
 
     ui::FrmOptions form;
     settings::Settings options{settings};
-    LanguageTables tables;
-    LanguageCatalogue catalogue{form, folder};
-    LanguageLoader loader{{form, options, catalogue, tables, folder, dialogs, regional}};
+    Language language{{form, options, folder, dialogs, regional}};
+    LanguageTables& tables = language.tables;
+    LanguageCatalogue& catalogue = language.catalogue;
+    LanguageLoader& loader = language.loader;
 };
 
 } // namespace brovin::language

@@ -9,14 +9,14 @@
 namespace brovin::window {
 namespace {
 
-struct World : fakes::FakeMachine {
+struct WindowWorld : fakes::FakeMachine {
     ui::FrmOptions form;
     settings::Settings options{settings};
     MainWindow window{{form, options, folder, shell, tray}};
 };
 
 TEST(MainWindow, showsOnePageAndMarksItsTab) {
-    World world;
+    WindowWorld world;
     for (const int chosen : {3, 0, 7}) {
         EXPECT_TRUE(world.window.imgTabs_Click(chosen));
         for (int i = 0; i < 8; ++i) {
@@ -34,7 +34,7 @@ TEST(MainWindow, showsOnePageAndMarksItsTab) {
 }
 
 TEST(MainWindow, comesBackFromItsIconAndGoesThereAgain) {
-    World world;
+    WindowWorld world;
     world.form.window.resize = [&world] { world.window.Form_Resize(); };
     int menus = 0;
     world.window.popUpMenu = [&menus] { ++menus; };
@@ -56,7 +56,7 @@ TEST(MainWindow, comesBackFromItsIconAndGoesThereAgain) {
 }
 
 TEST(MainWindow, staysInTheTaskBarWhereThereIsNoNotificationArea) {
-    World world;
+    WindowWorld world;
     world.form.window.resize = [&world] { world.window.Form_Resize(); };
     world.tray.present = false;
     world.window.mPopRestore_Click();
@@ -66,7 +66,7 @@ TEST(MainWindow, staysInTheTaskBarWhereThereIsNoNotificationArea) {
 }
 
 TEST(MainWindow, opensWhatLiesBesideTheProgram) {
-    World world;
+    WindowWorld world;
     world.window.cmdHelp_Click();
     world.window.imgLogo_Click();
     world.window.lblFeedback_Click();
@@ -76,7 +76,7 @@ TEST(MainWindow, opensWhatLiesBesideTheProgram) {
 }
 
 TEST(MainWindow, tellsWhatCannotBeOpened) {
-    World world;
+    WindowWorld world;
     std::vector<std::string> told;
     world.window.notOpened = [&told](const std::string& path) { told.push_back(path); };
     world.window.cmdHelp_Click();

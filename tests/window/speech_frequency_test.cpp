@@ -25,10 +25,10 @@ TEST(SpeechFrequency, drawsFromBlueToRed) {
     };
     for (const auto& [value, parts] : kCases) {
         SliderWorld world;
-        world.form.speechFreq = static_cast<std::int16_t>(value);
+        world.slider.speechFreq = static_cast<std::int16_t>(value);
         world.slider.drawSpeechFreq();
         EXPECT_EQ(parts, world.parts()) << value;
-        EXPECT_EQ(value, world.form.speechFreq) << "drawing changes no value";
+        EXPECT_EQ(value, world.slider.speechFreq) << "drawing changes no value";
     }
 }
 
@@ -48,7 +48,7 @@ TEST(SpeechFrequency, followsTheDraggedKnobBetweenTheEnds) {
         EXPECT_EQ("", world.store.setting("SpeechFreq")) << "nothing is stored on the way";
         world.slider.picSlide_MouseMove(to + 7);
         world.slider.picSlide_MouseUp();
-        EXPECT_EQ(value, world.form.speechFreq) << why;
+        EXPECT_EQ(value, world.slider.speechFreq) << why;
         EXPECT_EQ(std::to_string(value), world.store.setting("SpeechFreq")) << why;
         const auto parts = world.parts();
         world.slider.picSlide_MouseMove(300);
@@ -68,9 +68,9 @@ TEST(SpeechFrequency, jumpsToAClickOnTheTrackOnly) {
     };
     for (const auto& [x, y, value] : kCases) {
         SliderWorld world;
-        world.form.speechFreq = 7;
+        world.slider.speechFreq = 7;
         world.slider.frmFreq_MouseUp(x, y);
-        EXPECT_EQ(value, world.form.speechFreq) << x << ", " << y;
+        EXPECT_EQ(value, world.slider.speechFreq) << x << ", " << y;
     }
 }
 

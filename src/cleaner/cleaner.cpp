@@ -1,0 +1,83 @@
+#include "cleaner/cleaner.h"
+
+namespace brovin::cleaner {
+
+Cleaner::Cleaner(const Needs& needs)
+    : nastyFiles({.nastyPage = needs.nastyPage,
+                  .scan = scan,
+                  .settings = needs.settings,
+                  .speech = needs.speech,
+                  .dialogs = needs.machine.dialogs,
+                  .regional = needs.machine.regional}),
+      watchedFolders({.foldersPage = needs.foldersPage,
+                      .scan = scan,
+                      .settings = needs.settings,
+                      .speech = needs.speech,
+                      .dialogs = needs.machine.dialogs,
+                      .files = needs.machine.files,
+                      .regional = needs.machine.regional}),
+      sweep({.frame = needs.frame,
+             .nastyPage = needs.nastyPage,
+             .scanningPage = needs.scanningPage,
+             .speech = needs.speech,
+             .files = needs.machine.files,
+             .dialogs = needs.machine.dialogs,
+             .regional = needs.machine.regional,
+             .pump = needs.machine.pump}),
+      statistics({.frame = needs.frame,
+                  .foldersPage = needs.foldersPage,
+                  .characterPage = needs.characterPage,
+                  .scan = scan,
+                  .settings = needs.settings,
+                  .speech = needs.speech,
+                  .actor = needs.actor,
+                  .clipboard = needs.machine.clipboard,
+                  .clock = needs.machine.clock,
+                  .regional = needs.machine.regional,
+                  .program = needs.program}),
+      logCommands({needs.speech, needs.machine.folder, needs.machine.shell, needs.machine.clock,
+                   needs.machine.regional}),
+      scanRun({.frame = needs.frame,
+               .foldersPage = needs.foldersPage,
+               .scanningPage = needs.scanningPage,
+               .characterPage = needs.characterPage,
+               .life = needs.life,
+               .scan = scan,
+               .settings = needs.settings,
+               .speech = needs.speech,
+               .actor = needs.actor,
+               .sweep = sweep,
+               .folders = watchedFolders,
+               .statistics = statistics,
+               .programFolder = needs.machine.folder,
+               .lock = needs.machine.lock,
+               .tip = needs.tip,
+               .shell = needs.machine.shell,
+               .clock = needs.machine.clock,
+               .regional = needs.machine.regional}) {
+    tie(needs.foldersPage);
+    tie(needs.nastyPage);
+    tie(needs.scanningPage);
+}
+
+void Cleaner::tie(ui::FoldersPage& page) {
+    page.cmdNuke.click = [this] { scanRun.cmdNuke_Click(); };
+    page.cmdAddFolder.click = [this] { watchedFolders.cmdAddFolder_Click(); };
+    page.cmdRemoveFolder.click = [this] { watchedFolders.cmdRemoveFolder_Click(); };
+    page.lstFolders.click = [this] { watchedFolders.lstFolders_Click(); };
+}
+
+void Cleaner::tie(ui::NastyFilesPage& page) {
+    page.cmdAddFile.click = [this] { nastyFiles.cmdAddFile_Click(); };
+    page.cmdRemoveFile.click = [this] { nastyFiles.cmdRemoveFile_Click(); };
+    page.lstFiles.click = [this] { nastyFiles.lstFiles_Click(); };
+}
+
+void Cleaner::tie(ui::ScanningPage& page) {
+    page.cmdInspect.click = [this] { logCommands.cmdInspect_Click(); };
+    page.cmdEmpty.click = [this] { logCommands.cmdEmpty_Click(); };
+    page.cmdResetCounter.click = [this] { statistics.cmdResetCounter_Click(); };
+    page.cmdCopyNumbers.click = [this] { statistics.cmdCopyNumbers_Click(); };
+}
+
+} // namespace brovin::cleaner

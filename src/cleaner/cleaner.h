@@ -1,0 +1,60 @@
+#pragma once
+
+#include "cleaner/folder_sweep.h"
+#include "cleaner/log_commands.h"
+#include "cleaner/nasty_file_list.h"
+#include "cleaner/scan_run.h"
+#include "cleaner/scan_state.h"
+#include "cleaner/statistics.h"
+#include "cleaner/watched_folder_list.h"
+
+namespace brovin::cleaner {
+
+/// The cleaner put together: the lists, the scan, its log and its numbers, tied to their pages.
+class Cleaner {
+public:
+    /// What of the machine it works with.
+    struct Machine {
+        platform::FileSystem& files;
+        platform::ProgramFolder& folder;
+        platform::ScanLock& lock;
+        platform::Dialogs& dialogs;
+        platform::Shell& shell;
+        platform::Clipboard& clipboard;
+        platform::EventPump& pump;
+        const platform::Clock& clock;
+        const platform::Regional& regional;
+    };
+    struct Needs {
+        ui::WindowFrame& frame;
+        ui::FoldersPage& foldersPage;
+        ui::NastyFilesPage& nastyPage;
+        ui::ScanningPage& scanningPage;
+        const ui::CharacterPage& characterPage;
+        const ui::ProgramLife& life;
+        ui::TrayTip& tip;
+        settings::Settings& settings;
+        companion::Speech speech;
+        companion::Actor& actor;
+        const settings::ProgramInfo& program;
+        Machine machine;
+    };
+    explicit Cleaner(const Needs& needs);
+    Cleaner(const Cleaner&) = delete;
+    Cleaner& operator=(const Cleaner&) = delete;
+
+    ScanState scan;
+    NastyFileList nastyFiles;
+    WatchedFolderList watchedFolders;
+    FolderSweep sweep;
+    Statistics statistics;
+    LogCommands logCommands;
+    ScanRun scanRun;
+
+private:
+    void tie(ui::FoldersPage& page);
+    void tie(ui::NastyFilesPage& page);
+    void tie(ui::ScanningPage& page);
+};
+
+} // namespace brovin::cleaner

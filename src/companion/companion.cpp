@@ -1,0 +1,47 @@
+#include "companion/companion.h"
+
+namespace brovin::companion {
+
+using platform::CharacterClick;
+
+Companion::Companion(const Needs& needs)
+    : host({needs.characterPage, needs.speechPage, needs.remindersPage, needs.frame, needs.life,
+            needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases, needs.service,
+            needs.regional, needs.random}),
+      commands({needs.speechPage, needs.remindersPage, needs.tables, needs.teller.actor, needs.teller.phrases,
+                needs.teller.announcer, needs.random}),
+      service_(needs.service) {
+    tie(needs.characterPage);
+    tie(needs.speechPage, needs.remindersPage.cmdSpeak);
+    service_.setEvents(
+        {.click = [this](const CharacterClick& click) { host.Agent1_Click(click); },
+         .dragStart = [this](const CharacterClick& /*click*/) { host.Agent1_DragStart(); },
+         .dragComplete = [this](const CharacterClick& /*click*/) { host.Agent1_DragComplete(); },
+         .hide = [this](const std::string& /*id*/, int cause) { host.Agent1_Hide(cause); },
+         .nextScreen = [this](const std::string& /*id*/) { host.sendToNextScreen(); },
+         .screensChanged = [this] { host.screensChanged(); }});
+}
+
+/// The machine and its characters outlive the program.
+Companion::~Companion() {
+    service_.setEvents({});
+}
+
+void Companion::tie(ui::CharacterPage& page) {
+    page.chkAgent.click = [this] { host.chkAgent_Click(); };
+    page.lstChars.click = [this] { host.lstChars_Click(); };
+    page.cmdCheckChars.click = [this] { host.cmdCheckChars_Click(); };
+}
+
+void Companion::tie(ui::SpeechPage& page, ui::Button& cmdSpeak) {
+    page.cmdSay.click = [this] { commands.cmdSay_Click(); };
+    page.cmdDo.click = [this] { commands.cmdDo_Click(); };
+    page.cmdRepeat.click = [this] { commands.cmdRepeat_Click(); };
+    page.cmdStop.click = [this] { commands.cmdStop_Click(); };
+    page.lstAnims.click = [this] { commands.lstAnims_Click(); };
+    page.lstAnims.gotFocus = [this] { commands.lstAnims_GotFocus(); };
+    page.txtSay.gotFocus = [this] { commands.txtSay_GotFocus(); };
+    cmdSpeak.click = [this] { commands.cmdSpeak_Click(); };
+}
+
+} // namespace brovin::companion

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/slider.h"
+
+namespace brovin::ui {
+
+/// Page 3: the character.
+struct CharacterPage : virtual Form {
+    CheckBox chkAgent{*this, "chkAgent"};
+    Label lblChars{*this, "lblChars"};
+    ListBox lstChars{*this, "lstChars"};
+    Button cmdCheckChars{*this, "cmdCheckChars"};
+    CheckBox chkDude{*this, "chkDude"};
+    Label lblDudeSex{*this, "lblDudeSex"};
+    ComboBox cmbDudeSex{*this, "cmbDudeSex"};
+    Panel frmFreq{*this, "frmFreq"};
+    Slider picSlide{*this, "picSlide"};
+    Label lblFreq{*this, "lblFreq"};
+};
+
+} // namespace brovin::ui

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "ui/controls.h"
+
+namespace brovin::ui {
+
+/// The menu of the icon in the notification area.
+struct TrayMenu : virtual Form {
+    Button mHelp{*this, "mHelp", "&Help"};
+    Button mPopRestore{*this, "mPopRestore", "&Options"};
+    Button mPopExit{*this, "mPopExit", "E&xit..."};
+};
+
+} // namespace brovin::ui
