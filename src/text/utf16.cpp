@@ -7,7 +7,7 @@
 namespace brovin::text {
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kInPlaceOfHalves = 0xFFFD;
 
 constexpr bool isSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDFFF;
@@ -31,7 +31,7 @@ std::string fromUtf16(std::span<const std::uint8_t> bytes) {
             appendUtf8(text, 0x10000U + ((unit - 0xD800U) << 10U) + (next - 0xDC00U));
             i += 2;
         } else {
-            appendUtf8(text, kReplacement);
+            appendUtf8(text, kInPlaceOfHalves);
         }
     }
 }

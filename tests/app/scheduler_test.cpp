@@ -162,7 +162,7 @@ TEST(Tick, bringsTheIconBackWithItsTip) {
 
 /// A week around the end of each month, tick by tick as they really come.
 TEST(Tick, doesTheWorkOfEachDay) {
-    for (unsigned month = 1; month <= 12; ++month) {
+    for (int month = 1; month <= 12; ++month) {
         const auto start =
             std::chrono::local_days(std::chrono::year(2026) / month / std::chrono::last) - days(3);
         SchedulerWorld world(text::isoText(start));

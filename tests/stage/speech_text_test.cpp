@@ -28,11 +28,13 @@ std::string shape(std::string_view input) {
         if (kind == SegmentKind::Text)
             shape += spoken == shown ? spoken : "!";
         else if (kind == SegmentKind::Substitute)
-            shape += "{" + spoken + "|" + shown + "}";
+            shape.append("{").append(spoken).append("|").append(shown).append("}");
         else
             shape.append("[")
                 .append(kNames.at(static_cast<std::size_t>(kind)))
-                .append(" " + std::to_string(number) + "]");
+                .append(" ")
+                .append(std::to_string(number))
+                .append("]");
     }
     return shape;
 }

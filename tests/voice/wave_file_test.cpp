@@ -30,7 +30,8 @@ TEST(WaveFile, readsPlainSamples) {
     EXPECT_EQ(stereo->samples, (Samples{1, -1, -32768, 32767}));
     EXPECT_EQ(samplesOf(makeWave({.bits = 8}, {0, 128, 255})), (Samples{-32768, 0, 32512}));
     EXPECT_EQ(samplesOf(makeWave({.channels = 2}, {1, 0, 2, 0, 3, 0})), (Samples{1, 2})) << "half a frame";
-    EXPECT_EQ(readWave(makeWave({.rate = 8'000}, Bytes(2 * 8'001)))->length(), character::Milliseconds{1001});
+    EXPECT_EQ(readWave(makeWave({.rate = 8'000}, Bytes(std::size_t{2} * 8'001)))->length(),
+              character::Milliseconds{1001});
 }
 
 TEST(WaveFile, readsAdpcm) {
