@@ -89,8 +89,8 @@ TEST(Boxes, fitOnTheScreenWhateverThePathIs) {
     const std::string deep = "Shall /" + std::string(3000, 'x') + "/y z";
     std::string many = "end?";
     for (int i = 0; i < 200; ++i)
-        many = "word and word\r\n" + many;
-    for (const std::string& text : {deep + " go?", many, deep + "\r\n" + many}) {
+        many.insert(0, "word and word\r\n");
+    for (const std::string& text : {deep + " go?", many, std::string(deep).append("\r\n").append(many)}) {
         QTimer::singleShot(800, [&text] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(nullptr, box);
