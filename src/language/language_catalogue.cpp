@@ -108,7 +108,7 @@ std::optional<int> LanguageCatalogue::entryOf(std::string_view fileName) const {
 std::optional<int> LanguageCatalogue::entryFor(long languageId) const {
     constexpr long kWithoutRegion = 0x3FF; // the lower ten bits are the language, the others its region
     std::optional<int> related;
-    for (int entry = 0; entry < form_.lstLang.count(); ++entry) {
+    for (int entry = 0; entry < page_.lstLang.count(); ++entry) {
         const auto bytes = folder_.read(langFiles[slotOf(entry)], kLargestFile);
         const long id = bytes ? languageIdOf(*bytes) : 0;
         if (id == languageId && id != 0)
