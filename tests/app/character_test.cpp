@@ -67,11 +67,13 @@ TEST(ProgramWithACharacter, livesThroughItsDays) {
     first.character.isVisible = false; // its own menu hides it
     first.characters.events.hide("Peedy", platform::kHiddenByItsMenu);
     first.character.x = 70;
+    first.character.y = 90;
     first.dialogs.answers = {Button::Yes};
     first.form.cmdExit.click();
     EXPECT_TRUE(first.shell.ended);
     EXPECT_TRUE(first.characters.loaded.empty());
     EXPECT_EQ("70", first.settings.setting("AgentX"));
+    EXPECT_EQ("90", first.settings.setting("AgentY"));
 
     CharacterWorld second(first.settings);
     EXPECT_EQ((Texts{"languageId 1033", "speak hello"}), second.after([&] { second.startUp(); }))

@@ -44,6 +44,9 @@ struct SchedulerWorld : FakeMachine {
 
 TEST(Reminder, comesOnceADayInItsMinute) {
     SchedulerWorld world;
+    world.form.dtpBackup.setValue(at("23:00"));
+    world.tickAt("2026-11-19T23:00:20");
+    EXPECT_TRUE(world.dialogs.boxes.empty()) << "its box is off";
     world.form.chkBackup.setValue(1);
     world.form.dtpBackup.setValue(at("23:00"));
     world.tickAt("2026-11-21T22:59:59");

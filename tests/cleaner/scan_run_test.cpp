@@ -124,6 +124,18 @@ TEST(ScanRun, goesOnAfterAWatchedFolderThatIsGoneOrNotToBeToldFromAnother) {
     EXPECT_EQ("m64(/share/,%2)", world.dialogs.boxes[1].text);
 }
 
+TEST(ScanRun, sweepsWhatIsLeftOfTheListAtItsTruePath) {
+    ScanRunWorld world;
+    for (const std::string path : {"/Share/junk", "/Other/junk"})
+        world.files.addFile(path);
+    world.watchedFolders.show({"/Share", "/Other"});
+    world.form.lstFolders.select(1);
+    world.dialogs.answers = {Button::Yes};
+    world.form.cmdRemoveFolder.click();
+    world.scanRun.runScan();
+    EXPECT_EQ((Texts{"/Share/junk"}), world.files.deleted);
+}
+
 TEST(ScanNow, reportsHowManyThingsWereDeleted) {
     const std::pair<int, std::string> cases[] = {
         {0, "m17(, Fool,%2)"}, {1, "m16(, Fool,%2)"}, {2, "m15(2,, Fool)"}};
