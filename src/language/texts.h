@@ -109,6 +109,7 @@ inline constexpr TextRow kTextRows[] = {
     // Reasons of the machine beneath an update
     {"reasonNoProgram", platform::reason::kNoProgram},
     {"reasonNoChance", platform::reason::kNoChance},
+    {"reasonNoRequests", platform::reason::kNoRequests},
     {"reasonOthersFolder", platform::reason::kOthersFolder},
     {"reasonNothingSaid", platform::reason::kNothingSaid},
     {"reasonOtherRequest", platform::reason::kOtherRequest},

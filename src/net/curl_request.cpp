@@ -256,4 +256,10 @@ std::size_t CurlRequest::bytesCallback(char* data, std::size_t size, std::size_t
     return to.owner.takeBytes(to, {data, size * count}) ? size * count : 0;
 }
 
+/// What the module is loaded for.
+extern "C" WebRequest* brovinOpenRequest(const platform::TransferRequest& request, const Patience& patience,
+                                         const std::function<void()>& wake) {
+    return std::make_unique<CurlRequest>(request, patience, wake).release();
+}
+
 } // namespace brovin::net

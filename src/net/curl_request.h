@@ -1,6 +1,7 @@
 #pragma once
 
 #include "net/patience.h"
+#include "net/web_request.h"
 #include "platform/internet_transfer.h"
 
 #include <condition_variable>
@@ -13,28 +14,16 @@
 
 namespace brovin::net {
 
-/// What has come of a request since the last look.
-struct Arrival {
-    bool response = false; ///< the answer is a success, and its headers are there
-    bool ended = false;
-    std::optional<platform::Failure> failure; ///< once it has ended
-    std::string bytes;
-};
-
 /// A GET in a thread of its own. What comes waits in a buffer of bounded size until it is taken; a server
 /// that sends faster waits too.
-class CurlRequest {
+class CurlRequest final : public WebRequest {
 public:
     /// `wake` is called from the thread whenever there may be something to take.
     CurlRequest(platform::TransferRequest request, const Patience& patience, std::function<void()> wake);
-    /// Ends the request, however far it is, without waiting for the server.
-    ~CurlRequest();
-    CurlRequest(const CurlRequest&) = delete;
-    CurlRequest& operator=(const CurlRequest&) = delete;
+    ~CurlRequest() override;
 
-    [[nodiscard]] Arrival take();
-    /// `name` in lower case.
-    [[nodiscard]] std::optional<std::string> header(const std::string& name);
+    [[nodiscard]] Arrival take() override;
+    [[nodiscard]] std::optional<std::string> header(const std::string& name) override;
 
 private:
     struct Hop;

@@ -3,8 +3,10 @@
 #include "desktop/program_process.h"
 
 #include <QAbstractButton>
+#include <QFile>
 #include <QMessageBox>
 #include <QProcess>
+#include <QSet>
 
 namespace brovin::tests {
 namespace {
@@ -95,6 +97,32 @@ TEST(LifeJourney, livesBehindItsIconUntilToldToLeave) {
     journey.run();
     EXPECT_TRUE(world.form().exitConfirmed);
     EXPECT_TRUE(world.program->trayIcon().isEmpty());
+}
+
+/// The libraries that a process has in its memory.
+QSet<QByteArray> librariesOf(qint64 pid) {
+    QFile maps(QString("/proc/%1/maps").arg(pid));
+    EXPECT_TRUE(maps.open(QIODevice::ReadOnly));
+    QSet<QByteArray> libraries;
+    for (const QByteArray& line : maps.readAll().split('\n'))
+        if (const QByteArray file = line.mid(line.lastIndexOf('/') + 1); file.contains(".so"))
+            libraries.insert(file);
+    return libraries;
+}
+
+TEST(LifeJourney, startsWithAHundredLibrariesAtMost) {
+    const QTemporaryDir root;
+    const Process process(root.path());
+    ASSERT_TRUE(waitUntil([&process] {
+        return !askDesktop({"search", "--onlyvisible", "--pid", QString::number(process.pid())}).isEmpty();
+    })) << "its icon";
+    letPass(1000); // what is loaded with the icon
+    const QSet<QByteArray> libraries = librariesOf(process.pid());
+    EXPECT_TRUE(libraries.contains("libqxcb.so"));
+    EXPECT_LE(libraries.size(), 100) << libraries.values().join(' ').toStdString();
+    for (const QByteArray& library : libraries)
+        for (const char* later : {"brovin_", "libcurl.", "libsqlite3.", "libav", "libQt6Sql."})
+            EXPECT_FALSE(library.startsWith(later)) << library.toStdString() << " before anything needs it";
 }
 
 TEST(LifeJourney, startsWithTheSystemWhenToldTo) {

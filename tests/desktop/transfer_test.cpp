@@ -152,6 +152,18 @@ TEST_F(TransferTest, refusesACertificateThatNobodyVouchesFor) {
     server.waitForFinished();
 }
 
+TEST_F(TransferTest, saysThatTheModuleIsMissing) {
+    server_.scripts = {{"/plain", {httpAnswer("hello")}}};
+    CurlTransfer without{kShort, net::RequestModule("brovin_none.so")};
+    for (int asked = 0; asked < 2; ++asked) {
+        const auto text = without.openUrl({server_.url("/plain"), PlainHttp::OnlyFromThisMachine}, 100);
+        ASSERT_FALSE(text);
+        EXPECT_NE(std::string::npos, text.failure().reason.find("not installed"));
+        EXPECT_FALSE(without.execute({server_.url("/plain")}));
+        EXPECT_EQ("", *without.readPiece(10)) << "as where nothing was begun";
+    }
+}
+
 TEST_F(TransferTest, isCancelledAtOnce) {
     server_.scripts = {{"/half", {"HTTP/1.1 200 OK\r\nContent-Length: 90000\r\n\r\nhello", Then::Hang}}};
     QElapsedTimer since;

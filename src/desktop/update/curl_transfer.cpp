@@ -14,7 +14,6 @@
 namespace brovin::desktop {
 
 using net::Arrival;
-using net::CurlRequest;
 namespace reason = platform::reason;
 using platform::Failure;
 using platform::TransferState;
@@ -77,9 +76,12 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
                                                     std::size_t limit) {
     if (fetching_ || request_)
         return Failure{0, reason::kOtherRequest};
-    fetching_ = true;
     called_ = false;
-    CurlRequest fetch(request, patience_, waker());
+    auto opened = module_.open(request, patience_, waker());
+    if (!opened)
+        return opened.failure();
+    fetching_ = true;
+    const std::unique_ptr<net::WebRequest> fetch = *std::move(opened);
     QElapsedTimer since;
     since.start();
     QTimer deadline;
@@ -88,7 +90,7 @@ platform::Result<std::string> CurlTransfer::openUrl(const platform::TransferRequ
     std::string text;
     std::optional<Failure> failure;
     for (bool ended = false; !ended && !failure;) {
-        Arrival arrival = fetch.take();
+        Arrival arrival = fetch->take();
         text += arrival.bytes;
         ended = arrival.ended;
         failure = arrival.failure;
@@ -112,7 +114,10 @@ platform::Status CurlTransfer::execute(const platform::TransferRequest& request)
     cancel();
     announced_ = false;
     called_ = false;
-    request_ = std::make_unique<CurlRequest>(request, patience_, waker());
+    auto opened = module_.open(request, patience_, waker());
+    if (!opened)
+        return opened.failure();
+    request_ = *std::move(opened);
     return platform::Done{};
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "net/curl_request.h"
 #include "net/patience.h"
+#include "net/request_module.h"
 #include "platform/internet_transfer.h"
 
 #include <QEventLoop>
@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace brovin::desktop {
 
@@ -29,7 +30,8 @@ private:
 /// program hears of them through its event loop.
 class CurlTransfer final : public platform::InternetTransfer {
 public:
-    explicit CurlTransfer(const net::Patience& patience = {}) : patience_(patience) {}
+    explicit CurlTransfer(const net::Patience& patience = {}, net::RequestModule module = {})
+        : patience_(patience), module_(std::move(module)) {}
 
     platform::Result<std::string> openUrl(const platform::TransferRequest& request,
                                           std::size_t limit) override;
@@ -48,6 +50,7 @@ private:
     [[nodiscard]] bool wait();
 
     net::Patience patience_;
+    net::RequestModule module_;
     std::chrono::milliseconds took_{0};
     bool fetching_ = false;
     bool announced_ = false;
@@ -57,7 +60,7 @@ private:
     std::atomic<bool> called_ = false;
     QEventLoop* loop_ = nullptr;
     WakeUp wakeUp_{[this] { awake(); }};
-    std::unique_ptr<net::CurlRequest> request_; ///< goes first: its thread calls the others
+    std::unique_ptr<net::WebRequest> request_; ///< goes first: its thread calls the others
 };
 
 } // namespace brovin::desktop
