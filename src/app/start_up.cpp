@@ -70,8 +70,12 @@ Status StartUp::dressButtons() {
 
 Status StartUp::chooseLanguage() {
     if (needs_.form.lstLang.count() > 0) {
-        const auto stored = needs_.language.catalogue.entryOf(needs_.settings.read(setting::kLanguage));
-        needs_.form.lstLang.select(stored.value_or(0));
+        const language::LanguageCatalogue& catalogue = needs_.language.catalogue;
+        auto entry = catalogue.entryOf(needs_.settings.read(setting::kLanguage));
+        if (isFirstStart())
+            if (const auto users = catalogue.entryFor(needs_.machine.regional.languageId()))
+                entry = users;
+        needs_.form.lstLang.select(entry.value_or(0));
         return Done{};
     }
     // Without a language file the messages are empty, so this is said in the program's own words.
@@ -84,6 +88,11 @@ Status StartUp::chooseLanguage() {
     return Done{};
 }
 
+/// A start leaves both behind, and a scan from the command line neither.
+bool StartUp::isFirstStart() const {
+    return !needs_.settings.stored(setting::kLanguage) && !needs_.settings.stored(setting::kTotalDate);
+}
+
 Status StartUp::refuseSecondInstance() {
     if (needs_.machine.instance.isFirst())
         return Done{};
@@ -92,11 +101,10 @@ Status StartUp::refuseSecondInstance() {
         end();
         return Done{};
     }
-    const std::string text =
-        needs_.teller.speech.messages.getMessage(40, {needs_.teller.speech.phrases.getDude()});
-    const std::string title =
-        needs_.teller.speech.messages.getMessage(41, {needs_.teller.speech.phrases.getDude()});
-    needs_.machine.dialogs.messageBox(text, box::kCritical, title);
+    const auto& messages = needs_.teller.speech.messages;
+    const std::string dude = needs_.teller.speech.phrases.getDude();
+    needs_.machine.dialogs.messageBox(messages.getMessage(40, {dude}), box::kCritical,
+                                      messages.getMessage(41, {dude}));
     end();
     return Done{};
 }

@@ -37,6 +37,7 @@ public:
     void end() { ended_ = true; }
 
 private:
+    [[nodiscard]] bool isFirstStart() const;
     platform::Status fillLanguageList();
     platform::Status dressButtons();
     platform::Status chooseLanguage();

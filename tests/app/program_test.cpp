@@ -313,5 +313,25 @@ TEST(Program, hasItsOwnWordsWhereALanguageFileIsSilent) {
     EXPECT_NE("", world.form.mHelp.caption());
 }
 
+TEST(Program, beginsInTheLanguageOfItsUserAndKeepsWhatHeChose) {
+    struct {
+        long locale;
+        const char* stored;
+        const char* taken;
+        const char* why;
+    } const cases[] = {{1031, nullptr, "german.blp", "the first start of all"},
+                       {1036, nullptr, "default.blp", "there is no such language"},
+                       {1031, "default.blp", "default.blp", "chosen before"}};
+    for (const auto& [locale, stored, taken, why] : cases) {
+        ProgramWorld world;
+        world.folder.files["german.blp"] = fakes::testLanguage() + "languageid=1031\n";
+        world.regional.language = locale;
+        if (stored != nullptr)
+            world.settings.set("Language", stored);
+        ASSERT_TRUE(world.program.Form_Load());
+        EXPECT_EQ(taken, world.settings.setting("Language")) << why;
+    }
+}
+
 } // namespace
 } // namespace brovin::app
