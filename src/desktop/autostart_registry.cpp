@@ -36,10 +36,18 @@ std::optional<std::string> AutostartRegistry::read(std::string_view /*keyPath*/,
         return std::nullopt;
     constexpr qint64 kMost = 65536;
     const QByteArray content = entry.read(kMost);
-    for (const QByteArray& line : content.split('\n'))
-        if (line.startsWith("Exec="))
-            return line.mid(5).toStdString();
-    return std::nullopt;
+    std::optional<std::string> command;
+    bool inEntry = false;
+    for (const QByteArray& line : content.split('\n')) {
+        if (line.startsWith('['))
+            inEntry = line.trimmed() == "[Desktop Entry]";
+        else if (inEntry && line.startsWith("Exec="))
+            command = line.mid(5).toStdString();
+        else if (inEntry &&
+                 line.trimmed() == "Hidden=true") // as good as deleted (Desktop Entry Specification)
+            return std::nullopt;
+    }
+    return command;
 }
 
 bool AutostartRegistry::write(std::string_view /*keyPath*/, std::string_view valueName,
@@ -49,7 +57,7 @@ bool AutostartRegistry::write(std::string_view /*keyPath*/, std::string_view val
         return false;
     const QByteArray name(valueName.data(), static_cast<qsizetype>(valueName.size()));
     entry.write("[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + execValue(value) +
-                "\nIcon=" + name.toLower() + "\nTerminal=false\n");
+                "\nIcon=org.kestrelworks.brovin\nTerminal=false\n");
     return entry.commit();
 }
 

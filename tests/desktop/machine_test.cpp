@@ -28,6 +28,12 @@ TEST(AutostartRegistry, writesAnEntryThatDesktopsAccept) {
     EXPECT_TRUE(content.contains(R"(Exec="/opt/my \\"tools\\"/100%% \\$HOME/a\\\\b")"))
         << content.toStdString();
 
+    entry.close();
+    ASSERT_TRUE(entry.open(QIODevice::Append));
+    entry.write("Hidden=true\n[Desktop Action other]\nExec=other\n");
+    entry.close();
+    EXPECT_EQ(std::nullopt, registry.read("Run", "Brovin")) << "switched off by the desktop";
+
     EXPECT_TRUE(registry.remove("Run", "Brovin"));
     EXPECT_EQ(std::nullopt, registry.read("Run", "Brovin"));
 }
