@@ -154,6 +154,7 @@ void Scheduler::scanWhenDue() {
         return; // the next tick tries again
     needs_.cleaner.scan.lastScanTime = needs_.clock.now();
     needs_.cleaner.statistics.showLastScanned();
+    needs_.cleaner.scanRun.tellOfStrangers();
 }
 
 void Scheduler::checkWhenDue() {

@@ -1,5 +1,6 @@
 #include "cleaner/folder_sweep.h"
 
+#include "cleaner/folder_identity.h"
 #include "cleaner/shown_path.h"
 
 #include <limits>
@@ -48,12 +49,14 @@ void FolderSweep::beginRun(platform::LineWriter* log) {
     scanKB = 0;
     notVisited = 0;
     foldersOpened = 0;
+    strangers.clear();
     cancelled_ = false;
     names_ = NameSet(needs_.nastyPage.lstFiles.items());
     log_ = log;
 }
 
-void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& truePath) {
+void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& truePath,
+                              std::string_view identity) {
     shownPath_ = withSeparator(shownPath);
     truePath_ = withSeparator(truePath);
     entryName_.clear();
@@ -66,6 +69,10 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
         return;
     }
     walk_ = std::move(*walk);
+    if (isStranger(truePath, identity)) {
+        walk_.reset();
+        return;
+    }
     walk_->whileWaiting([this] {
         if (waiting)
             waiting(truePath_);
@@ -84,6 +91,20 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
     }
     levels_.clear();
     walk_.reset();
+}
+
+/// What is opened is asked, and not its path: nobody can put another folder there in between.
+bool FolderSweep::isStranger(const std::string& truePath, std::string_view identity) {
+    if (identity.empty())
+        return false;
+    const auto found = walk_->identity();
+    if (found && isTheSame(identity, *found))
+        return false;
+    strangers.push_back(truePath);
+    if (folderFailed)
+        folderFailed(truePath,
+                     found ? needs_.speech.messages.getText("anotherFolder") : found.failure().reason);
+    return true;
 }
 
 void FolderSweep::descend(Level& level) {

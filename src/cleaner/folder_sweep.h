@@ -57,10 +57,11 @@ public:
     /// Told some times a second while a slow disk lets the sweep wait for a folder of this one.
     std::function<void(const std::string& path)> waiting;
 
-    std::int16_t scanItemCount = 0;  ///< entries deleted in this run
-    std::int32_t scanKB = 0;         ///< kilobytes deleted in this run
-    std::uint64_t notVisited = 0;    ///< folders beyond kMostSubfolders in this run
-    std::uint64_t foldersOpened = 0; ///< folders swept in this run
+    std::int16_t scanItemCount = 0;     ///< entries deleted in this run
+    std::int32_t scanKB = 0;            ///< kilobytes deleted in this run
+    std::uint64_t notVisited = 0;       ///< folders beyond kMostSubfolders in this run
+    std::uint64_t foldersOpened = 0;    ///< folders swept in this run
+    std::vector<std::string> strangers; ///< folders of this run that are not those that were added
 
     /// Sets the counts to nothing and takes over the names of `lstFiles` for the run. Deletions are logged
     /// there; null: nowhere.
@@ -72,7 +73,10 @@ public:
     [[nodiscard]] bool cancelled() const { return cancelled_; }
 
     /// Sweeps one folder tree. `shownPath` is what the user sees, `truePath` where it is.
-    void sweepFolder(const std::string& shownPath, const std::string& truePath);
+    /// `identity`: what the folder was when it was added to the list. Where another one stands in its place,
+    /// nothing is swept, and `strangers` tells.
+    void sweepFolder(const std::string& shownPath, const std::string& truePath,
+                     std::string_view identity = {});
 
 private:
     struct Subfolder {
@@ -80,6 +84,7 @@ private:
         std::string trueName;
     };
     /// A folder on the way from the top to where the sweep is.
+    [[nodiscard]] bool isStranger(const std::string& truePath, std::string_view identity);
     struct Level {
         std::vector<Subfolder> subfolders;
         std::size_t next = 0;

@@ -1,6 +1,7 @@
 #include "cleaner/scan_run.h"
 
 #include "cleaner/deletion_log.h"
+#include "cleaner/shown_path.h"
 #include "text/numbers.h"
 
 namespace brovin::cleaner {
@@ -97,7 +98,8 @@ void ScanRun::sweepAll() {
          ++i) {
         const std::string shown = needs_.foldersPage.lstFolders.items()[i].text;
         // A folder that cannot be told from another is swept as the missing one it counts as.
-        needs_.sweep.sweepFolder(shown, needs_.folders.truePath(i).value_or(shown));
+        needs_.sweep.sweepFolder(shown, needs_.folders.truePath(i).value_or(shown),
+                                 needs_.folders.identity(i));
     }
 }
 
@@ -152,6 +154,7 @@ void ScanRun::cmdNuke_Click() {
     needs_.statistics.showLastScanned();
     needs_.shell.setForegroundWindow();
     report();
+    tellOfStrangers();
 }
 
 void ScanRun::report() {
@@ -167,6 +170,13 @@ void ScanRun::report() {
         text = messages.getMessage(15, {std::to_string(items), dude});
     needs_.speech.announcer.agentMsgBox(text, box::kInformation, "", ForceBox::No);
     needs_.actor.hearOut();
+}
+
+void ScanRun::tellOfStrangers() {
+    for (const std::string& path : needs_.sweep.strangers)
+        needs_.speech.announcer.agentMsgBox(
+            needs_.speech.messages.getText("folderReplaced", {shownPath(path, "")}), box::kExclamation, "",
+            ForceBox::No);
 }
 
 } // namespace brovin::cleaner

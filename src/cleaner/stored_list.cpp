@@ -20,6 +20,7 @@ std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_
         entry.path = settings.readFrom(section, "Path" + index).value_or("");
         if (regional.lowerCase(entry.path) != entry.text)
             entry.path.clear();
+        entry.identity = settings.readFrom(section, "Known" + index).value_or("");
         entries.push_back(std::move(entry));
     }
     return entries;
@@ -32,8 +33,10 @@ bool saveList(settings::Settings& settings, std::string_view section, const std:
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const std::string index = std::to_string(i + 1);
         keys.push_back({"Entry" + index, regional.lowerCase(entries[i].text)});
-        if (withPaths == WithPaths::Yes)
-            keys.push_back({"Path" + index, entries[i].path});
+        if (withPaths == WithPaths::No)
+            continue;
+        keys.push_back({"Path" + index, entries[i].path});
+        keys.push_back({"Known" + index, entries[i].identity});
     }
     return settings.writeTo(section, keys);
 }

@@ -18,12 +18,13 @@ inline constexpr std::string_view kWatchedFoldersSection = "foldlist.txt";
 inline constexpr std::size_t kMostEntries = 32767;
 
 struct ListEntry {
-    std::string text; ///< in lower case
-    std::string path; ///< the true spelling of a folder; empty: not known, or no folder
+    std::string text;       ///< in lower case
+    std::string path;       ///< the true spelling of a folder; empty: not known, or no folder
+    std::string identity{}; ///< what the folder was when it was added; empty: not known
 };
 
-/// Reads "Number", then "Entry1" and "Path1" and so on. Empty entries are dropped, and so is a path that does
-/// not spell its entry.
+/// Reads "Number", then "Entry1", "Path1" and "Known1" and so on. Empty entries are dropped, and so is a path
+/// that does not spell its entry.
 [[nodiscard]] std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_view section,
                                               const platform::Regional& regional);
 

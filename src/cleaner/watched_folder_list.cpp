@@ -1,5 +1,7 @@
 #include "cleaner/watched_folder_list.h"
 
+#include "cleaner/folder_identity.h"
+
 namespace brovin::cleaner {
 namespace {
 
@@ -22,9 +24,11 @@ void WatchedFolderList::show(const std::vector<std::string>& paths) {
 void WatchedFolderList::fill(std::vector<ListEntry> entries) {
     std::vector<ui::ListControl::Item> items;
     paths_.clear();
+    identities_.clear();
     for (ListEntry& entry : entries) {
         items.push_back({std::move(entry.text), 0});
         paths_.push_back(std::move(entry.path));
+        identities_.push_back(std::move(entry.identity));
     }
     needs_.foldersPage.lstFolders.setItems(std::move(items));
 }
@@ -32,7 +36,7 @@ void WatchedFolderList::fill(std::vector<ListEntry> entries) {
 void WatchedFolderList::save() {
     std::vector<ListEntry> entries;
     for (std::size_t i = 0; i < paths_.size(); ++i)
-        entries.push_back({needs_.foldersPage.lstFolders.items()[i].text, paths_[i]});
+        entries.push_back({needs_.foldersPage.lstFolders.items()[i].text, paths_[i], identities_[i]});
     saveList(needs_.settings, kWatchedFoldersSection, entries, WithPaths::Yes, needs_.regional);
 }
 
@@ -42,12 +46,22 @@ std::optional<std::string> WatchedFolderList::truePath(std::size_t index) const 
     return needs_.files.findWithoutCase(needs_.foldersPage.lstFolders.items()[index].text);
 }
 
+/// A folder that cannot be opened at this moment is watched all the same.
+std::string WatchedFolderList::identityOf(const std::string& path) const {
+    const auto walk = needs_.files.open(path);
+    if (!walk)
+        return {};
+    const auto identity = (*walk)->identity();
+    return identity ? identityText(*identity) : std::string();
+}
+
 void WatchedFolderList::cmdAddFolder_Click() {
     if (needs_.scan.busy())
         return;
     const std::string path = needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(43));
     if (!path.empty() && paths_.size() < kMostEntries) {
         paths_.push_back(path);
+        identities_.push_back(identityOf(path));
         needs_.foldersPage.lstFolders.add({path, 0}); // in lower case from the next load on
         save();
     }
@@ -65,6 +79,7 @@ void WatchedFolderList::cmdRemoveFolder_Click() {
         question, box::kYesNo | box::kQuestion, messages.getMessage(21), companion::ForceBox::Yes);
     if (answer == platform::Button::Yes) {
         paths_.erase(paths_.begin() + list.selected());
+        identities_.erase(identities_.begin() + list.selected());
         list.remove(list.selected());
         save();
     }

@@ -39,6 +39,9 @@ public:
     /// fits.
     [[nodiscard]] std::optional<std::string> truePath(std::size_t index) const;
 
+    /// What the folder of an entry was when it was added, as `identityText` tells it; "": not known.
+    [[nodiscard]] const std::string& identity(std::size_t index) const { return identities_[index]; }
+
     void cmdAddFolder_Click();
     void cmdRemoveFolder_Click();
     void lstFolders_Click();
@@ -47,9 +50,11 @@ private:
     void save();
     void fill(std::vector<ListEntry> entries);
     void showHint();
+    [[nodiscard]] std::string identityOf(const std::string& path) const;
 
     Needs needs_;
-    std::vector<std::string> paths_; ///< beside the items of `lstFolders`; empty: not known
+    std::vector<std::string> paths_;      ///< beside the items of `lstFolders`; empty: not known
+    std::vector<std::string> identities_; ///< beside them
 };
 
 } // namespace brovin::cleaner

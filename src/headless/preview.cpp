@@ -21,6 +21,7 @@ public:
     explicit PreviewWalk(std::unique_ptr<platform::FolderWalk> beneath) : beneath_(std::move(beneath)) {}
 
     void whileWaiting(std::function<bool()> goesOn) override { beneath_->whileWaiting(std::move(goesOn)); }
+    Result<platform::FolderIdentity> identity() override { return beneath_->identity(); }
     Result<std::span<const Entry>> list() override { return beneath_->list(); }
     Result<std::span<const Entry>> listMore() override { return beneath_->listMore(); }
     Status enter(std::string_view trueName) override { return beneath_->enter(trueName); }

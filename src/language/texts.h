@@ -22,6 +22,9 @@ inline constexpr TextRow kTextRows[] = {
      "A scan is running, so I stay until it is done. Shall I stop it?\\n\\nWhat it has deleted by "
      "then stays deleted."},
     {"goneSoFar", "%1 gone so far"},
+    {"anotherFolder", "Another folder stands in its place"},
+    {"folderReplaced", "Where %1 was when it was added, another folder stands now. It was left alone. If it "
+                       "is the right one, remove it from the list and add it again."},
     {"logNotOpened", "The deletion log could not be opened:\\n\\n%1"},
     // The character's menu
     {"menuNextScreen", "&Send to next monitor"},

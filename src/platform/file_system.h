@@ -31,6 +31,14 @@ struct Entry {
 /// Whether read-only entries are deleted too. Read-only: the owner's write bit is clear.
 enum class Force : bool { No, Yes };
 
+/// What tells a folder from another one that has come to stand in its place.
+struct FolderIdentity {
+    std::uint64_t device = 0;
+    /// 0: the disk gives out numbers anew each time that it is mounted, so that they tell nothing.
+    std::uint64_t inode = 0;
+    std::string path; ///< the full one, without a link in it
+};
+
 /// A place in a folder tree. The folder is held open, so that what is listed is what is deleted, whoever
 /// moves things about meanwhile. Nothing below the folder that was opened first is ever reached through a
 /// link.
@@ -41,6 +49,9 @@ public:
     /// Asked some times a second while a slow disk lets the walk wait. False: the operation fails with
     /// ECANCELED. Not every wait can be ended so.
     virtual void whileWaiting(std::function<bool()> goesOn) = 0;
+
+    /// Of the folder that is open at this place.
+    [[nodiscard]] virtual Result<FolderIdentity> identity() = 0;
 
     /// The first entries of this folder, "." and ".." left out, hidden and system ones included, in the
     /// disk's order. Valid until the next list, listMore, enter or leave.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file_system.h"
 #include "platform/result.h"
 
 #include <sys/types.h>
@@ -16,5 +17,8 @@ struct FolderFacts {
 };
 
 [[nodiscard]] platform::Result<FolderFacts> factsOf(int folder);
+
+/// Of a folder that is open. Failure: the system does not tell where it is.
+[[nodiscard]] platform::Result<platform::FolderIdentity> identityOf(int folder);
 
 } // namespace brovin::posix

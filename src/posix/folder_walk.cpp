@@ -1,5 +1,6 @@
 #include "posix/folder_walk.h"
 
+#include "posix/folder_facts.h"
 #include "posix/open_folder.h"
 #include "posix/system_call.h"
 #include "posix/tree_removal.h"
@@ -23,6 +24,10 @@ PosixFolderWalk::PosixFolderWalk(Descriptor root, ReadingAhead when)
 PosixFolderWalk::~PosixFolderWalk() {
     if (ahead_)
         ahead_->stop();
+}
+
+platform::Result<platform::FolderIdentity> PosixFolderWalk::identity() {
+    return identityOf(chain_.current());
 }
 
 platform::Result<std::span<const platform::Entry>> PosixFolderWalk::list() {

@@ -25,6 +25,7 @@ public:
     PosixFolderWalk& operator=(const PosixFolderWalk&) = delete;
 
     void whileWaiting(std::function<bool()> goesOn) override { patience_ = std::move(goesOn); }
+    platform::Result<platform::FolderIdentity> identity() override;
     platform::Result<std::span<const platform::Entry>> list() override;
     platform::Result<std::span<const platform::Entry>> listMore() override;
     platform::Status enter(std::string_view trueName) override;

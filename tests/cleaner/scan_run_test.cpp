@@ -136,6 +136,30 @@ TEST(ScanRun, sweepsWhatIsLeftOfTheListAtItsTruePath) {
     EXPECT_EQ((Texts{"/Share/junk"}), world.files.deleted);
 }
 
+TEST(ScanNow, leavesAloneWhatStandsInTheWatchedFoldersPlace) {
+    ScanRunWorld world;
+    world.dialogs.folders = {"/Photos"};
+    world.files.addFolder("/Photos");
+    world.watchedFolders.cmdAddFolder_Click();
+    world.watchedFolders.load();
+    world.files.remove("/Photos");
+    world.files.addFile("/Photos/junk");
+    world.files.addFile("/Share/junk");
+    world.scanRun.cmdNuke_Click();
+    EXPECT_TRUE(world.files.exists("/Photos/junk"));
+    EXPECT_FALSE(world.files.exists("/Share/junk")) << "of which nothing is known but its path";
+    ASSERT_EQ(2U, world.dialogs.boxes.size());
+    EXPECT_NE(std::string::npos, world.dialogs.boxes[1].text.find("/Photos"));
+
+    world.watchedFolders.load(); // what was stored first is known after a restart too
+    world.scanRun.runScan();
+    EXPECT_TRUE(world.files.exists("/Photos/junk"));
+    world.dialogs.folders = {"/Photos"};
+    world.watchedFolders.cmdAddFolder_Click();
+    world.scanRun.runScan();
+    EXPECT_FALSE(world.files.exists("/Photos/junk")) << "added again";
+}
+
 TEST(ScanNow, reportsHowManyThingsWereDeleted) {
     const std::pair<int, std::string> cases[] = {
         {0, "m17(, Fool,%2)"}, {1, "m16(, Fool,%2)"}, {2, "m15(2,, Fool)"}};

@@ -46,7 +46,8 @@ public:
         for (std::size_t end = 1; end < path.size(); ++end) {
             end = std::min(path.find('/', end), path.size());
             if (find(path.substr(0, end)) == nullptr)
-                items_.push_back({std::string(path.substr(0, end)), platform::EntryKind::Folder});
+                items_.push_back(
+                    {std::string(path.substr(0, end)), platform::EntryKind::Folder, 0, false, ++lastInode_});
         }
     }
 
@@ -109,6 +110,7 @@ private:
         platform::EntryKind kind;
         std::uint64_t bytes = 0;
         bool readOnly = false;
+        std::uint64_t inode = 0;
 
         [[nodiscard]] bool isFolder() const { return kind == platform::EntryKind::Folder; }
         [[nodiscard]] bool isIn(std::string_view folder) const {
@@ -122,6 +124,13 @@ private:
     class Walk final : public platform::FolderWalk {
     public:
         Walk(FakeFileSystem& disk, std::string path) : disk_(disk), root_(path), path_(std::move(path)) {}
+
+        platform::Result<platform::FolderIdentity> identity() override {
+            const Item* folder = disk_.find(path_);
+            if (folder == nullptr)
+                return failure(ENOENT);
+            return platform::FolderIdentity{1, folder->inode, path_};
+        }
 
         platform::Result<std::span<const platform::Entry>> list() override {
             forget();
@@ -255,6 +264,7 @@ private:
     }
 
     std::vector<Item> items_{{"", platform::EntryKind::Folder}};
+    std::uint64_t lastInode_ = 0;
 };
 
 } // namespace brovin::fakes

@@ -195,5 +195,23 @@ TEST_P(FolderWalkTest, saysWhyALockedFolderIsNotEntered) {
     disk_.setMode("locked", 0700);
 }
 
+TEST(FolderIdentity, tellsTheFolderFromAnotherInItsPlace) {
+    const ScratchFolder disk;
+    disk.addFolder("one");
+    disk.addFolder("two");
+    disk.addLink("link", "one");
+    PosixFileSystem files;
+    const auto identity = [&](const char* name) { return *(*files.open(disk.path(name)))->identity(); };
+    const platform::FolderIdentity before = identity("link");
+    EXPECT_EQ(std::filesystem::canonical(disk.path("one")).string(), before.path);
+    EXPECT_EQ(before.inode, identity("one").inode);
+    std::filesystem::remove(disk.path("link"));
+    disk.addLink("link", "two");
+    EXPECT_NE(before.path, identity("link").path);
+    std::filesystem::rename(disk.path("two"), disk.path("one"));
+    EXPECT_EQ(before.path, identity("one").path);
+    EXPECT_NE(before.inode, identity("one").inode);
+}
+
 } // namespace
 } // namespace brovin::posix

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+#include <string>
+#include <string_view>
+
+namespace brovin::cleaner {
+
+/// What is stored of a watched folder, so that another one in its place is known: device, inode and resolved
+/// path, with colons between. "" where nothing is known.
+[[nodiscard]] std::string identityText(const platform::FolderIdentity& identity);
+
+/// Whether a folder is the one that was stored; of one of which nothing was stored, it is. The device alone
+/// may differ: its number is given out anew whenever a disk is mounted.
+[[nodiscard]] bool isTheSame(std::string_view stored, const platform::FolderIdentity& found);
+
+} // namespace brovin::cleaner
