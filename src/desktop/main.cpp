@@ -27,14 +27,21 @@ std::optional<desktop::UpdateSource> updateSource(std::string server) {
 }
 
 /// Windows are placed and kept on top by the program itself, which only X11 lets it do: on other desktops it
-/// runs through their X server. Qt would end the program without a word where there is no display at all.
+/// runs through their X server, whatever the environment asks for. Qt would end the program without a word
+/// where there is no display at all.
 bool choosePlatform() {
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        return true;
+    const bool asked = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
-        return false;
-    qputenv("QT_QPA_PLATFORM", "xcb");
+        return asked;
+    if (!asked || qgetenv("QT_QPA_PLATFORM").startsWith("wayland"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
     return true;
+}
+
+/// The toolkit complains of a missing folder for what runs, at each start and although it needs none here.
+void tellUnlessKnown(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (!message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
 }
 
 int refuse(ExitStatus status, std::string_view why) {
@@ -64,6 +71,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QString::fromStdString(info.title));
     QCoreApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(info.major).arg(info.minor).arg(info.revision));
+    qInstallMessageHandler(tellUnlessKnown);
     QApplication application(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("org.kestrelworks.brovin"));
     desktop::DesktopProgram program(*places, info, *updates);

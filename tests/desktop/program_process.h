@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <iostream>
+
 namespace brovin::tests {
 
 /// The program as a process of its own, which can be killed; its settings are below `root`.
@@ -18,10 +20,13 @@ public:
         for (const QString& variable : environment)
             variables.insert(variable.section('=', 0, 0), variable.section('=', 1));
         process_.setProcessEnvironment(variables);
-        process_.setProcessChannelMode(QProcess::ForwardedChannels);
+        process_.setProcessChannelMode(QProcess::ForwardedOutputChannel);
         process_.start(QStringLiteral(BROVIN_PROGRAM), {});
     }
-    ~Process() { kill(); }
+    ~Process() {
+        kill();
+        std::cerr << process_.readAllStandardError().toStdString();
+    }
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
@@ -32,6 +37,8 @@ public:
     bool ends(int milliseconds) {
         return process_.state() == QProcess::NotRunning || process_.waitForFinished(milliseconds);
     }
+    /// What it has complained of since it was asked last.
+    [[nodiscard]] QByteArray complaints() { return process_.readAllStandardError(); }
     [[nodiscard]] qint64 pid() const { return process_.processId(); }
 
 private:
