@@ -2,13 +2,16 @@
 
 #include "platform/random.h"
 
+#include <iterator>
+
 namespace brovin::app {
 
 void Mascot::imgBrovin_Click() {
-    constexpr int kFirst = 44;
-    constexpr std::size_t kAnswers = 6;
-    const int number = kFirst + static_cast<int>(platform::drawBelow(random_, kAnswers));
-    speech_.announcer.agentMsgBox(speech_.messages.getMessage(number, {speech_.phrases.getDude()}),
+    using enum language::Message;
+    constexpr language::Message kAnswers[] = {MascotPoked1, MascotPoked2, MascotPoked3,
+                                              MascotPoked4, MascotPoked5, MascotPoked6};
+    const language::Message answer = kAnswers[platform::drawBelow(random_, std::size(kAnswers))];
+    speech_.announcer.agentMsgBox(speech_.messages.getMessage(answer, {speech_.phrases.getDude()}),
                                   platform::box::kInformation, "", companion::ForceBox::No);
 }
 

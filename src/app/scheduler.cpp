@@ -17,6 +17,7 @@ namespace {
 namespace box = platform::box;
 namespace setting = settings::setting;
 using companion::ForceBox;
+using language::Message;
 using language::PhraseList;
 using platform::DateTime;
 using std::chrono::days;
@@ -138,8 +139,9 @@ void Scheduler::announceWord() {
     const std::string word = companion::makeWord(needs_.random);
     const std::string dude = needs_.speech.phrases.getDude();
     const auto& messages = needs_.speech.messages;
-    needs_.speech.announcer.agentMsgBox(messages.getMessage(52, {word, dude}), box::kInformation,
-                                        messages.getMessage(53, {word, dude}), forcedBy(form.chkWordMsgBox));
+    needs_.speech.announcer.agentMsgBox(
+        messages.getMessage(Message::WordOfTheDay, {word, dude}), box::kInformation,
+        messages.getMessage(Message::WordOfTheDayTitle, {word, dude}), forcedBy(form.chkWordMsgBox));
 }
 
 void Scheduler::scanWhenDue() {

@@ -6,6 +6,7 @@ namespace brovin::app {
 
 namespace box = platform::box;
 namespace setting = settings::setting;
+using language::Message;
 
 void ShutDown::cmdExit_Click() {
     ui::FrmOptions& form = needs_.form;
@@ -14,8 +15,9 @@ void ShutDown::cmdExit_Click() {
         needs_.settings.write(setting::kAgentShow, needs_.actor.visible() ? "True" : "False");
     const auto& messages = needs_.speech.messages;
     const auto answer = needs_.speech.announcer.agentMsgBox(
-        messages.getMessage(11, {needs_.speech.phrases.getDude()}), box::kYesNo | box::kExclamation,
-        messages.getMessage(12), companion::ForceBox::Yes);
+        messages.getMessage(Message::ConfirmExit, {needs_.speech.phrases.getDude()}),
+        box::kYesNo | box::kExclamation, messages.getMessage(Message::ConfirmExitTitle),
+        companion::ForceBox::Yes);
     if (answer != platform::Button::Yes)
         return;
     if (needs_.cleaner.scan.busy()) {
@@ -32,7 +34,7 @@ void ShutDown::cmdExit_Click() {
 void ShutDown::offerToStopScan() {
     const auto answer = needs_.speech.announcer.agentMsgBox(
         needs_.speech.messages.getText("stopScan"), box::kYesNo | box::kQuestion,
-        needs_.speech.messages.getMessage(12), companion::ForceBox::Yes);
+        needs_.speech.messages.getMessage(Message::ConfirmExitTitle), companion::ForceBox::Yes);
     if (answer == platform::Button::Yes)
         needs_.cleaner.scanRun.cancel();
 }

@@ -9,6 +9,7 @@ namespace {
 
 namespace box = platform::box;
 namespace setting = settings::setting;
+using language::Message;
 using platform::Done;
 using platform::Failure;
 using platform::Status;
@@ -79,11 +80,12 @@ Status StartUp::chooseLanguage() {
         return Done{};
     }
     // Without a language file the messages are empty, so this is said in the program's own words.
-    std::string text = needs_.teller.speech.messages.getMessage(38);
+    std::string text = needs_.teller.speech.messages.getMessage(Message::NoLanguageFile);
     if (text.empty())
         text = "There is no language file in the program's folder, so I have nothing to say. "
                "Please install the program again.";
-    needs_.machine.dialogs.messageBox(text, box::kCritical, needs_.teller.speech.messages.getMessage(39));
+    needs_.machine.dialogs.messageBox(text, box::kCritical,
+                                      needs_.teller.speech.messages.getMessage(Message::NoLanguageFileTitle));
     end();
     return Done{};
 }
@@ -103,8 +105,8 @@ Status StartUp::refuseSecondInstance() {
     }
     const auto& messages = needs_.teller.speech.messages;
     const std::string dude = needs_.teller.speech.phrases.getDude();
-    needs_.machine.dialogs.messageBox(messages.getMessage(40, {dude}), box::kCritical,
-                                      messages.getMessage(41, {dude}));
+    needs_.machine.dialogs.messageBox(messages.getMessage(Message::AlreadyRunning, {dude}), box::kCritical,
+                                      messages.getMessage(Message::AlreadyRunningTitle, {dude}));
     end();
     return Done{};
 }
@@ -242,7 +244,8 @@ Status StartUp::enterTray() {
 
 Status StartUp::restoreReminder() {
     needs_.form.txtReminder.setText(
-        needs_.settings.stored(setting::kReminder).value_or(needs_.teller.speech.messages.getMessage(42)));
+        needs_.settings.stored(setting::kReminder)
+            .value_or(needs_.teller.speech.messages.getMessage(Message::Reminder)));
     return Done{};
 }
 

@@ -10,6 +10,7 @@ namespace brovin::cleaner {
 namespace {
 
 namespace box = platform::box;
+using language::Message;
 using platform::Done;
 using platform::EntryKind;
 using platform::Failure;
@@ -143,7 +144,8 @@ void FolderSweep::ascend() {
 
 /// Said before it is opened: the status then names the folder that is not to be had.
 void FolderSweep::showFolder(std::string_view below) {
-    needs_.frame.sbStatus.setPanel(needs_.speech.messages.getMessage(59, {shown(below)}));
+    needs_.frame.sbStatus.setPanel(
+        needs_.speech.messages.getMessage(Message::ScanningFolder, {shown(below)}));
 }
 
 void FolderSweep::visit(Level& level) {
@@ -196,7 +198,8 @@ bool FolderSweep::handleEntry(const platform::Entry& entry, Level& level, std::i
 bool FolderSweep::deleteIcon(const platform::Entry& entry) {
     return goOn(addKilobytes(kLeastKilobytes)) &&
            goOn(tryDeletion(entry, EntryKind::File, kLeastKilobytes)) &&
-           goOn(writeLog(needs_.speech.messages.getMessage(62, {shown(entry.name)}))) && goOn(countItem());
+           goOn(writeLog(needs_.speech.messages.getMessage(Message::LogFileDeleted, {shown(entry.name)}))) &&
+           goOn(countItem());
 }
 
 bool FolderSweep::deleteListed(const platform::Entry& entry, std::int16_t& kb) {
@@ -205,7 +208,8 @@ bool FolderSweep::deleteListed(const platform::Entry& entry, std::int16_t& kb) {
     const std::int32_t counted = kb > kLeastKilobytes ? kb : kLeastKilobytes;
     return goOn(addKilobytes(counted)) && //
            goOn(tryDeletion(entry, EntryKind::File, counted)) &&
-           goOn(writeLog(needs_.speech.messages.getMessage(62, {shown(entry.name)}))) && goOn(countItem());
+           goOn(writeLog(needs_.speech.messages.getMessage(Message::LogFileDeleted, {shown(entry.name)}))) &&
+           goOn(countItem());
 }
 
 bool FolderSweep::deleteListedFolder(const platform::Entry& entry, std::int16_t& kb) {
@@ -215,8 +219,8 @@ bool FolderSweep::deleteListedFolder(const platform::Entry& entry, std::int16_t&
         kb = kLeastKilobytes;
     return goOn(addKilobytes(kb)) && //
            goOn(tryDeletion(entry, EntryKind::Folder, kb)) &&
-           goOn(writeLog(
-               needs_.speech.messages.getMessage(63, {needs_.regional.grouped(kb), shown(entry.name)}))) &&
+           goOn(writeLog(needs_.speech.messages.getMessage(
+               Message::LogFolderDeleted, {needs_.regional.grouped(kb), shown(entry.name)}))) &&
            goOn(countItem());
 }
 
@@ -233,8 +237,9 @@ bool FolderSweep::queue(const platform::Entry& entry, Level& level) {
 bool FolderSweep::confirmed(const platform::Entry& entry) {
     const auto& messages = needs_.speech.messages;
     const std::string question =
-        messages.getMessage(60, {shown(entry.name), needs_.speech.phrases.getDude()});
-    return needs_.dialogs.messageBox(question, box::kYesNo | box::kQuestion, messages.getMessage(61)) ==
+        messages.getMessage(Message::ConfirmDelete, {shown(entry.name), needs_.speech.phrases.getDude()});
+    return needs_.dialogs.messageBox(question, box::kYesNo | box::kQuestion,
+                                     messages.getMessage(Message::ConfirmDeleteTitle)) ==
            platform::Button::Yes;
 }
 
@@ -277,9 +282,10 @@ bool FolderSweep::goOn(const Status& statement) {
     if (statement || needs_.scanningPage.chkIgnoreErrors.checked() || !needs_.frame.window.visible())
         return true;
     const auto& messages = needs_.speech.messages;
-    return needs_.dialogs.messageBox(messages.getMessage(64, {shown(entryName_)}),
+    return needs_.dialogs.messageBox(messages.getMessage(Message::DeletionFailed, {shown(entryName_)}),
                                      box::kYesNo | box::kExclamation,
-                                     messages.getMessage(65)) != platform::Button::Yes;
+                                     messages.getMessage(Message::DeletionFailedTitle)) !=
+           platform::Button::Yes;
 }
 
 } // namespace brovin::cleaner

@@ -8,6 +8,7 @@ namespace brovin::cleaner {
 
 namespace box = platform::box;
 using companion::ForceBox;
+using language::Message;
 
 void LogCommands::cmdInspect_Click() {
     const std::string log = needs_.folder.path(std::string(kLogFile));
@@ -19,13 +20,14 @@ void LogCommands::cmdInspect_Click() {
 void LogCommands::cmdEmpty_Click() {
     const auto& messages = needs_.speech.messages;
     const auto answer = needs_.speech.announcer.agentMsgBox(
-        messages.getMessage(7), box::kYesNo | box::kExclamation, messages.getMessage(8), ForceBox::Yes);
+        messages.getMessage(Message::ConfirmEmptyLog), box::kYesNo | box::kExclamation,
+        messages.getMessage(Message::ConfirmEmptyLogTitle), ForceBox::Yes);
     if (answer != platform::Button::Yes)
         return;
     const platform::Status emptied = empty();
     if (emptied) {
-        needs_.speech.announcer.agentMsgBox(messages.getMessage(10), box::kInformation,
-                                            messages.getMessage(9), ForceBox::No);
+        needs_.speech.announcer.agentMsgBox(messages.getMessage(Message::LogIsEmpty), box::kInformation,
+                                            messages.getMessage(Message::LogEmptied), ForceBox::No);
         return;
     }
     const platform::Failure& failure = emptied.failure();
@@ -40,8 +42,8 @@ platform::Status LogCommands::empty() {
     if (!log)
         return log.failure();
     const platform::DateTime now = needs_.clock.now();
-    const std::string marker = needs_.speech.messages.getMessage(9) + " - " + needs_.regional.longTime(now) +
-                               " " + needs_.regional.longDate(now);
+    const std::string marker = needs_.speech.messages.getMessage(Message::LogEmptied) + " - " +
+                               needs_.regional.longTime(now) + " " + needs_.regional.longDate(now);
     for (const std::string_view line : {kLogSeparator, std::string_view(marker), kLogSeparator})
         if (auto written = (*log)->writeLine(line); !written)
             return written;

@@ -8,6 +8,7 @@ namespace {
 
 namespace box = platform::box;
 using companion::ForceBox;
+using language::Message;
 
 constexpr std::string_view kForbidden = "\"\\/:*?<>|";
 constexpr std::size_t kLongestName = 32;
@@ -45,19 +46,22 @@ std::optional<std::string> NastyFileList::askForName() {
     const auto& messages = needs_.speech.messages;
     std::string typed;
     for (;;) {
-        const std::string prompt = messages.getMessage(0, {needs_.speech.phrases.getDude()})
-                                       .append(kParagraph)
-                                       .append(messages.getMessage(1));
-        auto answer = needs_.dialogs.inputBox(prompt, messages.getMessage(2), typed);
+        const std::string prompt =
+            messages.getMessage(Message::AskNastyName, {needs_.speech.phrases.getDude()})
+                .append(kParagraph)
+                .append(messages.getMessage(Message::NastyNameAdvice));
+        auto answer = needs_.dialogs.inputBox(prompt, messages.getMessage(Message::AskNastyNameTitle), typed);
         if (!answer || answer->empty())
             return std::nullopt;
         typed = *answer;
         if (typed.find_first_of(kForbidden) != std::string::npos)
-            needs_.dialogs.messageBox(messages.getMessage(3).append(kParagraph).append(kForbidden),
-                                      box::kCritical, messages.getMessage(4));
+            needs_.dialogs.messageBox(
+                messages.getMessage(Message::ForbiddenSigns).append(kParagraph).append(kForbidden),
+                box::kCritical, messages.getMessage(Message::ForbiddenSignsTitle));
         else if (text::characterCount(typed) > kLongestName)
-            needs_.speech.announcer.agentMsgBox(messages.getMessage(5, {needs_.speech.phrases.getDude()}),
-                                                box::kCritical, messages.getMessage(6), ForceBox::No);
+            needs_.speech.announcer.agentMsgBox(
+                messages.getMessage(Message::NastyNameTooLong, {needs_.speech.phrases.getDude()}),
+                box::kCritical, messages.getMessage(Message::NastyNameTooLongTitle), ForceBox::No);
         else
             return answer;
     }
@@ -68,11 +72,13 @@ void NastyFileList::cmdRemoveFile_Click() {
     if (needs_.scan.busy() || list.selected() == ui::ListControl::kNone)
         return;
     const auto& messages = needs_.speech.messages;
-    const std::string question = messages.getMessage(18, {needs_.speech.phrases.getDude()})
-                                     .append(kParagraph)
-                                     .append("\"" + list.selectedText() + "\"");
-    const auto answer = needs_.speech.announcer.agentMsgBox(question, box::kYesNo | box::kQuestion,
-                                                            messages.getMessage(19), ForceBox::Yes);
+    const std::string question =
+        messages.getMessage(Message::ConfirmRemoveName, {needs_.speech.phrases.getDude()})
+            .append(kParagraph)
+            .append("\"" + list.selectedText() + "\"");
+    const auto answer = needs_.speech.announcer.agentMsgBox(
+        question, box::kYesNo | box::kQuestion, messages.getMessage(Message::ConfirmRemoveNameTitle),
+        ForceBox::Yes);
     if (answer != platform::Button::Yes)
         return;
     list.remove(list.selected());

@@ -10,6 +10,7 @@ namespace {
 namespace box = platform::box;
 namespace setting = settings::setting;
 using companion::ForceBox;
+using language::Message;
 
 /// How often the number of what is gone is told: each change goes round the whole desktop.
 constexpr std::chrono::milliseconds kProgressInterval{250};
@@ -48,7 +49,7 @@ ScanOutcome ScanRun::runScan() {
 }
 
 void ScanRun::scanFolders() {
-    showStatus(needs_.speech.messages.getMessage(54));
+    showStatus(needs_.speech.messages.getMessage(Message::ScanUnderWay));
     needs_.statistics.showRunning(needs_.frame.sbStatus.panel());
     shownAt_ = needs_.clock.elapsed();
     const auto log = openLog();
@@ -76,7 +77,7 @@ void ScanRun::showProgress() {
         return;
     shownAt_ = now;
     const auto& messages = needs_.speech.messages;
-    const std::string text = messages.getMessage(54) + " " +
+    const std::string text = messages.getMessage(Message::ScanUnderWay) + " " +
                              messages.getText("goneSoFar", {std::to_string(needs_.sweep.scanItemCount)});
     needs_.tip.show(text);
     needs_.statistics.showRunning(text);
@@ -89,7 +90,7 @@ std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
     if (!log)
         return nullptr; // the run goes on without a log
     carryOn((*log)->writeLine(kLogSeparator));
-    carryOn((*log)->writeLine(timedMessage(55)));
+    carryOn((*log)->writeLine(timedMessage(Message::LogScanBegun)));
     return std::move(*log);
 }
 
@@ -106,12 +107,13 @@ void ScanRun::sweepAll() {
 void ScanRun::writeSummary(platform::LineWriter& log) {
     const auto& messages = needs_.speech.messages;
     if (needs_.sweep.scanItemCount <= 0) {
-        carryOn(log.writeLine(messages.getMessage(58)));
+        carryOn(log.writeLine(messages.getMessage(Message::LogNothingFound)));
         return;
     }
-    carryOn(log.writeLine(messages.getMessage(
-        56, {std::to_string(needs_.sweep.scanItemCount), needs_.regional.grouped(needs_.sweep.scanKB)})));
-    carryOn(log.writeLine(timedMessage(57)));
+    carryOn(log.writeLine(
+        messages.getMessage(Message::LogScanSum, {std::to_string(needs_.sweep.scanItemCount),
+                                                  needs_.regional.grouped(needs_.sweep.scanKB)})));
+    carryOn(log.writeLine(timedMessage(Message::LogScanFinished)));
 }
 
 void ScanRun::storeTotals(const std::string& timeStamp) {
@@ -121,9 +123,9 @@ void ScanRun::storeTotals(const std::string& timeStamp) {
     needs_.settings.write(setting::kKb, added(needs_.settings.read(setting::kKb), needs_.sweep.scanKB));
 }
 
-std::string ScanRun::timedMessage(int number) const {
+std::string ScanRun::timedMessage(Message message) const {
     const platform::DateTime now = needs_.clock.now();
-    return needs_.speech.messages.getMessage(number,
+    return needs_.speech.messages.getMessage(message,
                                              {needs_.regional.longTime(now), needs_.regional.longDate(now)});
 }
 
@@ -132,8 +134,9 @@ void ScanRun::cmdNuke_Click() {
     if (needs_.scan.busy() || (buttonEndedAt_ && needs_.clock.elapsed() - *buttonEndedAt_ < kDoubleClick))
         return;
     if (needs_.foldersPage.lstFolders.count() == 0) {
-        needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getMessage(13), box::kCritical,
-                                            needs_.speech.messages.getMessage(14), ForceBox::No);
+        needs_.speech.announcer.agentMsgBox(
+            needs_.speech.messages.getMessage(Message::NoFolders), box::kCritical,
+            needs_.speech.messages.getMessage(Message::NoFoldersTitle), ForceBox::No);
         return;
     }
     if (needs_.characterPage.chkAgent.checked()) {
@@ -163,11 +166,11 @@ void ScanRun::report() {
     const std::int16_t items = needs_.sweep.scanItemCount;
     std::string text;
     if (items < 1)
-        text = messages.getMessage(17, {dude});
+        text = messages.getMessage(Message::NothingDeleted, {dude});
     else if (items == 1)
-        text = messages.getMessage(16, {dude});
+        text = messages.getMessage(Message::OneDeleted, {dude});
     else
-        text = messages.getMessage(15, {std::to_string(items), dude});
+        text = messages.getMessage(Message::SeveralDeleted, {std::to_string(items), dude});
     needs_.speech.announcer.agentMsgBox(text, box::kInformation, "", ForceBox::No);
     needs_.actor.hearOut();
 }

@@ -77,7 +77,7 @@ private:
     void writeSummary(platform::LineWriter& log);
     void storeTotals(const std::string& timeStamp);
     void report();
-    [[nodiscard]] std::string timedMessage(int number) const;
+    [[nodiscard]] std::string timedMessage(language::Message message) const;
 
     Needs needs_;
     std::chrono::milliseconds shownAt_{};                    ///< when the progress was shown last

@@ -14,6 +14,7 @@ namespace {
 namespace box = platform::box;
 namespace setting = settings::setting;
 using companion::ForceBox;
+using language::Message;
 using platform::DateTime;
 
 /// The most that an honest count can have reached.
@@ -95,7 +96,8 @@ void Statistics::showLastScanned() {
     const auto& messages = needs_.speech.messages;
     const std::string last = needs_.settings.read(setting::kLastScanned);
     ui::StatusBar& status = needs_.frame.sbStatus;
-    status.setPanel(last.empty() ? messages.getMessage(22) : messages.getMessage(23, {last}));
+    status.setPanel(last.empty() ? messages.getMessage(Message::NeverScanned)
+                                 : messages.getMessage(Message::LastScanned, {last}));
     const auto next = nextScan();
     if (!next)
         return;
@@ -103,11 +105,12 @@ void Statistics::showLastScanned() {
     const std::string clock = at.clock(needs_.regional);
     const std::string date =
         twoDigits(at.dayOfMonth()) + "/" + twoDigits(at.month()) + "/" + std::to_string(at.year());
-    needs_.foldersPage.txtInterval.setToolTip(messages.getMessage(24, {clock + " " + date}));
+    needs_.foldersPage.txtInterval.setToolTip(messages.getMessage(Message::NextScan, {clock + " " + date}));
     if (last.empty())
         return;
     const std::string day = twoDigits(at.dayOfMonth()) + " " + needs_.regional.monthName(at.month());
-    status.setPanel(status.panel() + ". " + messages.getMessage(24, {clock + ", " + day}) + ".");
+    status.setPanel(status.panel() + ". " + messages.getMessage(Message::NextScan, {clock + ", " + day}) +
+                    ".");
 }
 
 void Statistics::cmdResetCounter_Click() {
@@ -116,8 +119,10 @@ void Statistics::cmdResetCounter_Click() {
         return;
     const auto& messages = needs_.speech.messages;
     const auto answer = needs_.speech.announcer.agentMsgBox(
-        messages.getMessage(25, {text::trim(total), needs_.speech.phrases.getDude()}),
-        box::kYesNo | box::kExclamation, messages.getMessage(26), ForceBox::Yes);
+        messages.getMessage(Message::ConfirmResetCounter,
+                            {text::trim(total), needs_.speech.phrases.getDude()}),
+        box::kYesNo | box::kExclamation, messages.getMessage(Message::ConfirmResetCounterTitle),
+        ForceBox::Yes);
     if (answer != platform::Button::Yes)
         return;
     reset(needs_.regional.shortDate(needs_.clock.now()));

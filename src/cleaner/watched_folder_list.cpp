@@ -6,6 +6,7 @@ namespace brovin::cleaner {
 namespace {
 
 namespace box = platform::box;
+using language::Message;
 
 } // namespace
 
@@ -58,7 +59,8 @@ std::string WatchedFolderList::identityOf(const std::string& path) const {
 void WatchedFolderList::cmdAddFolder_Click() {
     if (needs_.scan.busy())
         return;
-    const std::string path = needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(43));
+    const std::string path =
+        needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(Message::ChooseFolder));
     if (!path.empty() && paths_.size() < kMostEntries) {
         paths_.push_back(path);
         identities_.push_back(identityOf(path));
@@ -74,9 +76,11 @@ void WatchedFolderList::cmdRemoveFolder_Click() {
         return;
     const auto& messages = needs_.speech.messages;
     const std::string question =
-        messages.getMessage(20, {needs_.speech.phrases.getDude()}) + "\r\n\r\n" + list.selectedText();
+        messages.getMessage(Message::ConfirmRemoveFolder, {needs_.speech.phrases.getDude()}) + "\r\n\r\n" +
+        list.selectedText();
     const auto answer = needs_.speech.announcer.agentMsgBox(
-        question, box::kYesNo | box::kQuestion, messages.getMessage(21), companion::ForceBox::Yes);
+        question, box::kYesNo | box::kQuestion, messages.getMessage(Message::ConfirmRemoveFolderTitle),
+        companion::ForceBox::Yes);
     if (answer == platform::Button::Yes) {
         paths_.erase(paths_.begin() + list.selected());
         identities_.erase(identities_.begin() + list.selected());

@@ -11,6 +11,7 @@
 namespace brovin::companion {
 namespace {
 
+using language::Message;
 using language::PhraseList;
 namespace setting = settings::setting;
 
@@ -155,8 +156,8 @@ void CharacterHost::lstChars_Click() {
 
 void CharacterHost::nameLabels() {
     const language::MessageTable& messages = needs_.tables.messageTable;
-    needs_.speechPage.lblSay.setCaption(messages.getMessage(50, {needs_.actor.name}));
-    needs_.speechPage.lblDo.setCaption(messages.getMessage(51, {needs_.actor.name}));
+    needs_.speechPage.lblSay.setCaption(messages.getMessage(Message::SayLabel, {needs_.actor.name}));
+    needs_.speechPage.lblDo.setCaption(messages.getMessage(Message::DoLabel, {needs_.actor.name}));
 }
 
 void CharacterHost::Agent1_Click(const platform::CharacterClick& click) {

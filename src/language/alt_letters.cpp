@@ -1,5 +1,6 @@
 #include "language/alt_letters.h"
 
+#include "language/messages.h"
 #include "text/strings.h"
 #include "text/utf8.h"
 #include "ui/frm_options.h"
@@ -61,12 +62,12 @@ std::vector<std::vector<std::string>> captionsSeenTogether() {
     // With a character, two messages stand in for labels of the page on speech.
     for (std::vector<std::string> speech : std::vector(pages))
         if (std::ranges::find(speech, "lbllblSay") != speech.end()) {
-            std::ranges::replace(speech, "lbllblSay", std::string("dlg50"));
-            std::ranges::replace(speech, "lbllblDo", std::string("dlg51"));
+            std::ranges::replace(speech, "lbllblSay", keyOf(Message::SayLabel));
+            std::ranges::replace(speech, "lbllblDo", keyOf(Message::DoLabel));
             pages.push_back(std::move(speech));
         }
-    pages.push_back({"dlg66", "dlg67"}); // the download window
-    pages.push_back({"dlg66", "dlg75"}); // and at its end
+    pages.push_back({keyOf(Message::DownloadButton), keyOf(Message::CancelButton)});  // the download window
+    pages.push_back({keyOf(Message::DownloadButton), keyOf(Message::InstallButton)}); // and at its end
     return pages;
 }
 

@@ -3,6 +3,7 @@
 #include "language/alt_letters.h"
 #include "language/language_catalogue.h"
 #include "language/language_file.h"
+#include "language/messages.h"
 #include "language/phrase_check.h"
 #include "text/strings.h"
 #include "text/utf8.h"
@@ -17,18 +18,45 @@ namespace {
 
 /// How many values a message is given, where it is given any.
 constexpr struct {
-    int number;
+    Message message;
     int values;
 } kValues[] = {
-    {0, 1},  {5, 1},  {11, 1}, {15, 2}, {16, 1}, {17, 1}, {18, 1}, {20, 1}, {23, 1}, {24, 1},
-    {25, 2}, {28, 1}, {31, 1}, {32, 3}, {40, 1}, {41, 1}, {50, 1}, {51, 1}, {52, 2}, {55, 2},
-    {56, 2}, {57, 2}, {59, 1}, {60, 2}, {62, 1}, {63, 2}, {64, 1}, {70, 2}, {73, 2},
+    {Message::AskNastyName, 1},
+    {Message::NastyNameTooLong, 1},
+    {Message::ConfirmExit, 1},
+    {Message::SeveralDeleted, 2},
+    {Message::OneDeleted, 1},
+    {Message::NothingDeleted, 1},
+    {Message::ConfirmRemoveName, 1},
+    {Message::ConfirmRemoveFolder, 1},
+    {Message::LastScanned, 1},
+    {Message::NextScan, 1},
+    {Message::ConfirmResetCounter, 2},
+    {Message::NothingNewer, 1},
+    {Message::VersionOffered, 1},
+    {Message::OfferedVersion, 3},
+    {Message::AlreadyRunning, 1},
+    {Message::AlreadyRunningTitle, 1},
+    {Message::SayLabel, 1},
+    {Message::DoLabel, 1},
+    {Message::WordOfTheDay, 2},
+    {Message::LogScanBegun, 2},
+    {Message::LogScanSum, 2},
+    {Message::LogScanFinished, 2},
+    {Message::ScanningFolder, 1},
+    {Message::ConfirmDelete, 2},
+    {Message::LogFileDeleted, 1},
+    {Message::LogFolderDeleted, 2},
+    {Message::DeletionFailed, 1},
+    {Message::DownloadNotStarted, 2},
+    {Message::DownloadProgress, 2},
 };
-constexpr int kLastMessage = 77;
-/// The reminder, the only message that is a phrase.
-constexpr int kReminder = 42;
+constexpr std::int32_t kLastMessage = numberOf(Message::DownloadUntrusted);
 /// Lines of the log and of the status bar.
-constexpr int kOneLine[] = {9, 22, 23, 24, 54, 55, 56, 57, 58, 59, 62, 63};
+constexpr Message kOneLine[] = {Message::LogEmptied,     Message::NeverScanned,    Message::LastScanned,
+                                Message::NextScan,       Message::ScanUnderWay,    Message::LogScanBegun,
+                                Message::LogScanSum,     Message::LogScanFinished, Message::LogNothingFound,
+                                Message::ScanningFolder, Message::LogFileDeleted,  Message::LogFolderDeleted};
 
 constexpr struct {
     std::string_view key;
@@ -109,8 +137,8 @@ private:
             known.emplace(row.key);
         for (const std::string_view key : kPhraseListKeys)
             known.emplace(key);
-        for (int number = 0; number <= kLastMessage; ++number)
-            known.insert("dlg" + std::to_string(number));
+        for (std::int32_t number = 0; number <= kLastMessage; ++number)
+            known.insert(keyOf(Message{number}));
         for (const TextRow& row : kTextRows)
             known.insert("text." + std::string(row.name));
         for (const std::string& name : captionedControls())
@@ -188,21 +216,22 @@ private:
     }
 
     void messages() {
-        for (int number = 0; number <= kLastMessage; ++number) {
-            const Entry* entry = entryOf("dlg" + std::to_string(number));
+        for (std::int32_t number = 0; number <= kLastMessage; ++number) {
+            const Message message{number};
+            const Entry* entry = entryOf(keyOf(message));
             if (entry == nullptr)
                 continue;
             std::set<char> expected;
             for (const auto& row : kValues)
-                for (int value = 1; row.number == number && value <= row.values; ++value)
+                for (int value = 1; row.message == message && value <= row.values; ++value)
                     expected.insert(static_cast<char>('0' + value));
             checkPlaces(*entry, expected);
-            if (number == kReminder)
+            if (message == Message::Reminder) // the only one that is a phrase
                 for (std::string& what : phraseFaults(PhraseList::SpkHello, entry->value))
                     fault(entry->line, std::move(what));
             else if (!tokensOf(entry->value).empty())
                 fault(entry->line, "only phrases have tokens");
-            if (std::ranges::find(kOneLine, number) != std::end(kOneLine) &&
+            if (std::ranges::find(kOneLine, message) != std::end(kOneLine) &&
                 entry->value.find("\\n") != std::string::npos)
                 fault(entry->line, "this is one line of the log or of the status bar");
         }

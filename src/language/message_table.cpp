@@ -36,8 +36,9 @@ bool MessageTable::setText(std::string_view name, std::string_view text) {
     return true;
 }
 
-std::string MessageTable::getMessage(std::int32_t number,
+std::string MessageTable::getMessage(Message message,
                                      std::initializer_list<std::string_view> arguments) const {
+    const std::int32_t number = numberOf(message);
     assert(exists(number));
     return filledIn(slots_[static_cast<std::size_t>(number)], arguments);
 }

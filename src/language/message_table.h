@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/messages.h"
 #include "language/texts.h"
 #include "platform/result.h"
 
@@ -19,16 +20,17 @@ public:
     static constexpr std::size_t kSlots = 101;
 
     void clear() { *this = {}; }
-    /// False: there is no such number, and nothing is set.
+    /// The text of message `number`, 0 to 100, as files have it. False: there is no such number, and nothing
+    /// is set.
     bool set(std::int32_t number, std::string_view text);
     /// The same for a text with a name.
     bool setText(std::string_view name, std::string_view text);
 
-    /// Message `number`, 0 to 100, with "%1", "%2" … replaced by the arguments in their order and then
+    /// The message with "%1", "%2" … replaced by the arguments in their order and then
     /// the mark "\n" by CR LF. What stands in an argument is looked at like the message's own text: a later
     /// argument or the mark is replaced in it too. Messages use nine placeholders at most: "%10" is
     /// "%1" and a zero.
-    [[nodiscard]] std::string getMessage(std::int32_t number,
+    [[nodiscard]] std::string getMessage(Message message,
                                          std::initializer_list<std::string_view> arguments = {}) const;
     /// A text with a name; places and marks are those of messages.
     [[nodiscard]] std::string getText(Text text,

@@ -4,8 +4,12 @@
 
 namespace brovin::update {
 
+using language::Message;
+
 std::string sizeText(const language::MessageTable& messages, const ProgramOffer& offer) {
-    return offer.sizeKb ? " - " + messages.getMessage(33) + ": " + std::to_string(*offer.sizeKb) + " KB" : "";
+    return offer.sizeKb ? " - " + messages.getMessage(Message::DownloadSize) + ": " +
+                              std::to_string(*offer.sizeKb) + " KB"
+                        : "";
 }
 
 std::string changesText(std::string_view list) {

@@ -15,6 +15,7 @@ namespace {
 namespace box = platform::box;
 namespace setting = settings::setting;
 using companion::ForceBox;
+using language::Message;
 using platform::Button;
 
 constexpr const char* kPackTitle = "Language update";
@@ -72,7 +73,7 @@ UpdateCheck::Outcome UpdateCheck::check() {
 }
 
 UpdateCheck::Ending UpdateCheck::offerProgram(const ProgramOffer& offer) {
-    if (ask(questionFor(offer), needs_.messages.getMessage(34)) && sureAbout(offer))
+    if (ask(questionFor(offer), needs_.messages.getMessage(Message::NewVersionTitle)) && sureAbout(offer))
         return needs_.machine.key.present() ? download(offer) : showPage(offer);
     needs_.settings.write(setting::kNoCheck, "1");
     cancelled();
@@ -80,10 +81,10 @@ UpdateCheck::Ending UpdateCheck::offerProgram(const ProgramOffer& offer) {
 }
 
 std::string UpdateCheck::questionFor(const ProgramOffer& offer) const {
-    std::string question = needs_.messages.getMessage(31, {needs_.phrases.getDude()});
-    question += needs_.messages.getMessage(32, {std::to_string(offer.version.major),
-                                                std::to_string(offer.version.minor),
-                                                std::to_string(offer.version.revision)});
+    std::string question = needs_.messages.getMessage(Message::VersionOffered, {needs_.phrases.getDude()});
+    question += needs_.messages.getMessage(Message::OfferedVersion, {std::to_string(offer.version.major),
+                                                                     std::to_string(offer.version.minor),
+                                                                     std::to_string(offer.version.revision)});
     question += sizeText(needs_.messages, offer);
     if (offer.version < needs_.running)
         question += "\r\n\r\n" + needs_.messages.getText("updateOlder", {needs_.running.text()});
@@ -94,7 +95,7 @@ std::string UpdateCheck::questionFor(const ProgramOffer& offer) const {
 bool UpdateCheck::sureAbout(const ProgramOffer& offer) {
     return !needs_.machine.key.present() || offer.version >= needs_.running ||
            ask(needs_.messages.getText("updateOlderSure", {needs_.running.text(), offer.version.text()}),
-               needs_.messages.getMessage(34));
+               needs_.messages.getMessage(Message::NewVersionTitle));
 }
 
 UpdateCheck::Ending UpdateCheck::showPage(const ProgramOffer& offer) {
@@ -121,7 +122,7 @@ UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
     if (const platform::Status started = window.install(); !started) {
         tell(needs_.messages.getText("updateNotStarted", {needs_.messages.reason(started.failure()),
                                                           window.localFile() + ".exe"}),
-             box::kCritical, needs_.messages.getMessage(34));
+             box::kCritical, needs_.messages.getMessage(Message::NewVersionTitle));
         return Ending::GoesOn;
     }
     needs_.pump.pump();
@@ -155,15 +156,15 @@ bool UpdateCheck::offerPacks(MakersAnswers& answers) {
 void UpdateCheck::fetchPack(const PackOffer& offer, const std::string& file) {
     const PackOutcome outcome = pack_.fetch(offer, file);
     if (outcome.installed)
-        tell(needs_.messages.getMessage(36), box::kInformation, kPackTitle);
+        tell(needs_.messages.getMessage(Message::PackInstalled), box::kInformation, kPackTitle);
     else if (outcome.reason.empty())
-        tell(needs_.messages.getMessage(37), box::kExclamation, kPackTitle);
+        tell(needs_.messages.getMessage(Message::PackUnusable), box::kExclamation, kPackTitle);
     else
         tell(needs_.messages.getText("packNotTaken", {outcome.reason}), box::kExclamation, kPackTitle);
 }
 
 void UpdateCheck::cancelled() {
-    needs_.frame.sbStatus.setPanel(needs_.messages.getMessage(35));
+    needs_.frame.sbStatus.setPanel(needs_.messages.getMessage(Message::OfferCancelled));
 }
 
 void UpdateCheck::cmdUpdate_Click() {
@@ -171,17 +172,18 @@ void UpdateCheck::cmdUpdate_Click() {
         return;
     needs_.settings.write(setting::kNoCheck, "0");
     const std::string before = needs_.frame.sbStatus.panel();
-    const std::string asking = needs_.messages.getMessage(27);
+    const std::string asking = needs_.messages.getMessage(Message::AskingForUpdates);
     needs_.frame.sbStatus.setPanel(asking);
     needs_.pump.pump();
     const Outcome outcome = check();
     if (needs_.frame.sbStatus.panel() == asking)
         needs_.frame.sbStatus.setPanel(before);
-    const std::string title = needs_.messages.getMessage(30);
+    const std::string title = needs_.messages.getMessage(Message::UpdateCheckTitle);
     if (outcome == Outcome::Nothing)
-        tell(needs_.messages.getMessage(28, {needs_.phrases.getDude()}), box::kInformation, title);
+        tell(needs_.messages.getMessage(Message::NothingNewer, {needs_.phrases.getDude()}), box::kInformation,
+             title);
     else if (outcome == Outcome::NoAnswer && !needs_.life.exitConfirmed)
-        tell(needs_.messages.getMessage(29), box::kExclamation, title);
+        tell(needs_.messages.getMessage(Message::NoUpdateAnswer), box::kExclamation, title);
 }
 
 void UpdateCheck::tell(const std::string& text, platform::BoxStyle style, const std::string& title) {

@@ -13,6 +13,7 @@ namespace brovin::update {
 namespace {
 
 namespace box = platform::box;
+using language::Message;
 using platform::TransferState;
 
 constexpr std::uint64_t kKb = 1024;
@@ -45,15 +46,17 @@ UpdateDownload::~UpdateDownload() {
 
 void UpdateDownload::dress(const std::string& animation) {
     ui::FrmDownload& form = needs_.form;
-    const std::string title = needs_.messages.getMessage(34) + sizeText(needs_.messages, offer_);
+    const std::string title =
+        needs_.messages.getMessage(Message::NewVersionTitle) + sizeText(needs_.messages, offer_);
     form.window.setCaption(title);
-    form.cmdStart.setCaption(needs_.messages.getMessage(66));
-    form.cmdCancel.setCaption(needs_.messages.getMessage(67));
-    form.txtUpdates.setCaption(needs_.messages.getMessage(72)); // what a screen reader calls them
+    form.cmdStart.setCaption(needs_.messages.getMessage(Message::DownloadButton));
+    form.cmdCancel.setCaption(needs_.messages.getMessage(Message::CancelButton));
+    form.txtUpdates.setCaption(
+        needs_.messages.getMessage(Message::ChangesBelow)); // what a screen reader calls them
     form.ProgressBar1.setCaption(title);
     form.cmdStart.setDefault(true);
     form.ProgressBar1.setValue(0);
-    show(needs_.messages.getMessage(71));
+    show(needs_.messages.getMessage(Message::DownloadReady));
     form.Animation1.open(animation);
     splitChanges(offer_.changes);
 }
@@ -65,7 +68,7 @@ void UpdateDownload::show(const std::string& text) {
 void UpdateDownload::splitChanges(std::string_view list) {
     needs_.form.txtUpdates.setText(changesText(list));
     if (!list.empty())
-        show(needs_.messages.getMessage(72) + " " + needs_.form.lblText.caption());
+        show(needs_.messages.getMessage(Message::ChangesBelow) + " " + needs_.form.lblText.caption());
 }
 
 void UpdateDownload::cmdStart_Click() {
@@ -83,7 +86,7 @@ void UpdateDownload::cmdStart_Click() {
     }
     file_ = std::move(*file);
     localFile_ = file_->name();
-    show(needs_.messages.getMessage(69));
+    show(needs_.messages.getMessage(Message::Connecting));
     request(Phase::Asking, statementUrl(offer_.url));
     needs_.pump.pump();
 }
@@ -135,7 +138,7 @@ void UpdateDownload::receive() {
     const std::uint64_t length = lengthOf(needs_.transfer.header("Content-length"));
     if (length < kShortest) {
         needs_.transfer.cancel();
-        return fail(needs_.messages.getMessage(76));
+        return fail(needs_.messages.getMessage(Message::DownloadTooShort));
     }
     if (length > kLargest || length != statement_.claim.size) {
         needs_.transfer.cancel();
@@ -182,7 +185,8 @@ bool UpdateDownload::readBody(std::uint64_t length) {
 
 void UpdateDownload::showAmounts(std::uint64_t come, std::uint64_t length) {
     needs_.form.ProgressBar1.setValue(static_cast<double>(come) / kKb);
-    show(needs_.messages.getMessage(73, {std::to_string(come / kKb), std::to_string(length / kKb)}));
+    show(needs_.messages.getMessage(Message::DownloadProgress,
+                                    {std::to_string(come / kKb), std::to_string(length / kKb)}));
 }
 
 void UpdateDownload::finish(std::uint64_t length) {
@@ -215,8 +219,8 @@ std::string UpdateDownload::whyNotTrusted() {
 void UpdateDownload::complete() {
     phase_ = Phase::Complete;
     needs_.form.Animation1.setPlaying(false);
-    show(needs_.messages.getMessage(74));
-    needs_.form.cmdCancel.setCaption(needs_.messages.getMessage(75));
+    show(needs_.messages.getMessage(Message::DownloadComplete));
+    needs_.form.cmdCancel.setCaption(needs_.messages.getMessage(Message::InstallButton));
     needs_.form.cmdStart.setDefault(false);
     needs_.form.cmdCancel.setDefault(true);
 }
@@ -234,7 +238,8 @@ void UpdateDownload::fail(const std::string& text) {
 }
 
 std::string UpdateDownload::notStarted(const platform::Failure& why) const {
-    return needs_.messages.getMessage(70, {std::to_string(why.number), needs_.messages.reason(why)});
+    return needs_.messages.getMessage(Message::DownloadNotStarted,
+                                      {std::to_string(why.number), needs_.messages.reason(why)});
 }
 
 std::string UpdateDownload::told(language::Text what, const platform::Failure& why) const {
@@ -242,7 +247,7 @@ std::string UpdateDownload::told(language::Text what, const platform::Failure& w
 }
 
 void UpdateDownload::throwAway(const std::string& reason) {
-    fail(needs_.messages.getMessage(77) + " " + reason);
+    fail(needs_.messages.getMessage(Message::DownloadUntrusted) + " " + reason);
 }
 
 void UpdateDownload::cmdCancel_Click() {
@@ -256,8 +261,8 @@ void UpdateDownload::Form_Close() {
     if (cancelRequested_)
         return;
     if (running() &&
-        needs_.dialogs.messageBox(needs_.messages.getMessage(68), box::kYesNo | box::kExclamation,
-                                  "Cancel Update") != platform::Button::Yes)
+        needs_.dialogs.messageBox(needs_.messages.getMessage(Message::ConfirmCancelDownload),
+                                  box::kYesNo | box::kExclamation, "Cancel Update") != platform::Button::Yes)
         return;
     leave();
 }

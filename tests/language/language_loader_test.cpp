@@ -50,7 +50,7 @@ TEST(LanguageLoader, fillsTheMessages) {
     for (const auto& [line, number, text, why] : kCases) {
         World world;
         world.load(std::string(line));
-        EXPECT_EQ(text, world.tables.messageTable.getMessage(number)) << why;
+        EXPECT_EQ(text, world.tables.messageTable.getMessage(Message{number})) << why;
     }
 }
 
@@ -107,7 +107,7 @@ TEST(LanguageLoader, leavesNothingOfTheLanguageBefore) {
     EXPECT_EQ("1033", world.tables.langLanguageId);
     world.load("");
     EXPECT_EQ("", world.tables.list(PhraseList::SpkHello));
-    EXPECT_EQ("", world.tables.messageTable.getMessage(1));
+    EXPECT_EQ("", world.tables.messageTable.getMessage(Message::NastyNameAdvice));
     EXPECT_EQ("The server is silent", world.tables.messageTable.getText("reasonSilent"));
     EXPECT_EQ("", world.tables.langModeId + world.tables.langLanguageId);
     EXPECT_EQ("default.blp", world.settings.setting("Language"));

@@ -26,8 +26,8 @@ TEST(MessageTable, fillsInTheArgumentsAndThenTheLineBreaks) {
     };
     MessageTable table;
     for (const auto& [text, arguments, message, why] : cases) {
-        ASSERT_TRUE(table.set(5, text));
-        EXPECT_EQ(message, table.getMessage(5, arguments)) << why;
+        ASSERT_TRUE(table.set(numberOf(Message::NastyNameTooLong), text));
+        EXPECT_EQ(message, table.getMessage(Message::NastyNameTooLong, arguments)) << why;
     }
 }
 
@@ -37,11 +37,11 @@ TEST(MessageTable, hasTheNumbersFrom0To100) {
     EXPECT_TRUE(table.set(100, "last"));
     EXPECT_FALSE(table.set(-1, "x"));
     EXPECT_FALSE(table.set(101, "x"));
-    EXPECT_EQ("first", table.getMessage(0));
-    EXPECT_EQ("last", table.getMessage(100));
-    EXPECT_EQ("", table.getMessage(50)) << "never set";
+    EXPECT_EQ("first", table.getMessage(Message::AskNastyName));
+    EXPECT_EQ("last", table.getMessage(Message{100}));
+    EXPECT_EQ("", table.getMessage(Message::SayLabel)) << "never set";
     table.clear();
-    EXPECT_EQ("", table.getMessage(100));
+    EXPECT_EQ("", table.getMessage(Message{100}));
 }
 
 TEST(MessageTable, hasTextsWithNamesWhichAreEnglishWhereTheFileIsSilent) {
