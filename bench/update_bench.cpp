@@ -1,10 +1,10 @@
 // Downloads a large installer through the real window from the maker's server on this machine, and beside it
 // with curl. Usage: update_bench SERVER-PROGRAM SCRATCH
 
-#include "desktop/download_window.h"
-#include "desktop/qt_dialogs.h"
-#include "desktop/qt_shell.h"
-#include "desktop/update/curl_transfer.h"
+#include "desktop/machine/curl_transfer.h"
+#include "desktop/machine/qt_dialogs.h"
+#include "desktop/machine/qt_shell.h"
+#include "desktop/window/download_window.h"
 #include "net/private_downloads.h"
 #include "net/sodium_key.h"
 #include "update/update_download.h"

@@ -1,8 +1,8 @@
 // What a screen reader finds in the real program: its tree is walked over the accessibility bus (AT-SPI),
 // page by page.
 
-#include "desktop/options_window.h"
 #include "desktop/program_process.h"
+#include "desktop/window/options_window.h"
 #include "language/language_file.h"
 #include "ui/frm_options.h"
 

@@ -1,8 +1,8 @@
 // Controls of the window under real keys: what the toolkit's own widgets would get wrong.
 
 #include "desktop/desktop_world.h"
-#include "desktop/qt_dialogs.h"
-#include "desktop/timer_binding.h"
+#include "desktop/machine/qt_dialogs.h"
+#include "desktop/machine/timer_binding.h"
 
 #include <QDateTimeEdit>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_program.h"
-#include "desktop/options_window.h"
+#include "desktop/window/options_window.h"
 #include "ui/frm_options.h"
 
 #include <QApplication>

@@ -2,8 +2,8 @@
 // what it says.
 
 #include "desktop/companion_world.h"
+#include "desktop/machine/toolkit_language.h"
 #include "desktop/room_for_text.h"
-#include "desktop/toolkit_language.h"
 
 #include <QMessageBox>
 

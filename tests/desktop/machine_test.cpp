@@ -1,5 +1,5 @@
-#include "desktop/autostart_registry.h"
-#include "desktop/lock_file_instance.h"
+#include "desktop/machine/autostart_registry.h"
+#include "desktop/machine/lock_file_instance.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "desktop/update/movie.h"
+#include "desktop/widgets/movie.h"
 
 #include <QFile>
 #include <QTemporaryDir>

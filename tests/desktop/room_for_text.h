@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/tab_button.h"
+#include "desktop/widgets/tab_button.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

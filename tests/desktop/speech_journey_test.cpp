@@ -1,6 +1,6 @@
 #include "app/program.h"
 #include "desktop/journey.h"
-#include "desktop/options_window.h"
+#include "desktop/window/options_window.h"
 #include "fakes/fake_machine.h"
 
 #include <QAccessible>

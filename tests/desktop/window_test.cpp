@@ -2,9 +2,9 @@
 // captions, and everything on it can be reached by the keyboard.
 
 #include "desktop/desktop_world.h"
-#include "desktop/page_scroller.h"
 #include "desktop/room_for_text.h"
-#include "desktop/tab_button.h"
+#include "desktop/widgets/page_scroller.h"
+#include "desktop/widgets/tab_button.h"
 
 #include <QKeyEvent>
 #include <QListWidget>

@@ -3,7 +3,7 @@
 
 #include "demo_world.h"
 #include "desktop/desktop_program.h"
-#include "desktop/options_window.h"
+#include "desktop/window/options_window.h"
 #include "ui/frm_options.h"
 
 #include <QApplication>

@@ -1,0 +1,97 @@
+#include "desktop/machine/tray_icon.h"
+
+#include "desktop/widgets/pictures.h"
+#include "desktop/widgets/text.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
+#include <QWindow>
+
+namespace brovin::desktop {
+TrayIcon::TrayIcon() : icon_(programIcon()) {
+    icon_.setContextMenu(&menu_);
+    connect(&icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
+}
+
+void TrayIcon::tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception) {
+    window_ = &window;
+    reception_ = std::move(reception);
+    addEntry(form.mHelp);
+    addEntry(form.mPopRestore);
+    addEntry(form.mPopExit);
+    menu_.setDefaultAction(menu_.actions().at(1));
+}
+
+void TrayIcon::addEntry(ui::Button& control) {
+    QAction* action = menu_.addAction(QString());
+    action->setObjectName(qt(control.name()));
+    const auto show = [shown = QPointer<QAction>(action), &control] {
+        if (shown)
+            shown->setText(qt(control.caption()));
+    };
+    show();
+    control.observe(show);
+    connect(action, &QAction::triggered, this, [this, &control] {
+        if (admitted())
+            control.click();
+    });
+}
+
+bool TrayIcon::add(const std::string& tip) {
+    icon_.setToolTip(qt(tip));
+    icon_.show(); // where an area appears later, the icon joins it by itself
+    keepInReach();
+    return available();
+}
+
+void TrayIcon::setTip(const std::string& tip) {
+    icon_.setToolTip(qt(tip));
+}
+
+void TrayIcon::remove() {
+    icon_.hide();
+}
+
+/// A box that is open keeps clicks from all usual windows, and the one that the toolkit makes for the icon is
+/// no exception. It is made one, and the clicks are taken where they arrive.
+void TrayIcon::keepInReach() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        QWindow* const window = widget->windowHandle();
+        if (window == nullptr || !widget->inherits("QSystemTrayIconSys"))
+            continue;
+        window->setFlags(window->flags() | Qt::ToolTip);
+        window->installEventFilter(this);
+        widget->installEventFilter(this); // shown again in another panel, it has another window
+    }
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show && watched->isWidgetType())
+        keepInReach();
+    const bool press =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    return press && watched->isWindowType() && !admitted();
+}
+
+bool TrayIcon::admitted() const {
+    reception_.userActs();
+    if (!reception_.busy())
+        return true;
+    reception_.bringBack();
+    return false;
+}
+
+void TrayIcon::activated(QSystemTrayIcon::ActivationReason reason) {
+    if (window_ == nullptr || (reason == QSystemTrayIcon::Context && reception_.busy()) || !admitted())
+        return;
+    if (reason == QSystemTrayIcon::Trigger)
+        window_->trayMouse(window::TrayMouse::LeftUp);
+    else if (reason == QSystemTrayIcon::DoubleClick)
+        window_->trayMouse(window::TrayMouse::LeftDoubleClick);
+    else if (reason == QSystemTrayIcon::Context)
+        window_->trayMouse(window::TrayMouse::RightUp); // the menu itself is opened by the toolkit
+}
+
+} // namespace brovin::desktop

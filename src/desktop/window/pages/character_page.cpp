@@ -1,0 +1,35 @@
+#include "desktop/widgets/frequency_slider.h"
+#include "desktop/widgets/parts.h"
+#include "desktop/window/pages/pages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace brovin::desktop {
+
+QWidget* makeCharacterPage(ui::FrmOptions& form, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(bound<QCheckBox>(form.chkAgent, page));
+    auto* characters = bound<QListWidget>(form.lstChars, page);
+    layout->addWidget(labelFor(characters, form.lblChars, page));
+    layout->addWidget(characters, 1);
+    layout->addLayout(row({bound<QPushButton>(form.cmdCheckChars, page)}));
+    layout->addWidget(bound<QCheckBox>(form.chkDude, page));
+    auto* sex = bound<QComboBox>(form.cmbDudeSex, page);
+    layout->addLayout(row({labelFor(sex, form.lblDudeSex, page), sex}));
+
+    auto* frequency = bound<QGroupBox>(form.frmFreq, page);
+    auto* sliding = new QVBoxLayout(frequency);
+    sliding->addWidget(new FrequencySlider(form.picSlide, form.frmFreq, frequency));
+    auto* note = bound<QLabel>(form.lblFreq, frequency);
+    note->setWordWrap(true);
+    sliding->addWidget(note);
+    layout->addWidget(frequency);
+    return page;
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,23 @@
+#include "desktop/widgets/list_with_hint.h"
+#include "desktop/widgets/parts.h"
+#include "desktop/window/pages/pages.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace brovin::desktop {
+
+QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* layout = new QVBoxLayout(page);
+    auto* list = bound<QListWidget>(form.lstFiles, page);
+    layout->addWidget(labelAbove(list, form.lblFiles, page));
+    layout->addLayout(listWithHint(list, form.picAddFile), 1);
+    layout->addLayout(
+        row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page)}));
+    layout->addWidget(bound<QCheckBox>(form.chkDotDash, page));
+    layout->addWidget(bound<QCheckBox>(form.chkIcon, page));
+    return page;
+}
+
+} // namespace brovin::desktop
