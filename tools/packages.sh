@@ -20,7 +20,7 @@ packages_bench=(
     bfs curl fd-find findutils fuse3 libbenchmark-dev libfuse3-dev linux-perf
 )
 packages_test=(
-    at-spi2-core dbus-daemon desktop-file-utils
+    appstream at-spi2-core dbus-daemon desktop-file-utils groff-base man-db
     clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev openssl
     libxml2-utils

@@ -12,10 +12,15 @@ _brovin() {
         mapfile -t COMPREPLY < <(compgen -W "thumbs.db ehthumbs.db .ds_store .apdisk .fseventsd .spotlight-v100" -- "$cur")
         return
         ;;
+    --check-language)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$cur")
+        return
+        ;;
     --update-server) return ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "--scan --dry-run --json --folder --nasty --dot-underscore --no-dot-underscore
-        --icon-files --no-icon-files --force --no-force --confirm --no-confirm --program-folder --update-server
+        --check-language --icon-files --no-icon-files --force --no-force --confirm --no-confirm --program-folder --update-server
         --help --version" -- "$cur")
 }
 complete -F _brovin brovin
