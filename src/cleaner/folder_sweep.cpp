@@ -264,7 +264,7 @@ Status FolderSweep::addKilobytes(std::int32_t kb) {
 }
 
 Status FolderSweep::countItem() {
-    const Status counted = assign(scanItemCount, std::int64_t{scanItemCount} + 1);
+    Status counted = assign(scanItemCount, std::int64_t{scanItemCount} + 1);
     progress();
     return counted;
 }
