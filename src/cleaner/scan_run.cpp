@@ -157,6 +157,9 @@ void ScanRun::cmdNuke_Click() {
     needs_.statistics.showLastScanned();
     needs_.shell.setForegroundWindow();
     report();
+    // A box has taken the second click of a double click; the next one is meant.
+    if (!needs_.characterPage.chkAgent.checked() || needs_.actor.character == nullptr)
+        buttonEndedAt_.reset();
     tellOfStrangers();
 }
 
