@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds kDoubleClick{500};
 /// For a step whose failure must not stop the run: a full disk keeps nobody's clutter alive.
 void carryOn(const platform::Status& /*passedOver*/) {}
 
-/// A stored total with the run's share added; one that has grown too large for its variable stays as it was.
+/// A stored total with the run's share added.
 std::string added(const std::string& stored, double share) {
     return text::numberText(text::leadingNumber(stored) + share);
 }
