@@ -86,7 +86,7 @@ std::shared_ptr<ReadItem> ReadPlan::advanceTo(std::size_t depth, std::string_vie
     const auto found = childNamed(depth, name);
     if (found == items_.end())
         return nullptr;
-    const auto item = *found;
+    auto item = *found;
     while (items_.front() != item)
         erase(items_.begin());
     return item;

@@ -76,7 +76,7 @@ private:
 /// Runs one after the other until one fails.
 Status runAll(sqlite3* opened, std::initializer_list<const char*> statements) {
     for (const char* const sql : statements)
-        if (const Status done = Statement(opened, sql).run(); !done)
+        if (Status done = Statement(opened, sql).run(); !done)
             return done;
     return Done{};
 }
@@ -159,25 +159,25 @@ Status SqliteHistory::append(platform::DateTime when, std::span<const platform::
     if (!opened)
         return opened.failure();
     sqlite3* const history = opened->get();
-    if (const Status begun = runAll(history, {"BEGIN IMMEDIATE"}); !begun)
+    if (Status begun = runAll(history, {"BEGIN IMMEDIATE"}); !begun)
         return begun;
     const std::string day = dayOf(when);
     Statement add(history, "INSERT INTO share VALUES (?1, ?2, ?3, ?4, ?5) ON CONFLICT DO UPDATE SET "
                            "items = items + ?4, kilobytes = kilobytes + ?5");
     for (const platform::DeletedShare& share : shares) {
-        add.text(1, day).text(2, share.name).text(3, share.folder); // NOLINT(readability-magic-numbers)
-        const Status added = add.number(4, share.items).number(5, share.kilobytes).run();
+        add.text(1, day).text(2, share.name).text(3, share.folder);
+        Status added = add.number(4, share.items).number(5, share.kilobytes).run();
         if (!added)
             return added; // closing takes the begun change back
     }
-    if (const Status forgotten = forget(history, day); !forgotten)
+    if (Status forgotten = forget(history, day); !forgotten)
         return forgotten;
     return runAll(history, {"COMMIT"});
 }
 
 Status SqliteHistory::forget(sqlite3* opened, const std::string& today) const {
     Statement old(opened, "DELETE FROM share WHERE day < date(?1, ?2)");
-    if (const Status done = old.text(1, today).text(2, "-" + std::to_string(retention_.days) + " days").run();
+    if (Status done = old.text(1, today).text(2, "-" + std::to_string(retention_.days) + " days").run();
         !done)
         return done;
     // The day that the last row too many belongs to goes whole, and all before it.

@@ -80,7 +80,7 @@ void SoundSink::feed() {
     connection_->pass();
     const std::size_t room = playable() ? pa_stream_writable_size(stream_) : 0;
     const std::size_t frameBytes = static_cast<std::size_t>(format_.channels) * sizeof(std::int16_t);
-    if (room < frameBytes || room == static_cast<std::size_t>(-1))
+    if (frameBytes == 0 || room < frameBytes || room == static_cast<std::size_t>(-1))
         return;
     samples_.resize(room / frameBytes * static_cast<std::size_t>(format_.channels));
     const std::size_t filled = fill_(samples_);

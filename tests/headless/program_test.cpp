@@ -103,7 +103,7 @@ TEST(Program, endsInOrderWhenItIsStopped) {
         {"exec 3<&-", "status 5"},
     };
     for (const auto& [what, status] : kCases) {
-        const Ended ended = run(scratch, kHalfway + what + kTell);
+        const Ended ended = run(scratch, std::string(kHalfway).append(what).append(kTell));
         for (const char* expected : {status, "halfway", "counted", "logged"})
             EXPECT_NE(std::string::npos, ended.said.find(expected)) << what << ": " << expected << "\n"
                                                                     << ended.said;

@@ -47,8 +47,7 @@ TEST(IniSettingsStore, keepsEveryTextOverARestart) {
                                   "\U0001F600 ok",
                                   ";",
                                   "\xFF\xFE no text",
-                                  "\x01"
-                                  "f\x7F",
+                                  "\001f\x7F",
                                   std::string("n\0l", 3),
                                   "@@",
                                   "@String(x)"};
@@ -96,7 +95,7 @@ TEST(IniSettingsStore, readsWhatEarlierVersionsAndHandsHaveWritten) {
 
 TEST(IniSettingsStore, keepsACopyOfWhatItCannotRead) {
     for (const std::string& damaged :
-         {std::string("[Settings]\nForce=0\nConf"), std::string("[Settings]\nForce=0\nX=\0\0\0\n", 26),
+         {std::string("[Settings]\nForce=0\nConf"), std::string("[Settings]\nForce=0\nX=\0\0\0\n", 25),
           std::string("[Settings]\nForce=0\n[Sett\n"), std::string("[Settings]\nForce=0\n=1\n")}) {
         const Disk disk;
         disk.put(damaged);

@@ -22,7 +22,7 @@ protected:
 
     /// Has the next folder read and these found in it; tells its name.
     std::string read(ReadPlan& plan, const Names& found = {}, std::size_t bytes = 0) {
-        const std::string name = next(plan);
+        std::string name = next(plan);
         if (last_)
             plan.done(last_, {handle(), {std::make_unique<char[]>(bytes), bytes, true}}, found);
         return name;

@@ -56,7 +56,7 @@ LanguageId usersLanguage() {
     const QString name = QLocale::system().name(); // "pt_BR"
     const std::string language = name.section(QLatin1Char('_'), 0, 0).toStdString();
     const std::string country = name.section(QLatin1Char('_'), 1, 1).toStdString();
-    for (const std::string& tag : {language + "-" + country, language})
+    for (const std::string& tag : {std::string(language).append("-").append(country), language})
         if (const auto id = text::languageId(tag); id && knows(*id))
             return *id;
     return kEnglish;

@@ -77,16 +77,17 @@ void UnaskedBox::activated() {
 }
 
 void letButtonsWait(QMessageBox& box) {
-    const auto enable = [shown = QPointer<QMessageBox>(&box)](bool on) {
-        if (!shown)
-            return;
-        for (QAbstractButton* button : shown->buttons())
-            button->setEnabled(on);
-        if (on && shown->defaultButton() != nullptr)
-            shown->defaultButton()->setFocus();
-    };
-    enable(false);
-    QTimer::singleShot(kSight, &box, [enable] { enable(true); });
+    for (QAbstractButton* button : box.buttons())
+        button->setEnabled(false);
+    auto* const sight = new QTimer(&box);
+    sight->setSingleShot(true);
+    QObject::connect(sight, &QTimer::timeout, &box, [&box] {
+        for (QAbstractButton* button : box.buttons())
+            button->setEnabled(true);
+        if (box.defaultButton() != nullptr)
+            box.defaultButton()->setFocus();
+    });
+    sight->start(kSight);
 }
 
 void bringBack(QWidget& box) {

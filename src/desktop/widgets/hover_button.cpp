@@ -9,17 +9,17 @@
 
 namespace brovin::desktop {
 namespace {
-constexpr int kPicture = 20; ///< height and width of the picture
+constexpr int kSide = 20; ///< of the picture
 }
 
 HoverButton::HoverButton(ui::Button& control, const ui::Window& window, QWidget* parent)
     : QPushButton(parent), control_(control), window_(window) {
     bind(this, control);
     setAutoDefault(false);
-    setIconSize({kPicture, kPicture});
+    setIconSize({kSide, kSide});
     const auto show = [shown = QPointer<HoverButton>(this)] {
         if (shown)
-            shown->setIcon(picture(qt(shown->control_.picture()), kPicture, shown->devicePixelRatioF()));
+            shown->setIcon(picture(qt(shown->control_.picture()), kSide, shown->devicePixelRatioF()));
     };
     show();
     control.observe(show);

@@ -9,12 +9,12 @@
 namespace brovin::acsc {
 namespace {
 
-QString plain(const std::string& text) {
+QString plainText(const std::string& text) {
     return QString::fromStdString(text);
 }
 
 QString guidString(const character::Guid& guid) {
-    return plain(character::guidText(guid));
+    return plainText(character::guidText(guid));
 }
 
 QString colourText(const character::Colour& colour) {
@@ -42,8 +42,8 @@ QJsonValue voiceOf(const character::CharacterData& data) {
         voice[QStringLiteral("gender")] =
             QString::fromLatin1(genders[static_cast<std::size_t>(settings.traits->gender)]);
         voice[QStringLiteral("age")] = settings.traits->ageYears;
-        voice[QStringLiteral("dialect")] = plain(settings.traits->dialect);
-        voice[QStringLiteral("style")] = plain(settings.traits->style);
+        voice[QStringLiteral("dialect")] = plainText(settings.traits->dialect);
+        voice[QStringLiteral("style")] = plainText(settings.traits->style);
     }
     return voice;
 }
@@ -57,7 +57,7 @@ QJsonValue balloonOf(const character::CharacterData& data) {
                        {QStringLiteral("text"), colourText(balloon.text)},
                        {QStringLiteral("background"), colourText(balloon.background)},
                        {QStringLiteral("border"), colourText(balloon.border)},
-                       {QStringLiteral("font"), plain(balloon.fontName)},
+                       {QStringLiteral("font"), plainText(balloon.fontName)},
                        {QStringLiteral("height"), balloon.fontHeightPixels},
                        {QStringLiteral("weight"), balloon.fontWeight},
                        {QStringLiteral("italic"), balloon.italic},
@@ -70,9 +70,9 @@ QString textsText(const character::CharacterData& data) {
     JsonMembers texts;
     for (const character::LocalizedInfo& info : data.info)
         texts.add(languageName(info.language),
-                  QJsonObject{{QStringLiteral("name"), plain(info.name)},
-                              {QStringLiteral("description"), plain(info.description)},
-                              {QStringLiteral("extra"), plain(info.extraData)}});
+                  QJsonObject{{QStringLiteral("name"), plainText(info.name)},
+                              {QStringLiteral("description"), plainText(info.description)},
+                              {QStringLiteral("extra"), plainText(info.extraData)}});
     return texts.text();
 }
 
@@ -81,8 +81,8 @@ QString statesText(const character::CharacterData& data) {
     for (const character::State& state : data.states) {
         QJsonArray names;
         for (const std::uint32_t animation : state.animations)
-            names.append(plain(data.animations[animation].name));
-        states.add(plain(state.name), names);
+            names.append(plainText(data.animations[animation].name));
+        states.add(plainText(state.name), names);
     }
     return states.text();
 }

@@ -70,7 +70,7 @@ void Rig::readSwitches(JsonSource& character) {
     JsonSource switches = character.at(QStringLiteral("switches"));
     for (const QString& name : switches.keys()) {
         JsonSource choices = switches.at(name);
-        const QStringList order = choices.keys();
+        const QStringList& order = choices.keys();
         addSwitch(name, choices, order);
     }
     JsonSource mouths = character.at(QStringLiteral("mouths"));

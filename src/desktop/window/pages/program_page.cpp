@@ -10,7 +10,7 @@
 namespace brovin::desktop {
 
 namespace {
-constexpr int kAnimationHeight = 64;
+constexpr int kPackAnimationHeight = 64;
 }
 
 QWidget* makeProgramPage(ui::FrmOptions& form, QWidget* parent) {
@@ -22,7 +22,7 @@ QWidget* makeProgramPage(ui::FrmOptions& form, QWidget* parent) {
     layout->addWidget(bound<QCheckBox>(form.chkStartWindows, page));
     layout->addLayout(row({bound<QCheckBox>(form.chkUpdate, page), bound<QComboBox>(form.cmbCheck, page)}));
     layout->addLayout(row({bound<QPushButton>(form.cmdUpdate, page),
-                           new AnimationLabel(form.picAnim, kAnimationHeight, page)}));
+                           new AnimationLabel(form.picAnim, kPackAnimationHeight, page)}));
     return page;
 }
 
