@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QWindow>
 
