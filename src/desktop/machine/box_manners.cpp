@@ -17,6 +17,15 @@ using namespace std::chrono_literals;
 constexpr auto kSight = 500ms; ///< what it takes to see that a box is there
 constexpr auto kPause = 2s;    ///< so long without a key: nobody is in the middle of typing
 
+/// Acts once when the user has had the time to see the box, unless `owner` has gone by then.
+template <class Act>
+void onceSeen(QObject& owner, Act act) {
+    auto* const timer = new QTimer(&owner);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, &owner, act);
+    timer->start(kSight);
+}
+
 } // namespace
 
 UnaskedBox::UnaskedBox(QDialog& box) : QObject(&box), box_(box) {
@@ -35,7 +44,7 @@ bool UnaskedBox::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Show:
         if (widget == &box_ && !shown_.isValid()) {
             shown_.start();
-            QTimer::singleShot(kSight, this, [this] { admitFocus(); });
+            onceSeen(*this, [this] { admitFocus(); });
         }
         return false;
     case QEvent::WindowActivate:
@@ -78,15 +87,12 @@ void UnaskedBox::activated() {
 void letButtonsWait(QMessageBox& box) {
     for (QAbstractButton* button : box.buttons())
         button->setEnabled(false);
-    auto* const sight = new QTimer(&box);
-    sight->setSingleShot(true);
-    QObject::connect(sight, &QTimer::timeout, &box, [&box] {
+    onceSeen(box, [&box] {
         for (QAbstractButton* button : box.buttons())
             button->setEnabled(true);
         if (box.defaultButton() != nullptr)
             box.defaultButton()->setFocus();
     });
-    sight->start(kSight);
 }
 
 void bringBack(QWidget& box) {
