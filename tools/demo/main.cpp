@@ -62,12 +62,16 @@ public:
     Demonstration(desktop::DesktopProgram& program, const QString& folder, Picture picture)
         : program_(program), folder_(folder), picture_(picture) {
         QObject::connect(&watching_, &QTimer::timeout, [this] { watch(); });
+        QObject::connect(&pressing_, &QTimer::timeout, [this] { press(); });
+        QObject::connect(&leaving_, &QTimer::timeout, [this] { leave(); });
+        pressing_.setSingleShot(true);
+        leaving_.setSingleShot(true);
     }
 
     void begin() {
         program_.form().mPopRestore.click();
         waiting_.start();
-        QTimer::singleShot(kLook, &watching_, [this] { press(); });
+        pressing_.start(kLook);
     }
 
 private:
@@ -83,12 +87,14 @@ private:
         if (!said && !waiting_.hasExpired(kPatience))
             return;
         watching_.stop();
-        const bool complete = report(said.value_or(QString()));
-        QTimer::singleShot(said ? kLinger : 0, &watching_, [complete] {
-            if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                box->accept();
-            QApplication::exit(complete ? 0 : 1);
-        });
+        complete_ = report(said.value_or(QString()));
+        leaving_.start(said ? kLinger : 0);
+    }
+
+    void leave() const {
+        if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            box->accept();
+        QApplication::exit(complete_ ? 0 : 1);
     }
 
     /// False: something is missing.
@@ -112,6 +118,9 @@ private:
     QString folder_;
     Picture picture_;
     QTimer watching_;
+    QTimer pressing_;
+    QTimer leaving_;
+    bool complete_ = false; ///< nothing was missing in the report
     QElapsedTimer waiting_;
     tools::ResultWatch result_;
     bool pressed_ = false;

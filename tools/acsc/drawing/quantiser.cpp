@@ -111,6 +111,7 @@ std::vector<PerceivedColour> medianCut(std::vector<Sample> samples, std::size_t 
         cuts.push_back(judged(samples, middle + 1, to));
     }
     std::vector<PerceivedColour> means;
+    means.reserve(cuts.size());
     for (const Cut& cut : cuts)
         means.push_back(meanOf(samples, cut));
     return means;
@@ -159,6 +160,7 @@ std::vector<std::uint32_t> findColours(const ColourCounts& counts, const std::ve
         return found;
     }
     std::vector<PerceivedColour> centres;
+    centres.reserve(fixed.size());
     for (const std::uint32_t colour : fixed)
         centres.push_back(perceived(colour));
     std::vector<Sample> samples = gather(open);
