@@ -36,7 +36,7 @@ struct Machine {
     platform::Clock& clock;
     platform::Random& random;
     platform::EventPump& pump;
-    const update::Machine* updates = nullptr; ///< null: this machine cannot ask for updates
+    const update::Machine* updates = nullptr; ///< null: this build or machine never asks for any
 };
 
 } // namespace brovin::app

@@ -13,6 +13,7 @@
 #include "ui/list_hints.h"
 #include "window/speech_frequency.h"
 
+#include <initializer_list>
 #include <optional>
 #include <utility>
 
@@ -96,6 +97,7 @@ struct Program::Rooms {
 
     void tieLanguage();
     void tieUpdates();
+    void leaveUpdatesToOthers();
 };
 
 Program::Rooms::Rooms(const Machine& beneath, settings::ProgramInfo about, std::string command)
@@ -128,6 +130,8 @@ void Program::Rooms::tieLanguage() {
         cleaner.statistics.showLastScanned();
         schedule.options.dtpWord_Change();
         companion.host.lstChars_Click();
+        if (machine.updates == nullptr)
+            leaveUpdatesToOthers();
     };
     language.loader.quit = [this] {
         startUp.end();
@@ -135,10 +139,22 @@ void Program::Rooms::tieLanguage() {
     };
 }
 
+/// Nobody is ever asked: the controls are off, and say why.
+void Program::Rooms::leaveUpdatesToOthers() {
+    const language::MessageTable& messages = language.tables.messageTable;
+    for (ui::Control* control :
+         std::initializer_list<ui::Control*>{&form.chkUpdate, &form.cmbCheck, &form.cmdUpdate}) {
+        control->setEnabled(false);
+        control->setToolTip(messages.getText("updatesElsewhereTip"));
+    }
+    form.cmdUpdate.setCaption(messages.getText("updatesElsewhere"));
+}
+
 void Program::Rooms::tieUpdates() {
-    form.cmdUpdate.setEnabled(machine.updates != nullptr);
-    if (machine.updates == nullptr)
+    if (machine.updates == nullptr) {
+        leaveUpdatesToOthers();
         return;
+    }
     updateCheck.emplace(update::UpdateCheck::Needs{.frame = form,
                                                    .programPage = form,
                                                    .life = form,

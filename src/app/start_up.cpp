@@ -187,6 +187,8 @@ void StartUp::restoreRow(const StoredControl& row) {
         switchCharacterOff();
         return;
     }
+    if (row.setting == &setting::kUpdateOnStart && needs_.machine.updates == nullptr)
+        return; // stays off, and what is stored is kept for a build that asks
     const Status outcome = restore(needs_.form, row, needs_.settings.read(*row.setting));
     if (outcome || !goesOn(outcome.failure()))
         return;

@@ -4,7 +4,6 @@
 #include "desktop/character/desktop_character_service.h"
 #include "desktop/machine/autostart_registry.h"
 #include "desktop/machine/box_manners.h"
-#include "desktop/machine/curl_transfer.h"
 #include "desktop/machine/initiative.h"
 #include "desktop/machine/lock_file_instance.h"
 #include "desktop/machine/qt_dialogs.h"
@@ -15,10 +14,7 @@
 #include "desktop/voice/sound_player.h"
 #include "desktop/widgets/pictures.h"
 #include "desktop/window/accessibility.h"
-#include "desktop/window/download_window.h"
 #include "desktop/window/options_window.h"
-#include "net/private_downloads.h"
-#include "net/sodium_key.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/icu_regional.h"
@@ -64,8 +60,7 @@ struct DesktopMachine {
         : settings(places.settingsFile), folder({places.installedFolder, places.ownFolder}),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
           registry(pathOf(places.autostartFolder)), instance(pathOf(places.runningLock)),
-          scanLock(places.settingsFolder),
-          key(source.key), updates{transfer, downloads, key, downloadWindows, source.server} {}
+          scanLock(places.settingsFolder), updates(source) {}
 
     Initiative initiative;
     posix::IniSettingsStore settings;
@@ -83,17 +78,13 @@ struct DesktopMachine {
     posix::SystemClock clock;
     posix::StandardRandom random;
     QtEventPump pump;
-    CurlTransfer transfer;
-    net::PrivateDownloads downloads{net::downloadFolderPath()};
-    net::SodiumKey key;
-    DownloadWindows downloadWindows;
-    update::Machine updates;
+    Updates updates;
 
     /// Whether the program waits for an answer, and other events have to wait for the program.
-    [[nodiscard]] bool busy() const { return dialogs.open() || downloadWindows.open(); }
+    [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
     [[nodiscard]] app::Machine pieces() {
         return {settings, files,    folder,   dialogs,  shell, tray,   clipboard, characters,
-                registry, instance, scanLock, regional, clock, random, pump,      &updates};
+                registry, instance, scanLock, regional, clock, random, pump,      updates.machine()};
     }
 };
 
@@ -131,7 +122,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     OptionsWindow& window = parts_->window;
     window.company = [&machine] { return machine.characters.company(); };
     machine.dialogs.setOwner(&window);
-    machine.downloadWindows.setOwner(&window);
+    machine.updates.setOwner(&window);
     machine.shell.setWindow(&window);
     machine.shell.setManual(pathOf(places.installedFolder + "/help"));
     machine.shell.ending = [&window] { window.letGo(); };

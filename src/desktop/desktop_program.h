@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/character/character_audio.h"
+#include "desktop/updates/updates.h"
 #include "posix/places.h"
 #include "settings/program_info.h"
 
@@ -16,12 +17,6 @@ struct FrmOptions;
 namespace brovin::desktop {
 
 class OptionsWindow;
-
-/// Where updates come from, and who vouches for them.
-struct UpdateSource {
-    std::string server; ///< without a path
-    std::string key;    ///< the maker's public key in hex or base64; empty: this build has none
-};
 
 /// The program on a desktop: the machine beneath, the core on it, and the options window before it. There
 /// must be a QApplication.

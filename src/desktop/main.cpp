@@ -58,6 +58,10 @@ int main(int argc, char** argv) {
     if (!line.problem.empty() || line.scan || line.help || line.version)
         return refuse(ExitStatus::BadUsage,
                       "this part of the program only shows the window; start \"brovin\"");
+    if (!line.updateServer.empty() && !desktop::Updates::builtIn())
+        return refuse(
+            ExitStatus::BadUsage,
+            "--update-server has no use: this copy asks nobody for updates, its distributor brings them");
     const auto updates = updateSource(line.updateServer.empty() ? kUpdateServer : line.updateServer);
     if (!updates)
         return refuse(ExitStatus::BadUsage,

@@ -45,6 +45,9 @@ inline constexpr TextRow kTextRows[] = {
      "This copy of Brovin has no key to prove its maker by, so it starts no installer. The page has "
      "the new version."},
     {"updateOpenPage", "&Open the Page"},
+    {"updatesElsewhere", "My updates come with your system's"},
+    {"updatesElsewhereTip",
+     "This copy of Brovin asks nobody for updates. They come with those of your system."},
     {"updateNotStarted",
      "The update could not be started: %1.\\n\\nIt is kept in %2 until the next download."},
     {"packNotTaken", "The language pack was not taken, and the old one stays.\\n\\n%1"},

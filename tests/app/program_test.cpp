@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "fakes/fake_downloads.h"
 #include "fakes/fake_machine.h"
 #include "fakes/test_language.h"
 
@@ -17,15 +18,15 @@ using std::chrono::hours;
 using std::chrono::minutes;
 
 /// The whole program on a machine in memory.
-struct ProgramWorld : FakeMachine {
-    ProgramWorld() {
+struct ProgramWorld : FakeMachine, fakes::FakeUpdates {
+    explicit ProgramWorld(bool asksForUpdates = true)
+        : program({settings, files, folder, dialogs, shell, tray, clipboard, characters, registry, instance,
+                   scanLock, regional, clock, random, pump, asksForUpdates ? &machine : nullptr},
+                  {"Brovin", 2, 7, 106}, "/opt/brovin") {
         folder.files["default.blp"] = fakes::testLanguage();
         clock.time = std::chrono::local_days(std::chrono::year(2026) / 11 / 21) + hours(10) + minutes(5);
     }
-    Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, registry, instance,
-                     scanLock, regional, clock, random, pump},
-                    {"Brovin", 2, 7, 106},
-                    "/opt/brovin"};
+    Program program;
     ui::FrmOptions& form = program.frmOptions();
 };
 
@@ -254,6 +255,27 @@ TEST(Program, answersWhenItsMascotIsPoked) {
         world.form.imgBrovin.click();
         EXPECT_EQ(text, world.dialogs.boxes.back().text);
     }
+}
+
+TEST(Program, asksNobodyForUpdatesWhereOthersBringThem) {
+    ProgramWorld world(false);
+    world.settings.set("UpdateOnStart", "1");
+    world.folder.files["other.blp"] = fakes::testLanguage() + "text.updatesElsewhere=Ask the others\n";
+    ASSERT_TRUE(world.program.Form_Load());
+    world.clock.time += hours(24);
+    world.form.Timer1.tick();
+    world.form.cmdUpdate.click();
+    EXPECT_EQ("", world.settings.setting("LastUpdateCheck")) << "no check has been made";
+    EXPECT_EQ("1", world.settings.setting("UpdateOnStart")) << "kept for a program that can";
+    EXPECT_FALSE(world.form.chkUpdate.checked());
+    for (const ui::Control* control : std::initializer_list<const ui::Control*>{
+             &world.form.chkUpdate, &world.form.cmbCheck, &world.form.cmdUpdate}) {
+        EXPECT_FALSE(control->enabled()) << control->name();
+        EXPECT_NE(std::string::npos, control->toolTip().find("asks nobody")) << control->toolTip();
+    }
+    EXPECT_EQ("My updates come with your system's", world.form.cmdUpdate.caption());
+    world.form.lstLang.select(1);
+    EXPECT_EQ("Ask the others", world.form.cmdUpdate.caption()) << "in each language";
 }
 
 TEST(Program, leavesOnlyWhenToldTo) {

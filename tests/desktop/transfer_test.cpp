@@ -1,5 +1,5 @@
-#include "desktop/machine/curl_transfer.h"
 #include "desktop/scripted_server.h"
+#include "desktop/updates/curl_transfer.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

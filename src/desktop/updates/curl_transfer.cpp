@@ -1,4 +1,4 @@
-#include "desktop/machine/curl_transfer.h"
+#include "desktop/updates/curl_transfer.h"
 
 #include "platform/reasons.h"
 #include "text/strings.h"
