@@ -105,6 +105,10 @@ Program::Rooms::Rooms(const Machine& beneath, settings::ProgramInfo about, std::
     form.imgBrovin.click = [this] { mascot.imgBrovin_Click(); };
     form.chkStartWindows.click = [this] { runKey.chkStartWindows_Click(); };
     form.cmdExit.click = [this] { shutDown.cmdExit_Click(); };
+    form.window.close = [this] {
+        shutDown.closing();
+        window.Form_Close();
+    };
     form.mPopExit.click = [this] { shutDown.cmdExit_Click(); };
     ui::tieListHints(form);
     tieLanguage();

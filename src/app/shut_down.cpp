@@ -1,7 +1,5 @@
 #include "app/shut_down.h"
 
-#include <string>
-
 namespace brovin::app {
 
 namespace box = platform::box;
@@ -21,7 +19,7 @@ void ShutDown::cmdExit_Click() {
     if (answer != platform::Button::Yes)
         return;
     if (needs_.cleaner.scan.busy()) {
-        offerToStopScan();
+        offerToStopScan(messages.getText("stopScan"));
         return;
     }
     if (form.chkAgent.checked() && needs_.actor.character != nullptr) {
@@ -31,10 +29,15 @@ void ShutDown::cmdExit_Click() {
     Form_Unload();
 }
 
-void ShutDown::offerToStopScan() {
+void ShutDown::closing() {
+    if (needs_.cleaner.scan.busy())
+        offerToStopScan(needs_.speech.messages.getText("closeDuringScan"));
+}
+
+void ShutDown::offerToStopScan(const std::string& question) {
     const auto answer = needs_.speech.announcer.agentMsgBox(
-        needs_.speech.messages.getText("stopScan"), box::kYesNo | box::kQuestion,
-        needs_.speech.messages.getMessage(Message::ConfirmExitTitle), companion::ForceBox::Yes);
+        question, box::kYesNo | box::kQuestion, needs_.speech.messages.getMessage(Message::ConfirmExitTitle),
+        companion::ForceBox::Yes);
     if (answer == platform::Button::Yes)
         needs_.cleaner.scanRun.cancel();
 }

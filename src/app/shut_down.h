@@ -9,6 +9,8 @@
 #include "settings/settings.h"
 #include "ui/frm_options.h"
 
+#include <string>
+
 namespace brovin::app {
 
 /// The ways out of the program: the exit button with its question, and the unloading of the window.
@@ -29,11 +31,13 @@ public:
     /// Asks, and ends the program on Yes. While a scan runs that is refused and leaves no trace, but the scan
     /// can be stopped.
     void cmdExit_Click();
+    /// The window is about to be put away: where a scan runs, that is told, and it can be stopped.
+    void closing();
     /// Ends the program without a question; refused while a scan runs.
     void Form_Unload();
 
 private:
-    void offerToStopScan();
+    void offerToStopScan(const std::string& question);
     void leaveCharacter();
 
     Needs needs_;

@@ -55,6 +55,7 @@ Cleaner::Cleaner(const Needs& needs)
                .shell = needs.machine.shell,
                .clock = needs.machine.clock,
                .regional = needs.machine.regional}) {
+    needs.frame.cmdStopScan.click = [this] { scanRun.cmdStopScan_Click(); };
     tie(needs.foldersPage);
     tie(needs.nastyPage);
     tie(needs.scanningPage);

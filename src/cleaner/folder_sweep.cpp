@@ -50,6 +50,8 @@ void FolderSweep::beginRun(platform::LineWriter* log) {
     scanKB = 0;
     notVisited = 0;
     foldersOpened = 0;
+    entriesSeen = 0;
+    gone = 0;
     strangers.clear();
     cancelled_ = false;
     names_ = NameSet(needs_.nastyPage.lstFiles.items());
@@ -174,7 +176,9 @@ bool FolderSweep::handlePiece(std::span<const platform::Entry> entries, Level& l
         needs_.pump.pump();
         if (cancelled_ || !handleEntry(entry, level, kb))
             return false;
+        ++entriesSeen;
     }
+    progress();
     return true;
 }
 
@@ -247,6 +251,8 @@ Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, st
     const Force force = needs_.scanningPage.chkForce.checked() ? Force::Yes : Force::No;
     Status outcome = kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
                                                : walk_->deleteFile(entry.trueName, force);
+    if (outcome)
+        ++gone;
     if (deletionTried)
         deletionTried({truePath_ + std::string(entry.trueName), kind, kb, static_cast<bool>(outcome),
                        outcome ? std::string() : outcome.failure().reason});

@@ -49,7 +49,7 @@ public:
 
     /// Told after each deletion that was tried.
     std::function<void(const Deletion&)> deletionTried;
-    /// Told at each folder and each deletion, however quickly they follow.
+    /// Told at each folder, each piece of a long listing and each deletion, however quickly they follow.
     std::function<void()> progressed;
     /// Told when a folder, given in the disk's own bytes, could not be swept, and why.
     std::function<void(const std::string& path, const std::string& reason)> folderFailed;
@@ -61,6 +61,8 @@ public:
     std::int32_t scanKB = 0;            ///< kilobytes deleted in this run
     std::uint64_t notVisited = 0;       ///< folders beyond kMostSubfolders in this run
     std::uint64_t foldersOpened = 0;    ///< folders swept in this run
+    std::uint64_t entriesSeen = 0;      ///< entries looked at in this run
+    std::uint64_t gone = 0;             ///< entries really deleted in this run, however many
     std::vector<std::string> strangers; ///< folders of this run that are not those that were added
 
     /// Sets the counts to nothing and takes over the names of `lstFiles` for the run. Deletions are logged
@@ -71,6 +73,8 @@ public:
     /// whatever the event pump lets through.
     void cancel() { cancelled_ = true; }
     [[nodiscard]] bool cancelled() const { return cancelled_; }
+    /// The folder in work, for the user's eyes; of kMostShownPath bytes at most.
+    [[nodiscard]] std::string folderInWork() const { return shown(""); }
 
     /// Sweeps one folder tree. `shownPath` is what the user sees, `truePath` where it is.
     /// `identity`: what the folder was when it was added to the list. Where another one stands in its place,

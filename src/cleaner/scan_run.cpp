@@ -28,7 +28,8 @@ std::string added(const std::string& stored, double share) {
 } // namespace
 
 ScanRun::ScanRun(const Needs& needs) : needs_(needs) {
-    needs_.sweep.progressed = [this] { showProgress(); };
+    needs_.sweep.progressed = [this] { tellProgress(); };
+    showProgress(false);
 }
 
 ScanOutcome ScanRun::runScan() {
@@ -39,7 +40,9 @@ ScanOutcome ScanRun::runScan() {
         return ScanOutcome::BusyElsewhere;
     {
         const ScanState::Running running(needs_.scan);
+        showProgress(true);
         scanFolders();
+        showProgress(false);
     }
     hold.reset();
     if (needs_.sweep.cancelled())
@@ -70,17 +73,32 @@ void ScanRun::showStatus(const std::string& text) {
     needs_.tip.show(text);
 }
 
-/// In the title and at the icon; the status line tells the folder meanwhile.
-void ScanRun::showProgress() {
+void ScanRun::showProgress(bool running) {
+    if (running)
+        needs_.frame.sbProgress.setPanel("");
+    needs_.frame.sbProgress.setVisible(running);
+    needs_.frame.cmdStopScan.setEnabled(true);
+    needs_.frame.cmdStopScan.setVisible(running);
+}
+
+/// Beside the button that stops it, in the title and at the icon; the status line tells the folder meanwhile.
+void ScanRun::tellProgress() {
     const std::chrono::milliseconds now = needs_.clock.elapsed();
     if (now - shownAt_ < kProgressInterval)
         return;
     shownAt_ = now;
     const auto& messages = needs_.speech.messages;
-    const std::string text = messages.getMessage(Message::ScanUnderWay) + " " +
-                             messages.getText("goneSoFar", {std::to_string(needs_.sweep.scanItemCount)});
-    needs_.tip.show(text);
-    needs_.statistics.showRunning(text);
+    const auto number = [this](std::uint64_t count) {
+        return needs_.regional.grouped(static_cast<std::int64_t>(count));
+    };
+    const FolderSweep& sweep = needs_.sweep;
+    const std::string gone = number(sweep.gone);
+    const std::string counts =
+        messages.getText("scanProgress", {number(sweep.foldersOpened), number(sweep.entriesSeen), gone});
+    needs_.frame.sbProgress.setPanel(counts);
+    needs_.tip.show(counts, sweep.folderInWork());
+    needs_.statistics.showRunning(messages.getMessage(Message::ScanUnderWay) + " " +
+                                  messages.getText("goneSoFar", {gone}));
 }
 
 std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
@@ -161,6 +179,11 @@ void ScanRun::cmdNuke_Click() {
     if (!needs_.characterPage.chkAgent.checked() || needs_.actor.character == nullptr)
         buttonEndedAt_.reset();
     tellOfStrangers();
+}
+
+void ScanRun::cmdStopScan_Click() {
+    needs_.frame.cmdStopScan.setEnabled(false); // heard; the entry in work may take a while
+    cancel();
 }
 
 void ScanRun::report() {

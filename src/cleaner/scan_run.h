@@ -65,12 +65,14 @@ public:
     /// Ends the run that is under way behind the entry that is being worked on.
     void cancel() { needs_.sweep.cancel(); }
     void cmdNuke_Click();
+    void cmdStopScan_Click();
     /// Tells of each folder that the last run left alone because another one stands in its place.
     void tellOfStrangers();
 
 private:
     void showStatus(const std::string& text);
-    void showProgress();
+    void showProgress(bool running);
+    void tellProgress();
     [[nodiscard]] std::unique_ptr<platform::LineWriter> openLog();
     void scanFolders();
     void sweepAll();

@@ -61,6 +61,7 @@ void Statistics::updateStatistics() {
                "." + std::to_string(program.revision) + " - " + std::to_string(total) + " (" +
                needs_.regional.grouped(kb) + " KB) nasties since " +
                needs_.settings.stored(setting::kTotalDate).value_or(today()) + ".";
+    needs_.frame.sbScore.setPanel(numbers_);
     needs_.frame.window.setCaption(numbers_);
 }
 

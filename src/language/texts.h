@@ -21,7 +21,11 @@ inline constexpr TextRow kTextRows[] = {
     {"stopScan",
      "A scan is running, so I stay until it is done. Shall I stop it?\\n\\nWhat it has deleted by "
      "then stays deleted."},
+    {"closeDuringScan",
+     "A scan is running. It goes on behind my icon when you close the window. Shall I stop "
+     "it?\\n\\nWhat it has deleted by then stays deleted."},
     {"goneSoFar", "%1 gone so far"},
+    {"scanProgress", "Folders: %1, entries: %2, gone: %3"}, // at the icon it has few characters
     {"anotherFolder", "Another folder stands in its place"},
     {"folderReplaced", "Where %1 was when it was added, another folder stands now. It was left alone. If it "
                        "is the right one, remove it from the list and add it again."},

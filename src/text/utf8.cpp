@@ -120,6 +120,16 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, bytes);
 }
 
+std::string cutInTheMiddle(std::string_view text, std::size_t count) {
+    const std::size_t all = characterCount(text);
+    if (all <= count)
+        return std::string(text);
+    const std::size_t head = (count - 1) / 2;
+    const std::size_t tail = count - 1 - head;
+    const std::string_view without = firstCharacters(text, all - tail);
+    return std::string(firstCharacters(text, head)).append("…").append(text.substr(without.size()));
+}
+
 std::string fromWindows1252(std::string_view bytes) {
     constexpr std::array<char32_t, 32> k80To9F = {
         0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,

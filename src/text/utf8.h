@@ -36,6 +36,9 @@ void appendUtf8(std::string& text, char32_t codePoint);
 /// The first `count` characters of a text, or all of it.
 [[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
 
+/// The text in `count` characters at most, 1 at least, with "…" for the middle of one that is longer.
+[[nodiscard]] std::string cutInTheMiddle(std::string_view text, std::size_t count);
+
 /// Windows-1252 as UTF-8. Its five unused bytes become the control characters of the same number.
 [[nodiscard]] std::string fromWindows1252(std::string_view bytes);
 

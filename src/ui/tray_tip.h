@@ -17,6 +17,14 @@ public:
         keep(text);
         tray_.setTip(tip_);
     }
+    /// In two lines; of the second one the middle gives way.
+    void show(std::string_view text, std::string_view below) {
+        const std::size_t used = text::characterCount(text) + 1;
+        if (used + kLeastBelow > kMost)
+            show(text);
+        else
+            show(std::string(text) + "\n" + text::cutInTheMiddle(below, kMost - used));
+    }
     /// Adds the icon with this tip. False: this desktop has no place for it.
     bool addIcon(std::string_view text) {
         keep(text);
@@ -26,10 +34,10 @@ public:
     void addIconAgain() { tray_.add(tip_); }
 
 private:
-    void keep(std::string_view text) {
-        constexpr std::size_t kMost = 64;
-        tip_ = text::firstCharacters(text, kMost);
-    }
+    static constexpr std::size_t kMost = 64;
+    static constexpr std::size_t kLeastBelow = 8; ///< fewer characters of a path tell nothing
+
+    void keep(std::string_view text) { tip_ = text::firstCharacters(text, kMost); }
 
     platform::NotificationArea& tray_;
     std::string tip_;

@@ -326,6 +326,28 @@ TEST(Program, goesOnUnharmedWhenItIsToEndDuringAScan) {
     }
 }
 
+TEST(Program, offersToStopTheScanWhenItsWindowIsPutAway) {
+    for (const Button stop : {Button::No, Button::Yes}) {
+        ProgramWorld world;
+        world.files.addFile("/Share/a/b");
+        ASSERT_TRUE(world.program.Form_Load());
+        world.dialogs.folders = {"/Share"};
+        world.form.cmdAddFolder.click();
+        world.form.window.setVisible(true);
+        world.pump.onPump = [&] {
+            world.pump.onPump = nullptr;
+            world.dialogs.answers = {stop};
+            world.form.window.close();
+            EXPECT_FALSE(world.form.window.visible()) << "either way";
+        };
+        world.form.cmdNuke.click();
+        ASSERT_EQ(2U, world.dialogs.boxes.size()) << "stop, the result";
+        EXPECT_NE(std::string::npos, world.dialogs.boxes[0].text.find("scan is running"));
+        const fakes::FakeFileSystem::Asked entered{fakes::FileOperation::Enter, "/Share/a"};
+        EXPECT_EQ(stop == Button::Yes ? 0 : 1, std::ranges::count(world.files.asked, entered));
+    }
+}
+
 TEST(Program, hasItsOwnWordsWhereALanguageFileIsSilent) {
     ProgramWorld world;
     ASSERT_TRUE(world.program.Form_Load());

@@ -245,11 +245,17 @@ TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
     world.pump.onPump = [&] {
         world.clock.sinceStart += std::chrono::milliseconds(200); // not every change is shown
         titles.push_back(world.form.window.caption() + "|" + world.tray.tips.back());
+        EXPECT_EQ(title, world.form.sbScore.panel()) << "no progress among the statistics";
+        EXPECT_TRUE(world.form.cmdStopScan.visible());
     };
+    EXPECT_FALSE(world.form.sbProgress.visible());
     world.scanRun.runScan();
-    EXPECT_EQ((Texts{"Brovin - m54(%1,%2)|m54(%1,%2)", "Brovin - m54(%1,%2)|m54(%1,%2)",
-                     "Brovin - m54(%1,%2) 1 gone so far|m54(%1,%2) 1 gone so far"}),
-              titles);
+    const std::string begun = "Brovin - m54(%1,%2)|m54(%1,%2)";
+    EXPECT_EQ(
+        (Texts{begun, begun, "Brovin - m54(%1,%2) 1 gone so far|Folders: 1, entries: 2, gone: 1\n/share/"}),
+        titles);
+    EXPECT_EQ("Folders: 1, entries: 2, gone: 1", world.form.sbProgress.panel());
+    EXPECT_FALSE(world.form.sbProgress.visible() || world.form.cmdStopScan.visible());
     EXPECT_NE(title, world.form.window.caption());
     EXPECT_TRUE(world.form.window.caption().starts_with("Brovin v2.7.106 - 1 "));
 }

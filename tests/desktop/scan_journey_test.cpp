@@ -1,9 +1,11 @@
 #include "desktop/desktop_world.h"
 #include "desktop/journey.h"
+#include "desktop/real_input.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -154,6 +156,52 @@ TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
     journey.run();
     EXPECT_TRUE(world.exists("Share/Thumbs.db")) << "the answer was No";
     EXPECT_FALSE(world.exists("Share/Sub/Thumbs.db"));
+}
+
+TEST(ScanJourney, showsHowFarItIsAndStopsByItsButton) {
+    DesktopWorld world;
+    constexpr int kFiles = 12'000;
+    for (int i = 0; i < kFiles; ++i)
+        world.makeFile(QString("Share/%1/._%2").arg(i / 500).arg(i));
+    world.start();
+    const std::string score = world.form().sbScore.panel();
+    world.form().lstFiles.setItems({{"thumbs.db", 0}});
+    world.form().mPopRestore.click();
+
+    Journey journey;
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
+    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
+    journey.then(
+        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
+        [&world] { click(world.widget("cmdNuke")); });
+    // The scan stands still while a step acts: it is still there when the click arrives.
+    journey.then(
+        "the scan", [&world] { return world.widget("cmdStopScan")->isVisible(); }, [] { letPass(300); });
+    journey.then(
+        "its progress", [&world] { return !world.form().sbProgress.panel().empty(); },
+        [&world, score] {
+            world.form().imgTabs[7].click();
+            letPass(60);
+            Journey::takePicture("progress");
+            const auto* shown = qobject_cast<QLabel*>(world.widget("sbProgress"));
+            EXPECT_TRUE(shown->text().startsWith("Folders: ")) << shown->text().toStdString();
+            EXPECT_EQ(score, world.form().sbScore.panel()) << "the page About tells the score";
+            input(at(world.widget("cmdStopScan")->mapToGlobal(QPoint(10, 10))) + QStringList{"click", "1"});
+        });
+    closeMessage(journey, "stopped",
+                 [](const QString& text) { EXPECT_TRUE(text.contains("nasties deleted")); });
+    journey.run();
+    EXPECT_FALSE(world.widget("cmdStopScan")->isVisible());
+    const auto lines = world.logLines();
+    const auto gone = std::count_if(lines.begin(), lines.end(),
+                                    [](const QByteArray& line) { return line.startsWith("Deleted file "); });
+    EXPECT_GT(gone, 0);
+    EXPECT_LT(gone, kFiles);
+    ASSERT_LE(3, lines.size());
+    EXPECT_TRUE(lines[lines.size() - 2].startsWith("Scan finished at ")) << "the closing lines";
+    EXPECT_TRUE(lines[lines.size() - 3].startsWith("Items deleted: " + QByteArray::number(gone)));
+    EXPECT_TRUE(world.program->window().windowTitle().contains(QString(" - %1 (").arg(gone)));
 }
 
 } // namespace

@@ -118,6 +118,12 @@ TEST(DisplayText, letsNoNameBreakALineOrAnEncoding) {
     EXPECT_EQ("gr\u00fcn", displayText("gr\u00fcn"));
 }
 
+TEST(CutInTheMiddle, countsCharactersAndKeepsBothEnds) {
+    EXPECT_EQ("/a/b", cutInTheMiddle("/a/b", 4));
+    EXPECT_EQ("ä…öü", cutInTheMiddle("äxxxöü", 4));
+    EXPECT_EQ("…", cutInTheMiddle("äxx", 1));
+}
+
 TEST(FromWindows1252, knowsTheBytesBetween80And9F) {
     EXPECT_EQ("gr\u00fcn \u20ac \u201Ex\u201C", fromWindows1252("gr\xFCn \x80 \x84x\x93"));
 }

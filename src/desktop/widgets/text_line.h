@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/widgets/text.h"
-#include "ui/window.h"
+#include "ui/controls.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -24,8 +24,8 @@ QLabel* textLine(ui::Control& control, QWidget* page, Text text) {
 }
 
 /// The statistics, which stand in the window's title too, where they may be cut.
-inline QLabel* statisticsLine(ui::Window& window, QWidget* page) {
-    QLabel* line = textLine(window, page, [&window] { return qt(window.caption()); });
+inline QLabel* statisticsLine(ui::StatusBar& score, QWidget* page) {
+    QLabel* line = textLine(score, page, [&score] { return qt(score.panel()); });
     line->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return line;
 }

@@ -4,6 +4,7 @@
 #include "desktop/widgets/bindings.h"
 #include "desktop/widgets/hover_button.h"
 #include "desktop/widgets/page_scroller.h"
+#include "desktop/widgets/parts.h"
 #include "desktop/widgets/pictures.h"
 #include "desktop/widgets/status_line.h"
 #include "desktop/widgets/tab_button.h"
@@ -99,9 +100,19 @@ QWidget* OptionsWindow::makePages() {
     return frame;
 }
 
+/// Keeps its place while no scan runs: nothing moves when one begins.
+QWidget* OptionsWindow::makeProgress() {
+    auto* progress = new QWidget(this);
+    auto* layout = new QHBoxLayout(progress);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new StatusLine(form_.sbProgress, progress), 1);
+    layout->addWidget(bound<QPushButton>(form_.cmdStopScan, progress));
+    return progress;
+}
+
 QLayout* OptionsWindow::makeBottom() {
     auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
+    buttons->addWidget(makeProgress(), 1);
     buttons->addWidget(new HoverButton(form_.cmdHelp, form_.window, this));
     buttons->addWidget(new HoverButton(form_.cmdExit, form_.window, this));
     auto* line = new QFrame(this);

@@ -37,6 +37,7 @@ protected:
 private:
     [[nodiscard]] QWidget* makeTabs();
     [[nodiscard]] QWidget* makePages();
+    [[nodiscard]] QWidget* makeProgress();
     [[nodiscard]] QLayout* makeBottom();
     void followWindow();
     void minimise();

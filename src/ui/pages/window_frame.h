@@ -29,6 +29,9 @@ struct WindowFrame : virtual Form {
     Button cmdHelp{*this, "cmdHelp"};
     Button cmdExit{*this, "cmdExit"};
     StatusBar sbStatus{*this, "sbStatus"};
+    StatusBar sbScore{*this, "sbScore"};       ///< the totals, which the title shows too while no scan runs
+    StatusBar sbProgress{*this, "sbProgress"}; ///< of the scan; shown while one runs, with the button
+    Button cmdStopScan{*this, "cmdStopScan"};
     Timer lineTimer{*this, "lineTimer"}; ///< animates the frame around the chosen tab
 };
 

@@ -36,7 +36,7 @@ QWidget* makeAboutPage(ui::FrmOptions& form, QWidget* parent) {
     layout->addWidget(versionLine(form.lblVersion, page));
     layout->addSpacing(8);
     layout->addWidget(bound<QLabel>(form.lblNumbers, page), 0, Qt::AlignHCenter);
-    QLabel* numbers = statisticsLine(form.window, page);
+    QLabel* numbers = statisticsLine(form.sbScore, page);
     numbers->setAlignment(Qt::AlignHCenter);
     layout->addWidget(numbers);
     layout->addSpacing(16);

@@ -28,7 +28,7 @@ QWidget* makeScanningPage(ui::FrmOptions& form, QWidget* parent) {
 
     auto* numbers = bound<QGroupBox>(form.frmNumbers, page);
     auto* counting = new QVBoxLayout(numbers);
-    counting->addWidget(statisticsLine(form.window, numbers));
+    counting->addWidget(statisticsLine(form.sbScore, numbers));
     counting->addLayout(row({bound<QPushButton>(form.cmdResetCounter, numbers),
                              bound<QPushButton>(form.cmdCopyNumbers, numbers)}));
     layout->addWidget(numbers);
