@@ -25,6 +25,7 @@ packages_test=(
     libgtest-dev openssl
     libxml2-utils
     pulseaudio pulseaudio-utils
+    reuse systemd
 )
 # What makes packages of it, and judges them.
 packages_package=(
