@@ -23,7 +23,8 @@ FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience)
         held_ = std::chrono::steady_clock::now() < until;
         if (!held_)
             return;
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        // Much longer than the moment in which another that writes on and on lets go, and it is never met.
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
 }
 

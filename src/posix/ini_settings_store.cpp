@@ -12,7 +12,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
 #include <filesystem>
 
@@ -84,16 +83,16 @@ IniSettingsStore::Content::Content(const std::string& path) {
         return;
     }
     const bool regular = ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
-    auto read = regular ? readUpTo(file, kLargestFile) : std::nullopt;
+    const auto read = regular ? readUpTo(file, kLargestFile) : std::nullopt;
     if (!read) {
         kind = Kind::Unreadable;
         return;
     }
-    kind = hasLostLines(*read) ? Kind::Damaged : Kind::Whole;
-    if (kind == Kind::Damaged)
+    const SoundLines lines = soundLines(*read); // the library makes odd sections of some others
+    kind = lines.lost ? Kind::Damaged : Kind::Whole;
+    if (lines.lost)
         bytes = *read;
-    std::replace(read->begin(), read->end(), '\0', '\n'); // to the library it is the end of the file
-    if (ini.LoadData(*read) < 0)
+    if (ini.LoadData(lines.text) < 0)
         kind = Kind::Unreadable;
 }
 

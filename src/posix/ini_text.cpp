@@ -189,23 +189,28 @@ std::string iniKey(std::string_view text) {
     return key;
 }
 
-bool hasLostLines(std::string_view file) {
-    if (file.find('\0') != std::string_view::npos)
-        return true;
+SoundLines soundLines(std::string_view file) {
+    constexpr std::string_view kEnds("\r\n\0", 3); // a zero byte is the end of the file to many
     if (file.starts_with("\xEF\xBB\xBF"))
         file.remove_prefix(3);
+    SoundLines sound{{}, file.find('\0') != std::string_view::npos};
+    bool nowhere = false; // nobody knows whose keys follow a section that was cut off
     while (!file.empty()) {
-        const std::size_t end = file.find_first_of("\r\n");
+        const std::size_t end = file.find_first_of(kEnds);
         const std::string_view line = withoutBlanks(file.substr(0, end));
         file.remove_prefix(end == std::string_view::npos ? file.size() : end + 1);
         const bool remark = line.empty() || line.starts_with(';') || line.starts_with('#');
         const bool section = line.starts_with('[') && line.find(']') != std::string_view::npos;
         const bool keyed =
             !line.starts_with('[') && !line.starts_with('=') && line.find('=') != std::string_view::npos;
-        if (!remark && !section && !keyed)
-            return true;
+        if (line.starts_with('['))
+            nowhere = !section;
+        if (remark || section || (keyed && !nowhere))
+            sound.text.append(line).push_back('\n');
+        else
+            sound.lost = true;
     }
-    return false;
+    return sound;
 }
 
 } // namespace brovin::posix

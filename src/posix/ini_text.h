@@ -20,8 +20,13 @@ namespace brovin::posix {
 /// digits of hex, or "%U" and four.
 [[nodiscard]] std::string iniKey(std::string_view text);
 
-/// Whether there are lines that mean nothing in such a file: the rest of a line that was cut off, for
-/// instance. Whoever reads and writes the file loses them.
-[[nodiscard]] bool hasLostLines(std::string_view file);
+/// The lines of such a file that mean something, each with a line feed: remarks, sections, and keys with
+/// values. What else there is, such as the rest of a line that was cut off or keys behind half a section, is
+/// lost on whoever reads the file; `lost` says whether there was any.
+struct SoundLines {
+    std::string text;
+    bool lost = false;
+};
+[[nodiscard]] SoundLines soundLines(std::string_view file);
 
 } // namespace brovin::posix

@@ -22,15 +22,25 @@ bool isVisibleAscii(char sign) {
     return sign > ' ' && sign < '\x7f';
 }
 
-/// 127.0.0.1 and its neighbours, in the usual four decimal parts only.
-bool isLoopbackNumber(std::string_view host) {
+/// Whether a host is written in the one way that all programs understand alike. What ends with a number is
+/// four decimal octets, and not of the network 0, which is this machine; of addresses in hex there are this
+/// machine's and the public ones, not those that stand for others. A name is none that means this machine by
+/// its ending.
+bool isUsualNumber(const std::vector<std::string_view>& parts) {
+    return parts.size() == 4 && parts[0] != "0" &&
+           std::all_of(parts.begin(), parts.end(), [](std::string_view part) {
+               return text::wholeNumber<std::uint8_t>(part) && (part.size() == 1 || part.front() != '0');
+           });
+}
+bool isUsualHost(std::string_view host) {
+    if (host.find(':') != std::string_view::npos)
+        return host == "::1" || (host.size() > 4 && (host[0] == '2' || host[0] == '3') && host[4] == ':' &&
+                                 host.find(':') == 4);
     const auto parts = text::split(host, '.');
-    if (parts.size() != 4 || parts[0] != "127")
+    if (parts.empty() || std::any_of(parts.begin(), parts.end(), [](auto part) { return part.empty(); }))
         return false;
-    return std::all_of(parts.begin(), parts.end(), [](std::string_view part) {
-        return part.size() <= 3 &&
-               text::wholeNumber<std::uint8_t>(part); // 256 is no octet, whatever others say
-    });
+    return isDigit(parts.back().front()) ? isUsualNumber(parts)
+                                         : parts.size() == 1 || parts.back() != "localhost";
 }
 
 bool isPort(std::string_view text) {
@@ -47,7 +57,8 @@ std::optional<std::string_view> hostOf(std::string_view authority) {
             return std::nullopt;
         host = authority.substr(1, end - 1);
         rest = authority.substr(end + 1);
-        if (host.find_first_not_of("0123456789abcdefABCDEF:.") != std::string_view::npos)
+        if (host.find(':') == std::string_view::npos ||
+            host.find_first_not_of("0123456789abcdefABCDEF:") != std::string_view::npos)
             return std::nullopt;
     } else {
         const std::size_t colon = authority.find(':');
@@ -64,7 +75,8 @@ std::optional<std::string_view> hostOf(std::string_view authority) {
 } // namespace
 
 bool Address::loopback() const {
-    return host == "localhost" || host == "::1" || isLoopbackNumber(host);
+    return host == "localhost" || host == "::1" ||
+           (host.starts_with("127.") && isUsualNumber(text::split(host, '.')));
 }
 
 std::optional<Address> addressOf(std::string_view url) {
@@ -77,11 +89,11 @@ std::optional<Address> addressOf(std::string_view url) {
     if (scheme != "http" && scheme != "https")
         return std::nullopt;
     url.remove_prefix(colon + 3);
-    const auto host = hostOf(url.substr(0, url.find_first_of("/?#")));
-    if (!host)
+    const auto written = hostOf(url.substr(0, url.find_first_of("/?#")));
+    std::string host = text::asciiLower(written.value_or(""));
+    if (!isUsualHost(host))
         return std::nullopt;
-    return Address{scheme == "https" ? Address::Scheme::Https : Address::Scheme::Http,
-                   text::asciiLower(*host)};
+    return Address{scheme == "https" ? Address::Scheme::Https : Address::Scheme::Http, std::move(host)};
 }
 
 bool mayFetch(std::string_view url, platform::PlainHttp plainHttp) {

@@ -96,7 +96,8 @@ TEST(IniSettingsStore, readsWhatEarlierVersionsAndHandsHaveWritten) {
 TEST(IniSettingsStore, keepsACopyOfWhatItCannotRead) {
     for (const std::string& damaged :
          {std::string("[Settings]\nForce=0\nConf"), std::string("[Settings]\nForce=0\nX=\0\0\0\n", 25),
-          std::string("[Settings]\nForce=0\n[Sett\n"), std::string("[Settings]\nForce=0\n=1\n")}) {
+          std::string("[Settings]\nForce=0\n[Sett\n"), std::string("[Settings]\nForce=0\n[Sett\nForce=1\n"),
+          std::string("[Settings]\nForce=0\n=1\n")}) {
         const Disk disk;
         disk.put(damaged);
         IniSettingsStore settings(disk.path);
