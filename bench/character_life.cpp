@@ -94,10 +94,10 @@ int main(int argc, char** argv) {
         return 1;
     std::printf("loading    %lld bytes in %.1f ms\n", static_cast<long long>(QFile(path).size()),
                 static_cast<double>(loading.nsecsElapsed()) / 1e6);
-    platform::Character& sample = *service.character("sample");
+    const platform::Character& character = *service.character("sample");
+    platform::CharacterRequests& sample = character.requests;
     measure("not shown");
-    sample.setLeft(300);
-    sample.setTop(300);
+    character.place.put(300, 300);
     sample.show();
     letPass(kSettle * 3);
     sample.play(argc > 2 ? argv[2] : sample.animationNames().back());

@@ -1,8 +1,8 @@
 // Loading and saving the longest list, in the settings store that the program uses. Prints a table.
 
 #include "cleaner/stored_list.h"
-#include "posix/icu_regional.h"
 #include "posix/ini_settings_store.h"
+#include "posix/unicode_letters.h"
 #include "settings/settings.h"
 
 #include <QFileInfo>
@@ -30,7 +30,7 @@ double seconds(Work work) {
 int main() {
     const QTemporaryDir scratch;
     const std::string path = scratch.filePath(QStringLiteral("Brovin.conf")).toStdString();
-    const posix::IcuRegional regional;
+    const posix::UnicodeLetters letters;
     std::vector<cleaner::ListEntry> entries;
     for (std::size_t i = 0; i < cleaner::kMostEntries; ++i)
         entries.push_back({"/srv/share/folder number " + std::to_string(i),
@@ -44,17 +44,17 @@ int main() {
         posix::IniSettingsStore store(path);
         settings::Settings settings(store);
         saving = seconds([&] {
-            cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, regional);
+            cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, letters);
         });
         entries.erase(entries.begin());
         changing = seconds([&] {
-            cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, regional);
+            cleaner::saveList(settings, cleaner::kWatchedFoldersSection, entries, WithPaths::Yes, letters);
         });
     }
     loading = seconds([&] {
         posix::IniSettingsStore store(path);
         const settings::Settings settings(store);
-        loaded = cleaner::loadList(settings, cleaner::kWatchedFoldersSection, regional).size();
+        loaded = cleaner::loadList(settings, cleaner::kWatchedFoldersSection, letters).size();
     });
     std::printf("%zu watched folders with their true spelling, %lld bytes\n\n", loaded,
                 static_cast<long long>(QFileInfo(QString::fromStdString(path)).size()));

@@ -3,9 +3,9 @@
 
 #include "companion/phrase_engine.h"
 #include "language/language_file.h"
-#include "posix/icu_regional.h"
 #include "posix/ini_settings_store.h"
 #include "posix/standard_random.h"
+#include "posix/unicode_letters.h"
 
 #include <QTemporaryDir>
 
@@ -33,12 +33,12 @@ struct World {
     QTemporaryDir scratch;
     posix::IniSettingsStore store{scratch.filePath(QStringLiteral("Brovin.conf")).toStdString()};
     settings::Settings settings{store};
-    posix::IcuRegional regional;
+    posix::UnicodeLetters letters;
     posix::StandardRandom random;
     ui::FrmOptions form;
     language::LanguageTables tables;
     companion::Actor actor;
-    companion::PhraseEngine phrases{{form, settings, tables, actor, regional, random}};
+    companion::PhraseEngine phrases{{form, settings, tables, actor, letters, random}};
 };
 
 void pick(benchmark::State& state, PhraseList list) {

@@ -6,11 +6,12 @@
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_system.h"
+#include "platform/letters.h"
+#include "platform/log_on_entry.h"
 #include "platform/notification_area.h"
 #include "platform/program_folder.h"
 #include "platform/random.h"
 #include "platform/regional.h"
-#include "platform/registry.h"
 #include "platform/scan_lock.h"
 #include "platform/settings_store.h"
 #include "platform/shell.h"
@@ -29,10 +30,11 @@ struct Machine {
     platform::NotificationArea& tray;
     platform::Clipboard& clipboard;
     platform::CharacterService& characters;
-    platform::Registry& registry;
+    platform::LogOnEntry& logOn;
     platform::SingleInstance& instance;
     platform::ScanLock& scanLock;
     platform::Regional& regional;
+    platform::Letters& letters;
     platform::Clock& clock;
     platform::Random& random;
     platform::EventPump& pump;

@@ -1,7 +1,7 @@
 #include "app/program.h"
 
+#include "app/log_on.h"
 #include "app/mascot.h"
-#include "app/run_key.h"
 #include "app/schedule.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
@@ -31,9 +31,9 @@ struct Program::Rooms {
     ui::FrmOptions form;
     settings::Settings settings{machine.settings};
     ui::TrayTip tip{machine.tray};
-    language::Language language{{form, settings, machine.folder, machine.dialogs, machine.regional}};
+    language::Language language{{form, settings, machine.folder, machine.dialogs, machine.letters}};
     companion::Teller teller{
-        {form, settings, language.tables, machine.dialogs, machine.regional, machine.random}};
+        {form, settings, language.tables, machine.dialogs, machine.letters, machine.random}};
     companion::Companion companion{{.characterPage = form,
                                     .speechPage = form,
                                     .remindersPage = form,
@@ -43,7 +43,7 @@ struct Program::Rooms {
                                     .tables = language.tables,
                                     .teller = teller,
                                     .service = machine.characters,
-                                    .regional = machine.regional,
+                                    .letters = machine.letters,
                                     .random = machine.random}};
     cleaner::Cleaner cleaner{{.frame = form,
                               .foldersPage = form,
@@ -64,7 +64,8 @@ struct Program::Rooms {
                                           .clipboard = machine.clipboard,
                                           .pump = machine.pump,
                                           .clock = machine.clock,
-                                          .regional = machine.regional}}};
+                                          .regional = machine.regional,
+                                          .letters = machine.letters}}};
     window::SpeechFrequency speechFrequency{form, settings};
     window::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
     Schedule schedule{{.form = form,
@@ -78,7 +79,7 @@ struct Program::Rooms {
                        .clock = machine.clock,
                        .regional = machine.regional}};
     Mascot mascot{teller.speech, machine.random};
-    RunKey runKey;
+    LogOn logOn;
     std::optional<update::UpdateCheck> updateCheck; ///< where the machine can
     ShutDown shutDown{{form, settings, teller.speech, teller.actor, cleaner, machine.characters, machine.tray,
                        machine.shell}};
@@ -91,7 +92,7 @@ struct Program::Rooms {
                      .schedule = schedule,
                      .speechFrequency = speechFrequency,
                      .window = window,
-                     .runKey = runKey,
+                     .logOn = logOn,
                      .tip = tip,
                      .machine = machine}};
 
@@ -101,9 +102,9 @@ struct Program::Rooms {
 };
 
 Program::Rooms::Rooms(const Machine& beneath, settings::ProgramInfo about, std::string command)
-    : machine(beneath), info(std::move(about)), runKey(form, machine.registry, std::move(command)) {
+    : machine(beneath), info(std::move(about)), logOn(form, machine.logOn, std::move(command)) {
     form.imgBrovin.click = [this] { mascot.imgBrovin_Click(); };
-    form.chkStartWindows.click = [this] { runKey.chkStartWindows_Click(); };
+    form.chkStartWindows.click = [this] { logOn.chkStartWindows_Click(); };
     form.cmdExit.click = [this] { shutDown.cmdExit_Click(); };
     form.window.close = [this] {
         shutDown.closing();

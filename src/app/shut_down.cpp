@@ -23,7 +23,7 @@ void ShutDown::cmdExit_Click() {
         return;
     }
     if (form.chkAgent.checked() && needs_.actor.character != nullptr) {
-        needs_.actor.character->stopAll();
+        needs_.actor.character->requests.stopAll();
         needs_.actor.hide();
     }
     Form_Unload();
@@ -55,8 +55,9 @@ void ShutDown::Form_Unload() {
 void ShutDown::leaveCharacter() {
     if (needs_.actor.character == nullptr)
         return;
-    needs_.settings.write(setting::kAgentX, std::to_string(needs_.actor.character->left()));
-    needs_.settings.write(setting::kAgentY, std::to_string(needs_.actor.character->top()));
+    const platform::Area place = needs_.actor.character->place.area();
+    needs_.settings.write(setting::kAgentX, std::to_string(place.left));
+    needs_.settings.write(setting::kAgentY, std::to_string(place.top));
     needs_.actor.character = nullptr;
     needs_.characters.unload(needs_.actor.name);
 }

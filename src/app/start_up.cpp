@@ -29,7 +29,7 @@ bool StartUp::run() {
         &StartUp::beginLoading,        &StartUp::readCharacterName,
         &StartUp::rememberYesterday,   &StartUp::showStatistics,
         &StartUp::stopTimer,           &StartUp::loadLists,
-        &StartUp::restoreReminderDays, &StartUp::readRunKey,
+        &StartUp::restoreReminderDays, &StartUp::readLogOn,
         &StartUp::readSpeechFrequency, &StartUp::restoreControls,
         &StartUp::readTotal,           &StartUp::restoreTab,
         &StartUp::startTimer,          &StartUp::restoreRules,
@@ -156,8 +156,8 @@ Status StartUp::restoreReminderDays() {
     return Done{};
 }
 
-Status StartUp::readRunKey() {
-    needs_.form.chkStartWindows.setValue(needs_.runKey.present() ? ui::CheckBox::kOn : ui::CheckBox::kOff);
+Status StartUp::readLogOn() {
+    needs_.form.chkStartWindows.setValue(needs_.logOn.starts() ? ui::CheckBox::kOn : ui::CheckBox::kOff);
     return Done{};
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/log_on.h"
 #include "app/machine.h"
-#include "app/run_key.h"
 #include "app/schedule.h"
 #include "app/stored_controls.h"
 #include "cleaner/cleaner.h"
@@ -25,7 +25,7 @@ public:
         Schedule& schedule;
         window::SpeechFrequency& speechFrequency;
         window::MainWindow& window;
-        const RunKey& runKey;
+        const LogOn& logOn;
         ui::TrayTip& tip;
         const Machine& machine;
     };
@@ -49,7 +49,7 @@ private:
     platform::Status stopTimer();
     platform::Status loadLists();
     platform::Status restoreReminderDays();
-    platform::Status readRunKey();
+    platform::Status readLogOn();
     platform::Status readSpeechFrequency();
     platform::Status restoreControls();
     platform::Status readTotal();

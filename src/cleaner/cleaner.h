@@ -24,6 +24,7 @@ public:
         platform::EventPump& pump;
         const platform::Clock& clock;
         const platform::Regional& regional;
+        const platform::Letters& letters;
     };
     struct Needs {
         ui::WindowFrame& frame;

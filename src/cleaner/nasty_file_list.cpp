@@ -18,7 +18,7 @@ constexpr std::string_view kParagraph = "\r\n\r\n";
 
 void NastyFileList::load() {
     std::vector<ui::ListControl::Item> items;
-    for (auto& entry : loadList(needs_.settings, kNastyFilesSection, needs_.regional))
+    for (auto& entry : loadList(needs_.settings, kNastyFilesSection, needs_.letters))
         items.push_back({std::move(entry.text), 0});
     needs_.nastyPage.lstFiles.setItems(std::move(items));
 }
@@ -27,7 +27,7 @@ bool NastyFileList::save() {
     std::vector<ListEntry> entries;
     for (const auto& item : needs_.nastyPage.lstFiles.items())
         entries.push_back({item.text, {}});
-    return saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.regional);
+    return saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.letters);
 }
 
 void NastyFileList::cmdAddFile_Click() {
@@ -36,7 +36,7 @@ void NastyFileList::cmdAddFile_Click() {
     const auto name = askForName();
     if (!name)
         return;
-    needs_.nastyPage.lstFiles.add({needs_.regional.lowerCase(*name), 0});
+    needs_.nastyPage.lstFiles.add({needs_.letters.lowerCase(*name), 0});
     if (save())
         load();
     enableRemoving();

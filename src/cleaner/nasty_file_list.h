@@ -3,7 +3,7 @@
 #include "cleaner/scan_state.h"
 #include "companion/speech.h"
 #include "platform/dialogs.h"
-#include "platform/regional.h"
+#include "platform/letters.h"
 #include "settings/settings.h"
 #include "ui/pages/nasty_files_page.h"
 
@@ -22,7 +22,7 @@ public:
         settings::Settings& settings;
         companion::Speech speech;
         platform::Dialogs& dialogs;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
     };
     explicit NastyFileList(const Needs& needs) : needs_(needs) {}
 

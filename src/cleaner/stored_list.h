@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regional.h"
+#include "platform/letters.h"
 #include "settings/settings.h"
 
 #include <cstddef>
@@ -26,13 +26,13 @@ struct ListEntry {
 /// Reads "Number", then "Entry1", "Path1" and "Known1" and so on. Empty entries are dropped, and so is a path
 /// that does not spell its entry.
 [[nodiscard]] std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_view section,
-                                              const platform::Regional& regional);
+                                              const platform::Letters& letters);
 
 enum class WithPaths : bool { No, Yes };
 
 /// Stores the entries, lower-cased, by one write. Keys beyond their number stay and count for nothing. False:
 /// refused, nothing was stored.
 bool saveList(settings::Settings& settings, std::string_view section, const std::vector<ListEntry>& entries,
-              WithPaths withPaths, const platform::Regional& regional);
+              WithPaths withPaths, const platform::Letters& letters);
 
 } // namespace brovin::cleaner

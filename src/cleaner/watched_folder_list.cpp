@@ -11,14 +11,14 @@ using language::Message;
 } // namespace
 
 void WatchedFolderList::load() {
-    fill(loadList(needs_.settings, kWatchedFoldersSection, needs_.regional));
+    fill(loadList(needs_.settings, kWatchedFoldersSection, needs_.letters));
 }
 
 void WatchedFolderList::show(const std::vector<std::string>& paths) {
     std::vector<ListEntry> entries;
     entries.reserve(paths.size());
     for (const std::string& path : paths)
-        entries.push_back({needs_.regional.lowerCase(path), path});
+        entries.push_back({needs_.letters.lowerCase(path), path});
     fill(std::move(entries));
 }
 
@@ -38,7 +38,7 @@ void WatchedFolderList::save() {
     std::vector<ListEntry> entries;
     for (std::size_t i = 0; i < paths_.size(); ++i)
         entries.push_back({needs_.foldersPage.lstFolders.items()[i].text, paths_[i], identities_[i]});
-    saveList(needs_.settings, kWatchedFoldersSection, entries, WithPaths::Yes, needs_.regional);
+    saveList(needs_.settings, kWatchedFoldersSection, entries, WithPaths::Yes, needs_.letters);
 }
 
 std::optional<std::string> WatchedFolderList::truePath(std::size_t index) const {

@@ -5,7 +5,7 @@
 #include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
-#include "platform/regional.h"
+#include "platform/letters.h"
 #include "settings/settings.h"
 #include "ui/pages/folders_page.h"
 
@@ -26,7 +26,7 @@ public:
         companion::Speech speech;
         platform::Dialogs& dialogs;
         platform::FileSystem& files;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
     };
     explicit WatchedFolderList(const Needs& needs) : needs_(needs) {}
 

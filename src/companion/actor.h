@@ -13,43 +13,45 @@ public:
     /// The chosen character's name, loaded or not.
     std::string name;
     /// Null while none is loaded.
-    platform::Character* character = nullptr;
+    const platform::Character* character = nullptr;
 
-    [[nodiscard]] bool visible() const { return character != nullptr && character->visible(); }
+    [[nodiscard]] bool visible() const { return character != nullptr && character->place.visible(); }
     void show() const {
         if (character != nullptr)
-            character->show();
+            character->requests.show();
     }
     void hide() const {
         if (character != nullptr)
-            character->hide();
+            character->requests.hide();
     }
     void stop() const {
         if (character != nullptr)
-            character->stop();
+            character->requests.stop();
     }
     void stopAll() const {
         if (character != nullptr)
-            character->stopAll();
+            character->requests.stopAll();
     }
     void play(const std::string& animation) const {
         if (character != nullptr)
-            character->play(animation);
+            character->requests.play(animation);
     }
     /// False: nobody will say it.
-    bool speak(const std::string& text) const { return character != nullptr && character->speak(text); }
+    bool speak(const std::string& text) const {
+        return character != nullptr && character->requests.speak(text);
+    }
     void moveTo(int x, int y) const {
         if (character != nullptr)
-            character->moveTo(x, y);
+            character->requests.moveTo(x, y);
     }
     void gestureAt(int x, int y) const {
         if (character != nullptr)
-            character->gestureAt(x, y);
+            character->requests.gestureAt(x, y);
     }
     /// Makes it ready to perform: a hidden character appears, a visible one stops what it is doing, unless
     /// that is to be heard out.
     void prepare() {
-        hearOut_ = hearOut_ && character != nullptr && character->busy();
+        hearOut_ = hearOut_ && character != nullptr && character->requests.busy();
         if (visible() && !hearOut_)
             stop();
         else

@@ -22,15 +22,6 @@ constexpr int kStandingRoom = 147;
 constexpr int kFarthestOut = -50;
 constexpr int kLeftButton = 1;
 
-platform::Area areaOf(const platform::Character& character) {
-    return {character.left(), character.top(), character.width(), character.height()};
-}
-
-void put(platform::Character& character, const platform::Area& place) {
-    character.setLeft(place.left);
-    character.setTop(place.top);
-}
-
 int topAtFirst(const platform::Area& screen) {
     return screen.top + screen.height - kStandingRoom;
 }
@@ -41,7 +32,7 @@ void CharacterHost::scanCharacters() {
     std::vector<ui::ListBox::Item> items;
     for (const std::string& file : needs_.service.files()) {
         const std::string_view name(file.data(), file.size() - std::min(file.size(), kFileEnding.size()));
-        items.push_back({needs_.regional.properCase(name), 0});
+        items.push_back({needs_.letters.properCase(name), 0});
     }
     needs_.characterPage.lstChars.setItems(std::move(items));
     if (needs_.actor.name.empty())
@@ -62,50 +53,52 @@ void CharacterHost::loadCharacter() {
     needs_.service.setMenu({needs_.tables.messageTable.getText("menuNextScreen")});
     actor.character = needs_.service.character(actor.name);
     if (actor.character != nullptr) {
-        place(*actor.character);
-        setVoice(*actor.character);
+        place(actor.character->place);
+        setVoice(actor.character->voice);
     }
     fillAnimations();
 }
 
 /// A stored place that does not fit its variable leaves the character where its service has put it.
-void CharacterHost::place(platform::Character& character) const {
+void CharacterHost::place(platform::CharacterPlace& character) const {
     const Screens screens = needs_.service.screens();
     if (screens.empty())
         return;
     const auto storedLeft = needs_.settings.stored(setting::kAgentX);
     const auto storedTop = needs_.settings.stored(setting::kAgentY);
+    platform::Area place = character.area();
     if (!storedLeft)
-        character.setLeft(screens.front().left);
+        place.left = screens.front().left;
     else if (const auto left = text::leadingInt16(*storedLeft))
-        character.setLeft(*left);
+        place.left = *left;
     if (!storedTop)
-        character.setTop(topAtFirst(screens.front()));
+        place.top = topAtFirst(screens.front());
     else if (const auto top = text::leadingInt16(*storedTop))
-        character.setTop(*top);
-    const platform::Area screen = screenUnder(areaOf(character), screens);
-    const int x = character.left() - screen.left;
-    const int y = character.top() - screen.top;
+        place.top = *top;
+    const platform::Area screen = screenUnder(place, screens);
+    const int x = place.left - screen.left;
+    const int y = place.top - screen.top;
     if (x > screen.width || x < kFarthestOut)
-        character.setLeft(screen.left);
+        place.left = screen.left;
     if (y > screen.height || y < kFarthestOut)
-        character.setTop(topAtFirst(screen));
-    put(character, onOneScreen(areaOf(character), screens));
+        place.top = topAtFirst(screen);
+    place = onOneScreen(place, screens);
+    character.put(place.left, place.top);
 }
 
-void CharacterHost::setVoice(platform::Character& character) const {
+void CharacterHost::setVoice(platform::CharacterVoice& voice) const {
     const language::LanguageTables& tables = needs_.tables;
     if (!tables.langLanguageId.empty())
         if (const auto id = text::leadingInt32(tables.langLanguageId))
-            character.setLanguageId(*id);
+            voice.setLanguageId(*id);
     if (!tables.langModeId.empty())
-        character.setTtsModeId(tables.langModeId);
+        voice.setTtsModeId(tables.langModeId);
 }
 
 void CharacterHost::fillAnimations() {
     std::vector<ui::ListBox::Item> items;
     if (needs_.actor.character != nullptr)
-        for (std::string& name : needs_.actor.character->animationNames())
+        for (std::string& name : needs_.actor.character->requests.animationNames())
             items.push_back({std::move(name), 0});
     needs_.speechPage.lstAnims.setItems(std::move(items));
     if (!needs_.speechPage.lstAnims.select(0))
@@ -203,7 +196,7 @@ void CharacterHost::Agent1_DragComplete() {
     const Screens screens = needs_.service.screens();
     if (screens.empty())
         return;
-    const platform::Area dropped = areaOf(*character);
+    const platform::Area dropped = character->place.area();
     platform::Area place = onOneScreen(dropped, screens);
     if (isLost(dropped, screens)) {
         const platform::Area& screen = screenUnder(dropped, screens);
@@ -224,17 +217,17 @@ void CharacterHost::sendToNextScreen() {
     const Screens screens = needs_.service.screens();
     if (needs_.actor.character == nullptr || screens.empty())
         return;
-    const platform::Area place = onNextScreen(areaOf(*needs_.actor.character), screens);
+    const platform::Area place = onNextScreen(needs_.actor.character->place.area(), screens);
     remember(place);
     needs_.actor.moveTo(place.left, place.top);
 }
 
 void CharacterHost::screensChanged() {
-    platform::Character* const character = needs_.actor.character;
+    const platform::Character* const character = needs_.actor.character;
     const Screens screens = needs_.service.screens();
     if (character == nullptr || screens.empty())
         return;
-    platform::Area home = areaOf(*character);
+    platform::Area home = character->place.area();
     const auto left = needs_.settings.stored(setting::kAgentX);
     const auto top = needs_.settings.stored(setting::kAgentY);
     if (left && top) {
@@ -242,8 +235,9 @@ void CharacterHost::screensChanged() {
         home.top = text::leadingInt16(*top).value_or(home.top);
     }
     if (isLost(home, screens))
-        home = broughtBack(areaOf(*character), screens);
-    put(*character, onOneScreen(home, screens));
+        home = broughtBack(character->place.area(), screens);
+    home = onOneScreen(home, screens);
+    character->place.put(home.left, home.top);
 }
 
 void CharacterHost::Agent1_Hide(int cause) {

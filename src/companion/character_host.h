@@ -4,8 +4,8 @@
 #include "companion/phrase_engine.h"
 #include "language/language_tables.h"
 #include "platform/character_service.h"
+#include "platform/letters.h"
 #include "platform/random.h"
-#include "platform/regional.h"
 #include "settings/settings.h"
 #include "ui/pages/character_page.h"
 #include "ui/pages/reminders_page.h"
@@ -32,7 +32,7 @@ public:
         Actor& actor;
         PhraseEngine& phrases;
         platform::CharacterService& service;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
         platform::Random& random;
     };
     explicit CharacterHost(const Needs& needs) : needs_(needs) {}
@@ -60,8 +60,8 @@ public:
 
 private:
     void unloadCharacter();
-    void place(platform::Character& character) const;
-    void setVoice(platform::Character& character) const;
+    void place(platform::CharacterPlace& character) const;
+    void setVoice(platform::CharacterVoice& voice) const;
     void fillAnimations();
     void nameLabels();
     void enableSpeechControls();

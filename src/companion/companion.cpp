@@ -7,7 +7,7 @@ using platform::CharacterClick;
 Companion::Companion(const Needs& needs)
     : host({needs.characterPage, needs.speechPage, needs.remindersPage, needs.frame, needs.life,
             needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases, needs.service,
-            needs.regional, needs.random}),
+            needs.letters, needs.random}),
       commands({needs.speechPage, needs.remindersPage, needs.tables, needs.teller.actor, needs.teller.phrases,
                 needs.teller.announcer, needs.random}),
       service_(needs.service) {

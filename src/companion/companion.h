@@ -20,7 +20,7 @@ public:
         const language::LanguageTables& tables;
         Teller& teller;
         platform::CharacterService& service;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
         platform::Random& random;
     };
     explicit Companion(const Needs& needs);

@@ -119,8 +119,8 @@ std::optional<std::string> PhraseEngine::valueFor(const Token& token) {
 }
 
 std::optional<std::string> PhraseEngine::getSpecific(std::string_view list) const {
-    const std::string lowered = needs_.regional.lowerCase(list);
-    const std::string name = needs_.regional.lowerCase(needs_.actor.name);
+    const std::string lowered = needs_.letters.lowerCase(list);
+    const std::string name = needs_.letters.lowerCase(needs_.actor.name);
     const auto items = text::split(lowered, '|');
     std::string otherwise;
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -148,7 +148,7 @@ void PhraseEngine::playSequence(std::string_view phrase) {
 std::string PhraseEngine::getDude() {
     if (needs_.characterPage.chkDude.checked())
         return {};
-    const std::string proper = needs_.regional.properCase(needs_.settings.read(settings::setting::kUser));
+    const std::string proper = needs_.letters.properCase(needs_.settings.read(settings::setting::kUser));
     std::string_view user = text::trim(proper);
     user = user.empty() ? settings::setting::kUser.fallback : user.substr(0, user.find(' '));
     const std::string& male = needs_.tables.list(PhraseList::SpkDudeM);

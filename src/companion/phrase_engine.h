@@ -2,8 +2,8 @@
 
 #include "companion/actor.h"
 #include "language/language_tables.h"
+#include "platform/letters.h"
 #include "platform/random.h"
-#include "platform/regional.h"
 #include "settings/settings.h"
 #include "ui/pages/character_page.h"
 
@@ -21,7 +21,7 @@ public:
         const settings::Settings& settings;
         const language::LanguageTables& tables;
         const Actor& actor;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
         platform::Random& random;
     };
     explicit PhraseEngine(const Needs& needs) : needs_(needs) {}

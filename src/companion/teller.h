@@ -13,11 +13,11 @@ public:
         const settings::Settings& settings;
         const language::LanguageTables& tables;
         platform::Dialogs& dialogs;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
         platform::Random& random;
     };
     explicit Teller(const Needs& needs)
-        : phrases({needs.characterPage, needs.settings, needs.tables, actor, needs.regional, needs.random}),
+        : phrases({needs.characterPage, needs.settings, needs.tables, actor, needs.letters, needs.random}),
           announcer({needs.characterPage, actor, phrases, needs.dialogs}), speech{needs.tables.messageTable,
                                                                                   phrases, announcer} {}
     Teller(const Teller&) = delete;

@@ -2,7 +2,7 @@
 
 #include "app/program.h"
 #include "desktop/character/desktop_character_service.h"
-#include "desktop/machine/autostart_registry.h"
+#include "desktop/machine/autostart_entry.h"
 #include "desktop/machine/box_manners.h"
 #include "desktop/machine/initiative.h"
 #include "desktop/machine/lock_file_instance.h"
@@ -23,6 +23,7 @@
 #include "posix/posix_file_system.h"
 #include "posix/standard_random.h"
 #include "posix/system_clock.h"
+#include "posix/unicode_letters.h"
 
 #include <QApplication>
 #include <QFile>
@@ -59,8 +60,8 @@ struct DesktopMachine {
     DesktopMachine(const posix::Places& places, const UpdateSource& source, const AudioMaker& audio)
         : settings(places.settingsFile), folder({places.installedFolder, places.ownFolder}),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
-          registry(pathOf(places.autostartFolder)), instance(pathOf(places.runningLock)),
-          scanLock(places.settingsFolder), updates(source) {}
+          logOn(pathOf(places.autostartFolder) + QStringLiteral("/brovin.desktop")),
+          instance(pathOf(places.runningLock)), scanLock(places.settingsFolder), updates(source) {}
 
     Initiative initiative;
     posix::IniSettingsStore settings;
@@ -71,10 +72,11 @@ struct DesktopMachine {
     TrayIcon tray;
     QtClipboard clipboard;
     DesktopCharacterService characters;
-    AutostartRegistry registry;
+    AutostartEntry logOn;
     LockFileInstance instance;
     posix::FlockScanLock scanLock;
     posix::IcuRegional regional;
+    posix::UnicodeLetters letters;
     posix::SystemClock clock;
     posix::StandardRandom random;
     QtEventPump pump;
@@ -83,8 +85,8 @@ struct DesktopMachine {
     /// Whether the program waits for an answer, and other events have to wait for the program.
     [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
     [[nodiscard]] app::Machine pieces() {
-        return {settings, files,    folder,   dialogs,  shell, tray,   clipboard, characters,
-                registry, instance, scanLock, regional, clock, random, pump,      updates.machine()};
+        return {settings, files,    folder,   dialogs, shell, tray,   clipboard, characters,       logOn,
+                instance, scanLock, regional, letters, clock, random, pump,      updates.machine()};
     }
 };
 

@@ -11,6 +11,7 @@
 #include "posix/stop_signals.h"
 #include "posix/system_clock.h"
 #include "posix/terminal.h"
+#include "posix/unicode_letters.h"
 #include "version.h"
 
 #include <unistd.h>
@@ -42,6 +43,7 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
     posix::DiskProgramFolder folder({places->installedFolder, places->ownFolder});
     posix::FlockScanLock lock(places->settingsFolder);
     const posix::IcuRegional regional;
+    const posix::UnicodeLetters letters;
     const posix::SystemClock clock;
     posix::StandardRandom random;
     random.seed(static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
@@ -53,8 +55,8 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
                                     posix::isTerminal(STDERR_FILENO),
                                     [] { return posix::StopSignals::waitToRead(STDIN_FILENO); }};
     return headless::scanCommand(options,
-                                 {settings, files, folder, lock, regional, clock, random, settings.damaged(),
-                                  &posix::StopSignals::caught},
+                                 {settings, files, folder, lock, regional, letters, clock, random,
+                                  settings.damaged(), &posix::StopSignals::caught},
                                  console, kInfo);
 }
 

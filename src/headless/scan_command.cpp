@@ -75,9 +75,9 @@ private:
     FrmOptions form_;
     settings::Settings settings_{store_};
     ui::TrayTip tip_{tray_};
-    language::Language language_{{form_, settings_, machine_.folder, noDialogs_, machine_.regional}};
+    language::Language language_{{form_, settings_, machine_.folder, noDialogs_, machine_.letters}};
     companion::Teller teller_{
-        {form_, settings_, language_.tables, dialogs_, machine_.regional, machine_.random}};
+        {form_, settings_, language_.tables, dialogs_, machine_.letters, machine_.random}};
     cleaner::Cleaner cleaner_{{.frame = form_,
                                .foldersPage = form_,
                                .nastyPage = form_,
@@ -97,7 +97,8 @@ private:
                                            .clipboard = clipboard_,
                                            .pump = pump_,
                                            .clock = machine_.clock,
-                                           .regional = machine_.regional}}};
+                                           .regional = machine_.regional,
+                                           .letters = machine_.letters}}};
     ScanReport report_{options_, console_};
     bool usable_ = true;    ///< the language file that was read last
     bool allStored_ = true; ///< the totals
@@ -197,7 +198,7 @@ void ScanProgram::fillLists() {
         return;
     std::vector<ui::ListControl::Item> names;
     for (const std::string& name : options_.nasty)
-        names.push_back({machine_.regional.lowerCase(name), 0});
+        names.push_back({machine_.letters.lowerCase(name), 0});
     form_.lstFiles.setItems(std::move(names));
 }
 

@@ -5,6 +5,7 @@
 #include "headless/exit_status.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/letters.h"
 #include "platform/program_folder.h"
 #include "platform/random.h"
 #include "platform/regional.h"
@@ -23,6 +24,7 @@ struct ScanMachine {
     platform::ProgramFolder& folder;
     platform::ScanLock& lock;
     const platform::Regional& regional;
+    const platform::Letters& letters;
     const platform::Clock& clock;
     platform::Random& random;
     bool settingsDamaged = false; ///< nobody knows for certain what the user has chosen

@@ -15,11 +15,11 @@ public:
         settings::Settings& settings;
         platform::ProgramFolder& folder;
         platform::Dialogs& dialogs;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
     };
     explicit Language(const Needs& needs)
         : catalogue(needs.form, needs.folder), loader({needs.form, needs.settings, catalogue, tables,
-                                                       needs.folder, needs.dialogs, needs.regional}) {
+                                                       needs.folder, needs.dialogs, needs.letters}) {
         needs.form.lstLang.click = [this] { loader.lstLang_Click(); };
     }
     Language(const Language&) = delete;

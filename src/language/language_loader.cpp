@@ -61,7 +61,7 @@ void LanguageLoader::applyTabCaptions(std::string_view captions) {
             return;
         ui::Image& image = needs_.form.imgTabs[tab];
         ui::Label& label = needs_.form.lblTabs[tab];
-        const std::string caption = needs_.regional.properCase(piece);
+        const std::string caption = needs_.letters.properCase(piece);
         image.setPicture("img" + std::to_string(tab));
         image.setCaption(caption); // a picture shows no caption, but tells it to a screen reader
         image.setToolTip(caption);

@@ -3,8 +3,8 @@
 #include "language/language_catalogue.h"
 #include "language/language_tables.h"
 #include "platform/dialogs.h"
+#include "platform/letters.h"
 #include "platform/program_folder.h"
-#include "platform/regional.h"
 #include "settings/settings.h"
 #include "ui/frm_options.h"
 
@@ -23,7 +23,7 @@ public:
         LanguageTables& tables;
         platform::ProgramFolder& folder;
         platform::Dialogs& dialogs;
-        const platform::Regional& regional;
+        const platform::Letters& letters;
     };
     explicit LanguageLoader(const Needs& needs) : needs_(needs) {}
 

@@ -44,27 +44,17 @@ struct CharacterEvents {
     std::function<void()> screensChanged;                  ///< one has come, gone, moved or changed its size
 };
 
-/// A loaded animated character. Show, hide, play, speak, moveTo and gestureAt are requests: they queue and
-/// run one after another. False: the service refused the request (no such animation, for instance). Places
-/// are pixels from the upper left corner of the main screen.
-class Character {
+/// What a character can be asked to do. Show, hide, play, speak, moveTo and gestureAt are requests: they
+/// queue and run one after another. False: the service refused the request (no such animation, for instance).
+class CharacterRequests {
 public:
-    virtual ~Character() = default;
-
-    [[nodiscard]] virtual bool visible() const = 0;
-    /// Whether a request is in progress or waits.
-    [[nodiscard]] virtual bool busy() const = 0;
-    [[nodiscard]] virtual int left() const = 0;
-    [[nodiscard]] virtual int top() const = 0;
-    [[nodiscard]] virtual int width() const = 0;
-    [[nodiscard]] virtual int height() const = 0;
-    virtual void setLeft(int pixels) = 0;
-    virtual void setTop(int pixels) = 0;
+    virtual ~CharacterRequests() = default;
 
     virtual bool show() = 0;
     virtual bool hide() = 0;
     virtual bool play(const std::string& animation) = 0;
     virtual bool speak(const std::string& text) = 0;
+    /// Pixels from the upper left corner of the main screen, here and below.
     virtual bool moveTo(int x, int y) = 0;
     virtual bool gestureAt(int x, int y) = 0;
     /// Stops what the character is doing and empties its queue; a Show or Hide in progress runs to its end.
@@ -72,10 +62,39 @@ public:
     /// Stops everything and empties the queue.
     virtual void stopAll() = 0;
 
-    virtual void setLanguageId(long id) = 0;
-    virtual void setTtsModeId(const std::string& id) = 0;
+    /// Whether a request is in progress or waits.
+    [[nodiscard]] virtual bool busy() const = 0;
     /// All animations, in the order of the character's file.
     [[nodiscard]] virtual std::vector<std::string> animationNames() const = 0;
+};
+
+/// Where a character is.
+class CharacterPlace {
+public:
+    virtual ~CharacterPlace() = default;
+
+    [[nodiscard]] virtual bool visible() const = 0;
+    /// What it takes up, also while it is hidden.
+    [[nodiscard]] virtual Area area() const = 0;
+    /// Puts its upper left corner there at once.
+    virtual void put(int left, int top) = 0;
+};
+
+/// How a character speaks.
+class CharacterVoice {
+public:
+    virtual ~CharacterVoice() = default;
+
+    /// By a number that language files give; one that names no language changes nothing.
+    virtual void setLanguageId(long id) = 0;
+    virtual void setTtsModeId(const std::string& id) = 0;
+};
+
+/// A loaded animated character, side by side.
+struct Character {
+    CharacterRequests& requests;
+    CharacterPlace& place;
+    CharacterVoice& voice;
 };
 
 /// Loads characters by name. May be absent on a machine: then it has no character to give.
@@ -99,7 +118,7 @@ public:
     virtual bool load(const std::string& id, const std::string& fileName) = 0;
     virtual void unload(const std::string& id) = 0;
     /// The loaded character; null when there is none under this id. Lives until it is unloaded.
-    [[nodiscard]] virtual Character* character(const std::string& id) = 0;
+    [[nodiscard]] virtual const Character* character(const std::string& id) = 0;
 };
 
 } // namespace brovin::platform

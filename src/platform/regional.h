@@ -4,12 +4,10 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace brovin::platform {
 
-/// The user's regional formats and the rules of letters. All texts are UTF-8; bytes that are not stay as they
-/// are.
+/// The user's language and regional formats, as UTF-8.
 class Regional {
 public:
     virtual ~Regional() = default;
@@ -27,10 +25,6 @@ public:
     [[nodiscard]] virtual std::string amPm(unsigned hour) const = 0;
     /// A whole number with its digits grouped.
     [[nodiscard]] virtual std::string grouped(std::int64_t number) const = 0;
-
-    [[nodiscard]] virtual std::string lowerCase(std::string_view text) const = 0;
-    /// The first letter of each word in upper case, the rest in lower case.
-    [[nodiscard]] virtual std::string properCase(std::string_view text) const = 0;
 
     /// The language in which the user reads messages, by the number that language files give: 1031 for German
     /// as in Germany, 0 for one that has no number. The lowest ten bits tell the language without the

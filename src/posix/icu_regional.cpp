@@ -1,7 +1,5 @@
 #include "posix/icu_regional.h"
 
-#include "posix/unicode_case.h"
-
 #include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
 #include <unicode/locid.h>
@@ -181,13 +179,6 @@ std::string IcuRegional::grouped(std::int64_t number) const {
     UErrorCode status = U_ZERO_ERROR;
     const UnicodeString written = formats_->grouping.formatInt(number, status).toString(status);
     return U_SUCCESS(status) ? bytesOf(written) : std::to_string(number);
-}
-
-std::string IcuRegional::lowerCase(std::string_view text) const {
-    return posix::lowerCase(text);
-}
-std::string IcuRegional::properCase(std::string_view text) const {
-    return posix::properCase(text);
 }
 
 long IcuRegional::languageId() const {

@@ -35,8 +35,6 @@ public:
     [[nodiscard]] std::string shortDayName(unsigned weekday) const override;
     [[nodiscard]] std::string amPm(unsigned hour) const override;
     [[nodiscard]] std::string grouped(std::int64_t number) const override;
-    [[nodiscard]] std::string lowerCase(std::string_view text) const override;
-    [[nodiscard]] std::string properCase(std::string_view text) const override;
     [[nodiscard]] long languageId() const override;
 
 private:

@@ -37,7 +37,7 @@ struct CleanerWorld : fakes::FakeMachine {
     ui::FrmOptions form;
     settings::Settings options{settings};
     language::LanguageTables tables;
-    companion::Teller teller{{form, options, tables, dialogs, regional, random}};
+    companion::Teller teller{{form, options, tables, dialogs, letters, random}};
     companion::Actor& actor = teller.actor;
     settings::ProgramInfo info{"Brovin", 2, 7, 106};
     ui::TrayTip tip{tray};
@@ -60,7 +60,8 @@ struct CleanerWorld : fakes::FakeMachine {
                                  .clipboard = clipboard,
                                  .pump = pump,
                                  .clock = clock,
-                                 .regional = regional}}};
+                                 .regional = regional,
+                                 .letters = letters}}};
     ScanState& scan = cleaner.scan;
     NastyFileList& nastyFiles = cleaner.nastyFiles;
     WatchedFolderList& watchedFolders = cleaner.watchedFolders;

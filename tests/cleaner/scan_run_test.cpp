@@ -205,7 +205,7 @@ TEST(ScanNow, letsTheCharacterActFirst) {
     ScanRunWorld world;
     world.tables.append(language::PhraseList::AniNukeFiles, "Search|Process");
     world.form.chkAgent.setValue(1);
-    world.actor.character = &world.characters.only;
+    world.actor.character = &world.characters.only.sides;
     world.random.draws = {0.6};
     Texts before;
     world.files.addFile("/Share/junk");
@@ -263,7 +263,7 @@ TEST(ScanRun, tellsHowManyAreGoneWhileItLasts) {
 TEST(ScanNow, takesADoubleClickForOneAndLetsItsResultBeTold) {
     ScanRunWorld world;
     world.form.chkAgent.setValue(1);
-    world.actor.character = &world.characters.only;
+    world.actor.character = &world.characters.only.sides;
     world.files.addFile("/Share/junk");
     world.scanRun.cmdNuke_Click();
     world.characters.only.requests.clear();

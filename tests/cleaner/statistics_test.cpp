@@ -113,7 +113,7 @@ TEST(CopyNumbers, putsTheTitleOnTheClipboard) {
     world.form.chkAgent.setValue(1);
     world.statistics.cmdCopyNumbers_Click();
     EXPECT_EQ(2U, world.clipboard.texts.size()) << "a missing character stops nothing";
-    world.actor.character = &world.characters.only;
+    world.actor.character = &world.characters.only.sides;
     world.statistics.cmdCopyNumbers_Click();
     EXPECT_EQ((Texts{"play Write", "play WriteReturn"}), world.characters.only.requests);
 }

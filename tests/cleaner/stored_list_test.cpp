@@ -13,7 +13,7 @@ struct StoredListWorld : fakes::FakeMachine {
     void store(const std::string& key, const std::string& value) { settings.values[{"list", key}] = value; }
     [[nodiscard]] std::string load() const {
         std::string loaded;
-        for (const ListEntry& entry : loadList(options, "list", regional))
+        for (const ListEntry& entry : loadList(options, "list", letters))
             loaded += entry.text + "(" + entry.path + ")";
         return loaded;
     }
@@ -52,10 +52,10 @@ TEST(StoredList, keepsATrueSpellingOnlyOfTheSameEntry) {
 
 TEST(StoredList, isStoredByOneWriteAndOutlivesALongerOne) {
     StoredListWorld world;
-    saveList(world.options, "list", {{"/One", "/One"}, {"/Two", "/Two"}}, WithPaths::Yes, world.regional);
+    saveList(world.options, "list", {{"/One", "/One"}, {"/Two", "/Two"}}, WithPaths::Yes, world.letters);
     EXPECT_EQ(1, world.settings.writes);
     EXPECT_EQ("/one(/One)/two(/Two)", world.load());
-    saveList(world.options, "list", {{"three", ""}}, WithPaths::No, world.regional);
+    saveList(world.options, "list", {{"three", ""}}, WithPaths::No, world.letters);
     EXPECT_EQ("three()", world.load()) << "what is left of the longer list counts for nothing";
 }
 

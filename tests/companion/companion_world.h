@@ -15,7 +15,7 @@ namespace brovin::companion {
 struct CompanionWorld : fakes::FakeMachine {
     CompanionWorld() {
         actor.name = "Peedy";
-        actor.character = &characters.only;
+        actor.character = &characters.only.sides;
     }
     void list(language::PhraseList which, const std::string& alternatives) {
         tables.append(which, alternatives);
@@ -30,7 +30,7 @@ struct CompanionWorld : fakes::FakeMachine {
     ui::FrmOptions form;
     settings::Settings options{settings};
     language::LanguageTables tables;
-    Teller teller{{form, options, tables, dialogs, regional, random}};
+    Teller teller{{form, options, tables, dialogs, letters, random}};
     Actor& actor = teller.actor;
     PhraseEngine& phrases = teller.phrases;
     Announcer& announcer = teller.announcer;

@@ -173,14 +173,14 @@ TEST_F(Service, saysNoToWhatItCannotLoad) {
 TEST_F(Service, knowsTheAnimationsOfACharacter) {
     tests::writeCharacterFile(scratch.filePath("ring.acs"), tests::drawnCharacter());
     ASSERT_TRUE(service.load("a", "ring.acs"));
-    platform::Character& ring = *service.character("a");
-    EXPECT_EQ((Names{"Show", "Hide", "RestPose", "Jump"}), ring.animationNames());
-    EXPECT_TRUE(ring.play("JUMP"));
-    EXPECT_FALSE(ring.play("Dance"));
-    EXPECT_FALSE(ring.play(""));
-    EXPECT_FALSE(ring.speak("Again: \\Lst\\"));
-    EXPECT_EQ(120, ring.width());
-    EXPECT_FALSE(ring.visible());
+    const platform::Character& ring = *service.character("a");
+    EXPECT_EQ((Names{"Show", "Hide", "RestPose", "Jump"}), ring.requests.animationNames());
+    EXPECT_TRUE(ring.requests.play("JUMP"));
+    EXPECT_FALSE(ring.requests.play("Dance"));
+    EXPECT_FALSE(ring.requests.play(""));
+    EXPECT_FALSE(ring.requests.speak("Again: \\Lst\\"));
+    EXPECT_EQ(120, ring.place.area().width);
+    EXPECT_FALSE(ring.place.visible());
 }
 
 TEST(EventDelivery, tellsInOrderFromTheEventLoopAlone) {

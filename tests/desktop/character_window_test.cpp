@@ -70,8 +70,8 @@ TEST(CharacterWindow, liesOnTopAndOutsideOfTheTaskBar) {
         world.below.raise();
         letPass(200);
         EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(kPlace + kOnRing)) << time;
-        world.ring().hide();
-        EXPECT_TRUE(waitUntil([&world] { return !world.ring().visible(); }));
+        world.ring().requests.hide();
+        EXPECT_TRUE(waitUntil([&world] { return !world.ring().place.visible(); }));
     }
 }
 
@@ -84,7 +84,7 @@ TEST(CharacterWindow, followsTheHandThatDragsIt) {
           QStringList{"mouseup", "1"});
     EXPECT_EQ((Lines{pressed("drag", 1, 0, grip), pressed("dropped", 1, 0, grip + kWay)}), world.events)
         << "and no click";
-    EXPECT_EQ(kPlace + kWay, QPoint(world.ring().left(), world.ring().top()));
+    EXPECT_EQ(kPlace + kWay, QPoint(world.ring().place.area().left, world.ring().place.area().top));
     letPass(200);
     EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(grip + kWay));
     EXPECT_EQ(QColor(Qt::blue), CharacterWorld::screen().pixelColor(grip));
@@ -93,7 +93,7 @@ TEST(CharacterWindow, followsTheHandThatDragsIt) {
 TEST(CharacterWindow, hidesByItsMenu) {
     CharacterWorld world;
     world.showAt(kPlace);
-    world.ring().setLanguageId(0x0409);
+    world.ring().voice.setLanguageId(0x0409);
     const auto menu = [] { return QApplication::activePopupWidget() != nullptr; };
     const auto open = [&] {
         input(at(kPlace + kOnRing) + QStringList{"click", "3"});
@@ -118,7 +118,7 @@ TEST(CharacterWindow, isHiddenByWhateverClosesIt) {
     CharacterWorld::window<CharacterWindow>()->close();
     EXPECT_TRUE(waitUntil([&world] { return !world.events.empty(); }));
     EXPECT_EQ((Lines{"hide 1"}), world.events);
-    EXPECT_FALSE(world.ring().visible());
+    EXPECT_FALSE(world.ring().place.visible());
 }
 
 TEST(CharacterWindow, tellsOfMonitorsAndOffersTheNextOne) {
@@ -143,7 +143,8 @@ TEST(CharacterWindow, tellsOfMonitorsAndOffersTheNextOne) {
     EXPECT_TRUE(waitUntil([&world] { return world.events.size() == 2; }));
     EXPECT_EQ((Lines{pressed("click", 2, 0, QPoint(700, 200) + kOnRing), "next"}), world.events);
 
-    world.ring().speak("What a long way to the other end of the room, where all of this fits on one monitor");
+    world.ring().requests.speak(
+        "What a long way to the other end of the room, where all of this fits on one monitor");
     EXPECT_TRUE(waitUntil([] {
         const auto* const bubble = CharacterWorld::window<Bubble>();
         return bubble != nullptr && bubble->isVisible() &&
@@ -170,7 +171,7 @@ TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {
     CharacterWorld world;
     for (const auto& [name, place, text] : kCases) {
         world.showAt(place);
-        world.ring().speak(text);
+        world.ring().requests.speak(text);
         const auto* const bubble = CharacterWorld::window<Bubble>();
         EXPECT_TRUE(waitUntil([&] { return bubble->isVisible(); })) << name;
         letPass(2600); // until most is said
@@ -185,20 +186,20 @@ TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {
         EXPECT_GT(share(CharacterWorld::screen().copy(window), QColor(255, 255, 225)), 0.5) << name;
         EXPECT_GT(share(CharacterWorld::screen().copy(window), Qt::black), 0.02) << name << ": the text";
         EXPECT_TRUE(world.below.hasTheFocus()) << name;
-        world.ring().stopAll();
-        world.ring().hide();
-        EXPECT_TRUE(waitUntil([&world] { return !world.ring().visible(); }));
+        world.ring().requests.stopAll();
+        world.ring().requests.hide();
+        EXPECT_TRUE(waitUntil([&world] { return !world.ring().place.visible(); }));
     }
 }
 
 TEST(Balloon, goesWithItsCharacterUntilItIsClickedAway) {
     CharacterWorld world;
     world.showAt(kPlace);
-    world.ring().speak("One two three four five six seven eight nine ten eleven twelve.");
+    world.ring().requests.speak("One two three four five six seven eight nine ten eleven twelve.");
     const auto* const bubble = CharacterWorld::window<Bubble>();
     ASSERT_TRUE(waitUntil([&] { return bubble->isVisible(); }));
     const QPoint before = bubble->place();
-    world.ring().setLeft(kPlace.x() + 150);
+    world.ring().place.put(kPlace.x() + 150, world.ring().place.area().top);
     EXPECT_EQ(before + QPoint(150, 0), bubble->place());
     letPass(200);
     input(at(QRect(bubble->place(), bubble->size()).center()) + QStringList{"click", "1"});
@@ -217,9 +218,9 @@ TEST(CharacterService, holdsEventsWhileABoxIsOpenAndEndsACharacterInTheMiddleOfT
     platform::CharacterEvents events;
     events.click = [&](const platform::CharacterClick& click) {
         ++told;
-        world.ring().speak("These words are never finished.");
-        world.ring().stop();
-        world.ring().play("Jump");
+        world.ring().requests.speak("These words are never finished.");
+        world.ring().requests.stop();
+        world.ring().requests.play("Jump");
         letPass(300); // as an open box would
         EXPECT_EQ(1, told) << "the next event waits for this one's end";
         world.service->unload(click.id);
@@ -236,7 +237,7 @@ TEST(CharacterService, holdsEventsWhileABoxIsOpenAndEndsACharacterInTheMiddleOfT
 TEST(CharacterService, unloadsACharacterThatSpeaks) {
     CharacterWorld world;
     world.showAt(kPlace);
-    world.ring().speak("One two three four five.");
+    world.ring().requests.speak("One two three four five.");
     ASSERT_TRUE(waitUntil([] { return CharacterWorld::window<Bubble>()->isVisible(); }));
     world.service->unload(CharacterWorld::kId);
     letPass(200);

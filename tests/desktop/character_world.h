@@ -63,13 +63,12 @@ struct CharacterWorld {
         EXPECT_TRUE(service->load(kId, "RING.ACS"));
     }
 
-    [[nodiscard]] platform::Character& ring() const { return *service->character(kId); }
+    [[nodiscard]] const platform::Character& ring() const { return *service->character(kId); }
 
     void showAt(QPoint place) const {
-        ring().setLeft(place.x());
-        ring().setTop(place.y());
-        ring().show();
-        EXPECT_TRUE(waitUntil([this] { return ring().visible(); }));
+        ring().place.put(place.x(), place.y());
+        ring().requests.show();
+        EXPECT_TRUE(waitUntil([this] { return ring().place.visible(); }));
         letPass(300);
     }
 

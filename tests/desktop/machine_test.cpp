@@ -1,4 +1,4 @@
-#include "desktop/machine/autostart_registry.h"
+#include "desktop/machine/autostart_entry.h"
 #include "desktop/machine/lock_file_instance.h"
 
 #include <QDir>
@@ -13,15 +13,16 @@
 namespace brovin::desktop {
 namespace {
 
-TEST(AutostartRegistry, writesAnEntryThatDesktopsAccept) {
+TEST(AutostartEntry, isOneThatDesktopsAccept) {
     const QTemporaryDir scratch;
-    AutostartRegistry registry(scratch.filePath("autostart"));
-    EXPECT_EQ(std::nullopt, registry.read("Run", "Brovin"));
-    EXPECT_FALSE(registry.remove("Run", "Brovin"));
+    const QString path = scratch.filePath("autostart/brovin.desktop");
+    AutostartEntry logOn(path);
+    EXPECT_FALSE(logOn.present());
+    EXPECT_FALSE(logOn.remove());
 
-    EXPECT_TRUE(registry.write("Run", "Brovin", R"(/opt/my "tools"/100% $HOME/a\b)"));
-    EXPECT_NE(std::nullopt, registry.read("Run", "Brovin"));
-    QFile entry(scratch.filePath("autostart/brovin.desktop"));
+    EXPECT_TRUE(logOn.add(R"(/opt/my "tools"/100% $HOME/a\b)"));
+    EXPECT_TRUE(logOn.present());
+    QFile entry(path);
     ASSERT_TRUE(entry.open(QIODevice::ReadOnly));
     const QByteArray content = entry.readAll();
     EXPECT_TRUE(content.startsWith("[Desktop Entry]\nType=Application\nName=Brovin\n"));
@@ -32,10 +33,14 @@ TEST(AutostartRegistry, writesAnEntryThatDesktopsAccept) {
     ASSERT_TRUE(entry.open(QIODevice::Append));
     entry.write("Hidden=true\n[Desktop Action other]\nExec=other\n");
     entry.close();
-    EXPECT_EQ(std::nullopt, registry.read("Run", "Brovin")) << "switched off by the desktop";
+    EXPECT_FALSE(logOn.present()) << "switched off by the desktop";
+    ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
+    entry.write("[Desktop Entry]\nExec=\n");
+    entry.close();
+    EXPECT_FALSE(logOn.present()) << "starts nothing";
 
-    EXPECT_TRUE(registry.remove("Run", "Brovin"));
-    EXPECT_EQ(std::nullopt, registry.read("Run", "Brovin"));
+    EXPECT_TRUE(logOn.remove());
+    EXPECT_FALSE(logOn.present());
 }
 
 TEST(LockFileInstance, letsOneCopyThrough) {

@@ -10,7 +10,9 @@
 namespace brovin::fakes {
 
 /// A character that writes down what it is asked to do. Show and Hide take effect at once.
-class FakeCharacter final : public platform::Character {
+class FakeCharacter final : public platform::CharacterRequests,
+                            public platform::CharacterPlace,
+                            public platform::CharacterVoice {
 public:
     std::vector<std::string> requests; ///< "show", "play Wave", "speak Hello", in order
     bool isVisible = false;
@@ -18,15 +20,15 @@ public:
     int x = 0;
     int y = 0;
     int size = 128; ///< width and height
+    platform::Character sides{*this, *this, *this};
 
     [[nodiscard]] bool visible() const override { return isVisible; }
     [[nodiscard]] bool busy() const override { return isBusy; }
-    [[nodiscard]] int left() const override { return x; }
-    [[nodiscard]] int top() const override { return y; }
-    [[nodiscard]] int width() const override { return size; }
-    [[nodiscard]] int height() const override { return size; }
-    void setLeft(int pixels) override { x = pixels; }
-    void setTop(int pixels) override { y = pixels; }
+    [[nodiscard]] platform::Area area() const override { return {x, y, size, size}; }
+    void put(int left, int top) override {
+        x = left;
+        y = top;
+    }
     bool show() override {
         isVisible = true;
         return note("show");
@@ -84,8 +86,8 @@ public:
         if (std::erase(loaded, id) > 0)
             only.isVisible = false;
     }
-    [[nodiscard]] platform::Character* character(const std::string& id) override {
-        return std::find(loaded.begin(), loaded.end(), id) == loaded.end() ? nullptr : &only;
+    [[nodiscard]] const platform::Character* character(const std::string& id) override {
+        return std::find(loaded.begin(), loaded.end(), id) == loaded.end() ? nullptr : &only.sides;
     }
 };
 

@@ -9,19 +9,18 @@
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
+#include "platform/log_on_entry.h"
 #include "platform/notification_area.h"
 #include "platform/random.h"
-#include "platform/registry.h"
 #include "platform/scan_lock.h"
 #include "platform/shell.h"
 #include "platform/single_instance.h"
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
-#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brovin::fakes {
@@ -142,24 +141,18 @@ public:
     }
 };
 
-class FakeRegistry final : public platform::Registry {
+class FakeLogOnEntry final : public platform::LogOnEntry {
 public:
-    std::map<std::string, std::string> values; ///< by value name
+    std::string program; ///< what it starts; "": there is none
     bool refuses = false;
 
-    [[nodiscard]] std::optional<std::string> read(std::string_view /*keyPath*/,
-                                                  std::string_view valueName) override {
-        const auto found = values.find(std::string(valueName));
-        return found == values.end() ? std::nullopt : std::optional(found->second);
-    }
-    bool write(std::string_view /*keyPath*/, std::string_view valueName, const std::string& value) override {
+    [[nodiscard]] bool present() const override { return !program.empty(); }
+    bool add(const std::string& toStart) override {
         if (!refuses)
-            values[std::string(valueName)] = value;
+            program = toStart;
         return !refuses;
     }
-    bool remove(std::string_view /*keyPath*/, std::string_view valueName) override {
-        return !refuses && values.erase(std::string(valueName)) > 0;
-    }
+    bool remove() override { return !refuses && !std::exchange(program, {}).empty(); }
 };
 
 /// A whole machine in memory.
@@ -172,10 +165,11 @@ struct FakeMachine {
     FakeNotificationArea tray;
     FakeClipboard clipboard;
     FakeCharacterService characters;
-    FakeRegistry registry;
+    FakeLogOnEntry logOn;
     FakeSingleInstance instance;
     FakeScanLock scanLock;
     FakeRegional regional;
+    FakeLetters letters;
     FakeClock clock;
     FakeRandom random;
     FakeEventPump pump;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/letters.h"
 #include "platform/regional.h"
 #include "text/date_text.h"
 #include "text/strings.h"
@@ -50,6 +51,11 @@ public:
             digits.insert(static_cast<std::size_t>(at), ",");
         return digits;
     }
+};
+
+/// The letters of English.
+class FakeLetters final : public platform::Letters {
+public:
     [[nodiscard]] std::string lowerCase(std::string_view text) const override {
         return text::asciiLower(text);
     }

@@ -30,7 +30,8 @@ struct World : fakes::FakeMachine {
     }
 
     ExitStatus scan() {
-        return scanCommand(options, {settings, files, folder, scanLock, regional, clock, random, damaged},
+        return scanCommand(options,
+                           {settings, files, folder, scanLock, regional, letters, clock, random, damaged},
                            {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
     }
 

@@ -22,7 +22,7 @@ struct LanguageWorld : fakes::FakeMachine {
 
     ui::FrmOptions form;
     settings::Settings options{settings};
-    Language language{{form, options, folder, dialogs, regional}};
+    Language language{{form, options, folder, dialogs, letters}};
     LanguageTables& tables = language.tables;
     LanguageCatalogue& catalogue = language.catalogue;
     LanguageLoader& loader = language.loader;

@@ -33,7 +33,8 @@ struct PackWorld : fakes::FakeMachine, fakes::FakeUpdates {
     }
     void check() {
         program.emplace(app::Machine{settings, files, folder, dialogs, shell, tray, clipboard, characters,
-                                     registry, instance, scanLock, regional, clock, random, pump, &machine},
+                                     logOn, instance, scanLock, regional, letters, clock, random, pump,
+                                     &machine},
                         settings::ProgramInfo{"Brovin", 1, 0, 0}, "/opt/brovin");
         program->Form_Load();
         program->frmOptions().cmdUpdate.click();

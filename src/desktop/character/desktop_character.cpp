@@ -36,12 +36,12 @@ DesktopCharacter::~DesktopCharacter() {
     window_.detach();
 }
 
-void DesktopCharacter::setLeft(int pixels) {
-    stage_.setPlace({pixels, top()}, character::MoveCause::Program);
+platform::Area DesktopCharacter::area() const {
+    return {stage_.place().x, stage_.place().y, data_->width, data_->height};
 }
 
-void DesktopCharacter::setTop(int pixels) {
-    stage_.setPlace({left(), pixels}, character::MoveCause::Program);
+void DesktopCharacter::put(int left, int top) {
+    stage_.setPlace({left, top}, character::MoveCause::Program);
 }
 
 bool DesktopCharacter::show() {

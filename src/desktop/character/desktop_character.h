@@ -14,7 +14,9 @@ namespace brovin::desktop {
 
 /// One character that is loaded: its windows, its voice, and the stage that they belong to. It can end at any
 /// time, and everything of it is gone at once.
-class DesktopCharacter final : public platform::Character {
+class DesktopCharacter final : public platform::CharacterRequests,
+                               public platform::CharacterPlace,
+                               public platform::CharacterVoice {
 public:
     struct Needs {
         CharacterAudio audio;
@@ -25,6 +27,7 @@ public:
     DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs);
     ~DesktopCharacter() override;
 
+    [[nodiscard]] const platform::Character& sides() const { return sides_; }
     [[nodiscard]] const character::Guid& guid() const { return data_->guid; }
     /// Where it is, shown or not, and where it is with a balloon.
     [[nodiscard]] QRect frame() const { return {window_.place(), window_.size()}; }
@@ -33,12 +36,8 @@ public:
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }
     [[nodiscard]] bool busy() const override { return stage_.busy(); }
-    [[nodiscard]] int left() const override { return stage_.place().x; }
-    [[nodiscard]] int top() const override { return stage_.place().y; }
-    [[nodiscard]] int width() const override { return data_->width; }
-    [[nodiscard]] int height() const override { return data_->height; }
-    void setLeft(int pixels) override;
-    void setTop(int pixels) override;
+    [[nodiscard]] platform::Area area() const override;
+    void put(int left, int top) override;
     bool show() override;
     bool hide() override;
     bool play(const std::string& animation) override;
@@ -60,6 +59,7 @@ private:
     BalloonWindow balloon_;
     character::Stage stage_;
     StageDriver driver_;
+    platform::Character sides_{*this, *this, *this};
 };
 
 } // namespace brovin::desktop

@@ -75,9 +75,9 @@ void DesktopCharacterService::unload(const std::string& id) {
     delivery_.forget(id);
 }
 
-platform::Character* DesktopCharacterService::character(const std::string& id) {
+const platform::Character* DesktopCharacterService::character(const std::string& id) {
     const auto found = characters_.find(id);
-    return found == characters_.end() ? nullptr : found->second.get();
+    return found == characters_.end() ? nullptr : &found->second->sides();
 }
 
 bool DesktopCharacterService::loaded(const character::Guid& guid) const {

@@ -41,7 +41,7 @@ public:
     /// Also false: the id is in use, or the very same character is loaded.
     bool load(const std::string& id, const std::string& fileName) override;
     void unload(const std::string& id) override;
-    [[nodiscard]] platform::Character* character(const std::string& id) override;
+    [[nodiscard]] const platform::Character* character(const std::string& id) override;
 
 private:
     [[nodiscard]] bool loaded(const character::Guid& guid) const;
