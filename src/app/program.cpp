@@ -133,6 +133,7 @@ void Program::Rooms::tieLanguage() {
         // What the file does not know: texts with times in them, and who speaks, and how. While the program
         // starts there is neither, and the list of characters is empty.
         cleaner.statistics.showLastScanned();
+        cleaner.nastyFiles.tellKnown();
         schedule.options.dtpWord_Change();
         companion.host.lstChars_Click();
         if (machine.updates == nullptr)

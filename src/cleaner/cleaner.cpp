@@ -9,6 +9,8 @@ Cleaner::Cleaner(const Needs& needs)
                   .speech = needs.speech,
                   .dialogs = needs.machine.dialogs,
                   .letters = needs.machine.letters}),
+      starterNames(
+          {.nastyPage = needs.nastyPage, .scan = scan, .speech = needs.speech, .nastyFiles = nastyFiles}),
       watchedFolders({.foldersPage = needs.foldersPage,
                       .scan = scan,
                       .settings = needs.settings,
@@ -71,6 +73,7 @@ void Cleaner::tie(ui::FoldersPage& page) {
 void Cleaner::tie(ui::NastyFilesPage& page) {
     page.cmdAddFile.click = [this] { nastyFiles.cmdAddFile_Click(); };
     page.cmdRemoveFile.click = [this] { nastyFiles.cmdRemoveFile_Click(); };
+    page.cmdStarter.click = [this] { starterNames.cmdStarter_Click(); };
     page.lstFiles.click = [this] { nastyFiles.lstFiles_Click(); };
 }
 

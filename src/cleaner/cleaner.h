@@ -5,6 +5,7 @@
 #include "cleaner/nasty_file_list.h"
 #include "cleaner/scan_run.h"
 #include "cleaner/scan_state.h"
+#include "cleaner/starter_names.h"
 #include "cleaner/statistics.h"
 #include "cleaner/watched_folder_list.h"
 
@@ -46,6 +47,7 @@ public:
 
     ScanState scan;
     NastyFileList nastyFiles;
+    StarterNames starterNames;
     WatchedFolderList watchedFolders;
     FolderSweep sweep;
     Statistics statistics;

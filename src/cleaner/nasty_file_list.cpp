@@ -1,5 +1,6 @@
 #include "cleaner/nasty_file_list.h"
 
+#include "cleaner/known_names.h"
 #include "cleaner/stored_list.h"
 #include "text/utf8.h"
 
@@ -21,6 +22,26 @@ void NastyFileList::load() {
     for (auto& entry : loadList(needs_.settings, kNastyFilesSection, needs_.letters))
         items.push_back({std::move(entry.text), 0});
     needs_.nastyPage.lstFiles.setItems(std::move(items));
+    tellKnown();
+}
+
+void NastyFileList::add(const std::vector<std::string>& names) {
+    for (const std::string& name : names)
+        if (needs_.nastyPage.lstFiles.items().size() < kMostEntries)
+            needs_.nastyPage.lstFiles.add({name, 0});
+    if (save())
+        load();
+    enableRemoving();
+    tellKnown();
+}
+
+void NastyFileList::tellKnown() {
+    const auto& messages = needs_.speech.messages;
+    const ui::ListBox& list = needs_.nastyPage.lstFiles;
+    const auto known = knownName(list.selectedText());
+    needs_.nastyPage.sbKnown.setPanel(known               ? messages.getText(known->told)
+                                      : list.count() == 0 ? messages.getText("noNamesYet")
+                                                          : std::string());
 }
 
 bool NastyFileList::save() {
@@ -36,10 +57,7 @@ void NastyFileList::cmdAddFile_Click() {
     const auto name = askForName();
     if (!name)
         return;
-    needs_.nastyPage.lstFiles.add({needs_.letters.lowerCase(*name), 0});
-    if (save())
-        load();
-    enableRemoving();
+    add({needs_.letters.lowerCase(*name)});
 }
 
 std::optional<std::string> NastyFileList::askForName() {
@@ -84,11 +102,13 @@ void NastyFileList::cmdRemoveFile_Click() {
     list.remove(list.selected());
     save();
     enableRemoving();
+    tellKnown();
 }
 
 void NastyFileList::lstFiles_Click() {
     if (!needs_.scan.busy())
         enableRemoving();
+    tellKnown();
 }
 
 void NastyFileList::enableRemoving() {

@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace brovin::cleaner {
 
@@ -28,6 +29,11 @@ public:
 
     /// Fills `lstFiles` from the store.
     void load();
+
+    /// Adds names, which are in lower case and may stand on the list; those that find no room are left out.
+    void add(const std::vector<std::string>& names);
+    /// Tells what is lost with the selected name, or how to begin while the list is empty.
+    void tellKnown();
 
     void cmdAddFile_Click();
     void cmdRemoveFile_Click();

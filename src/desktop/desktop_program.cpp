@@ -14,7 +14,9 @@
 #include "desktop/voice/sound_player.h"
 #include "desktop/widgets/pictures.h"
 #include "desktop/window/accessibility.h"
+#include "desktop/window/form_window.h"
 #include "desktop/window/options_window.h"
+#include "desktop/window/starter_window.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/icu_regional.h"
@@ -122,6 +124,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     parts_ = std::make_unique<Parts>(places, info, updates, audio);
     DesktopMachine& machine = parts_->machine;
     OptionsWindow& window = parts_->window;
+    showWhileVisible<StarterWindow>(form().frmStarter, window);
     window.company = [&machine] { return machine.characters.company(); };
     machine.dialogs.setOwner(&window);
     machine.updates.setOwner(&window);

@@ -101,6 +101,20 @@ inline constexpr TextRow kTextRows[] = {
                        "folder. That choice goes with it."},
     {"knownTrash",
      "A trash folder: what somebody threw away and may want back. It is not clutter, and not offered."},
+    // The window that suggests names, and what leads to it
+    {"noNamesYet",
+     "There are no names on the list yet. \"Suggest Names...\" knows some that other systems leave behind."},
+    {"starterTitle", "Names to begin with"},
+    {"starterIntro",
+     "Other systems leave these files and folders on disks that they share with yours. Tick what "
+     "I shall delete wherever I meet it."},
+    {"starterSafe", "Safe: whoever made them makes them again"},
+    {"starterCaution", "With caution: something that somebody chose or made goes with them"},
+    {"starterNoTrash",
+     "Trash folders (.trashes, $recycle.bin and the like) are not among them: what somebody "
+     "threw away he may want back."},
+    {"starterAdd", "&Add These"},
+    {"close", "&Close"},
     // What a "._" file carries: bytes; a name and bytes
     {"knownDotUnderscore", "The half of a Mac file that holds everything but its contents."},
     {"knownIcon", "The picture that somebody gave this folder on a Mac. It goes with it."},

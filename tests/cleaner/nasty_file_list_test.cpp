@@ -93,5 +93,46 @@ TEST(RemoveFile, takesAwayTheSelectedOneOnYes) {
     EXPECT_EQ("c", stored(world, "Entry2"));
 }
 
+TEST(StarterNames, offersWhatMayGoAndTicksWhatIsSafe) {
+    CleanerWorld world;
+    world.nasty(".ds_store");
+    world.form.cmdStarter.click();
+    ui::FrmStarter& starter = world.form.frmStarter;
+    ASSERT_TRUE(starter.window.visible());
+    for (auto& suggestion : starter.safe) {
+        EXPECT_TRUE(suggestion.chkName.checked());
+        EXPECT_EQ(suggestion.chkName.caption() != ".ds_store", suggestion.chkName.enabled()) << "on the list";
+        EXPECT_NE("", suggestion.lblWhy.caption());
+    }
+    for (auto& suggestion : starter.caution) {
+        EXPECT_FALSE(suggestion.chkName.checked());
+        EXPECT_EQ(std::string::npos, suggestion.chkName.caption().find("trash"));
+        suggestion.chkName.setValue(suggestion.chkName.caption() == "desktop.ini" ? 1 : 0);
+    }
+    starter.cmdAddThese.click();
+    EXPECT_FALSE(starter.window.visible());
+    const Texts listed = CleanerWorld::texts(world.form.lstFiles);
+    EXPECT_EQ(starter.safe.size() + 1, listed.size()) << "and none twice";
+    EXPECT_EQ("desktop.ini", listed.back());
+    EXPECT_EQ("desktop.ini", stored(world, "Entry" + std::to_string(listed.size())));
+
+    world.form.cmdStarter.click();
+    for (auto& suggestion : starter.safe)
+        suggestion.chkName.setValue(0);
+    EXPECT_FALSE(starter.cmdAddThese.enabled()) << "nothing to add";
+}
+
+TEST(NastyFileList, tellsWhatIsLostWithAKnownName) {
+    CleanerWorld world;
+    world.nastyFiles.load();
+    EXPECT_TRUE(world.form.sbKnown.panel().starts_with("There are no names")) << world.form.sbKnown.panel();
+    world.nasty("thumbs.db");
+    world.nasty("mine.txt");
+    world.form.lstFiles.select(0);
+    EXPECT_TRUE(world.form.sbKnown.panel().starts_with("Windows made it"));
+    world.form.lstFiles.select(1);
+    EXPECT_EQ("", world.form.sbKnown.panel());
+}
+
 } // namespace
 } // namespace brovin::cleaner

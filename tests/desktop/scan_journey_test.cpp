@@ -3,6 +3,7 @@
 #include "desktop/real_input.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -202,6 +203,51 @@ TEST(ScanJourney, showsHowFarItIsAndStopsByItsButton) {
     EXPECT_TRUE(lines[lines.size() - 2].startsWith("Scan finished at ")) << "the closing lines";
     EXPECT_TRUE(lines[lines.size() - 3].startsWith("Items deleted: " + QByteArray::number(gone)));
     EXPECT_TRUE(world.program->window().windowTitle().contains(QString(" - %1 (").arg(gone)));
+}
+
+TEST(ScanJourney, suggestsNamesForAnEmptyList) {
+    DesktopWorld world;
+    world.start();
+    world.form().mPopRestore.click();
+    const auto box = [&world](const char* name) {
+        return world.program->window().findChild<QWidget*>(QLatin1String("chk") + name);
+    };
+    Journey journey;
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); },
+        [&world] { click(world.widget("imgTabs1")); });
+    journey.then(
+        "the button", [&world] { return shownAndReady(world.widget("cmdStarter")); },
+        [&world] {
+            Journey::takePicture("no-names");
+            click(world.widget("cmdStarter"));
+        });
+    journey.then(
+        "the suggestions", [&box] { return shownAndReady(box("desktop.ini")); },
+        [&box] {
+            Journey::takePicture("starter-names");
+            const QWidget* caution = box("desktop.ini");
+            clickAt(caution->mapToGlobal(QPoint(10, caution->height() / 2)));
+        });
+    journey.then(
+        "the tick", [&box] { return qobject_cast<QCheckBox*>(box("desktop.ini"))->isChecked(); },
+        [&world] { click(world.widget("cmdAddThese")); });
+    journey.then(
+        "the names on the list", [&world] { return world.form().lstFiles.count() > 5; },
+        [&world] {
+            const auto* list = qobject_cast<QListWidget*>(world.widget("lstFiles"));
+            clickAt(list->viewport()->mapToGlobal(list->visualItemRect(list->item(0)).center()));
+        });
+    journey.then(
+        "what is known of the first one", [&world] { return world.form().lstFiles.selected() == 0; },
+        [&world] {
+            letPass(100);
+            Journey::takePicture("known-name");
+            const auto* known = qobject_cast<QLabel*>(world.widget("sbKnown"));
+            EXPECT_TRUE(known->text().contains("Finder")) << known->text().toStdString();
+        });
+    journey.run();
+    EXPECT_EQ(nullptr, box("desktop.ini")) << "its window is gone";
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// Takes the pictures of the options window that the documents show: every page, in a light and in a dark
-// theme. Usage: brovin_screenshots FOLDER
+// Takes the pictures of the windows that the documents show: every page of the options window and the windows
+// that it opens, in a light and in a dark theme. Usage: brovin_screenshots FOLDER
 
 #include "demo_world.h"
 #include "desktop/desktop_program.h"
@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <functional>
 #include <iostream>
 #include <vector>
 
@@ -39,9 +40,15 @@ QPalette darkPalette() {
 class Series {
 public:
     Series(desktop::DesktopProgram& program, const QString& folder) : program_(program), folder_(folder) {
-        for (const QString& theme : {QStringLiteral("light"), QStringLiteral("dark")})
+        ui::FrmOptions& form = program.form();
+        for (const QString& theme : {QStringLiteral("light"), QStringLiteral("dark")}) {
             for (std::size_t page = 0; page < ui::FrmOptions::kTabs; ++page)
-                shots_.push_back({theme, page});
+                shots_.push_back({theme, QStringLiteral("page%1").arg(page), nullptr,
+                                  [&form, page] { form.imgTabs[page].click(); }, nullptr});
+            shots_.push_back({theme, QStringLiteral("starter"), "frmStarter",
+                              [&form] { form.cmdStarter.click(); },
+                              [&form] { form.frmStarter.window.close(); }});
+        }
         QObject::connect(&timer_, &QTimer::timeout, [this] { advance(); });
         timer_.start(250);
     }
@@ -49,19 +56,15 @@ public:
 private:
     struct Shot {
         QString theme;
-        std::size_t page;
+        QString name;
+        const char* window; ///< beside the options window; null: that one
+        std::function<void()> pose;
+        std::function<void()> leave;
     };
 
     void advance() {
-        if (posed_) {
-            const QString name = QStringLiteral("%1/page%2-%3.png")
-                                     .arg(folder_)
-                                     .arg(shots_[next_].page)
-                                     .arg(shots_[next_].theme);
-            if (!program_.window().grab().save(name))
-                std::cerr << "could not save " << name.toStdString() << "\n";
-            ++next_;
-        }
+        if (posed_)
+            take(shots_[next_++]);
         posed_ = next_ < shots_.size();
         if (!posed_) {
             QApplication::exit(0);
@@ -69,7 +72,18 @@ private:
         }
         if (shots_[next_].theme == QLatin1String("dark"))
             QApplication::setPalette(darkPalette());
-        program_.form().imgTabs[shots_[next_].page].click();
+        shots_[next_].pose();
+    }
+
+    void take(const Shot& shot) {
+        QWidget* shown = &program_.window();
+        if (shot.window != nullptr)
+            shown = shown->findChild<QWidget*>(QLatin1String(shot.window));
+        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_, shot.name, shot.theme);
+        if (shown == nullptr || !shown->grab().save(file))
+            std::cerr << "could not save " << file.toStdString() << "\n";
+        if (shot.leave)
+            shot.leave();
     }
 
     desktop::DesktopProgram& program_;

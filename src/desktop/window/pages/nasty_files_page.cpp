@@ -1,5 +1,6 @@
 #include "desktop/widgets/list_with_hint.h"
 #include "desktop/widgets/parts.h"
+#include "desktop/widgets/text_line.h"
 #include "desktop/window/pages/pages.h"
 
 #include <QCheckBox>
@@ -13,8 +14,14 @@ QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
     auto* list = bound<QListWidget>(form.lstFiles, page);
     layout->addWidget(labelAbove(list, form.lblFiles, page));
     layout->addLayout(listWithHint(list, form.picAddFile), 1);
+    QLabel* known = textLine(form.sbKnown, page, [&form] { return qt(form.sbKnown.panel()); });
+    known->setObjectName(qt(form.sbKnown.name()));
+    known->setMinimumHeight(2 * known->fontMetrics().lineSpacing()); // nothing moves from name to name
+    known->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    layout->addWidget(known);
     layout->addLayout(
-        row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page)}));
+        row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page),
+             bound<QPushButton>(form.cmdStarter, page)}));
     layout->addWidget(bound<QCheckBox>(form.chkDotDash, page));
     layout->addWidget(bound<QCheckBox>(form.chkIcon, page));
     return page;
