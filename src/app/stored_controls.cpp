@@ -29,6 +29,7 @@ constexpr StoredControl kControls[] = {
     {&setting::kBackupDate, &FrmOptions::dtpBackup},
     {&setting::kIgnoreErrors, &FrmOptions::chkIgnoreErrors, Stores::Always, kGuidesScan},
     {&setting::kForce, &FrmOptions::chkForce, Stores::Always, kGuidesScan},
+    {&setting::kTrash, &FrmOptions::chkTrash, Stores::Always, kGuidesScan},
     {&setting::kLog, &FrmOptions::chkLog, Stores::Always, kGuidesScan},
     {&setting::kDude, &FrmOptions::chkDude, Stores::WhenLoaded, kGuidesScan},
     {&setting::kCheck, &FrmOptions::chkCheck},

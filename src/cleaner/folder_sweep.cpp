@@ -53,6 +53,7 @@ void FolderSweep::beginRun(platform::LineWriter* log) {
     entriesSeen = 0;
     gone = 0;
     strangers.clear();
+    trashless.clear();
     cancelled_ = false;
     names_ = NameSet(needs_.nastyPage.lstFiles.items());
     log_ = log;
@@ -153,6 +154,8 @@ void FolderSweep::showFolder(std::string_view below) {
 void FolderSweep::visit(Level& level) {
     entryName_.clear();
     progress();
+    if (needs_.scanningPage.chkTrash.checked() && walk_->isInTrash())
+        return; // what was put there would be put there again, at each scan
     auto entries = walk_->list();
     if (entries)
         ++foldersOpened;
@@ -247,10 +250,21 @@ bool FolderSweep::confirmed(const platform::Entry& entry) {
            platform::Button::Yes;
 }
 
-Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, std::int32_t kb) {
+Status FolderSweep::remove(const platform::Entry& entry, EntryKind kind) {
     const Force force = needs_.scanningPage.chkForce.checked() ? Force::Yes : Force::No;
-    Status outcome = kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
-                                               : walk_->deleteFile(entry.trueName, force);
+    if (!needs_.scanningPage.chkTrash.checked())
+        return kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)
+                                         : walk_->deleteFile(entry.trueName, force);
+    Status moved = walk_->moveToTrash(entry.trueName, kind, force);
+    const std::string watched = shownPath_.substr(0, levels_.front().shownLength);
+    if (!moved && moved.failure().number == platform::kNoTrash &&
+        (trashless.empty() || trashless.back() != watched))
+        trashless.push_back(watched);
+    return moved;
+}
+
+Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, std::int32_t kb) {
+    Status outcome = remove(entry, kind);
     if (outcome)
         ++gone;
     if (deletionTried)

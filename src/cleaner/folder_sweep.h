@@ -64,6 +64,7 @@ public:
     std::uint64_t entriesSeen = 0;      ///< entries looked at in this run
     std::uint64_t gone = 0;             ///< entries really deleted in this run, however many
     std::vector<std::string> strangers; ///< folders of this run that are not those that were added
+    std::vector<std::string> trashless; ///< shown folders of this run in which something found no trash
 
     /// Sets the counts to nothing and takes over the names of `lstFiles` for the run. Deletions are logged
     /// there; null: nowhere.
@@ -108,6 +109,7 @@ private:
     void ascend();
 
     bool confirmed(const platform::Entry& entry);
+    platform::Status remove(const platform::Entry& entry, platform::EntryKind kind);
     platform::Status tryDeletion(const platform::Entry& entry, platform::EntryKind kind, std::int32_t kb);
     platform::Status writeLog(const std::string& line);
     platform::Status addKilobytes(std::int32_t kb);

@@ -206,6 +206,9 @@ void ScanRun::tellOfStrangers() {
         needs_.speech.announcer.agentMsgBox(
             needs_.speech.messages.getText("folderReplaced", {shownPath(path, "")}), box::kExclamation, "",
             ForceBox::No);
+    for (const std::string& path : needs_.sweep.trashless)
+        needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("noTrash", {shownPath(path, "")}),
+                                            box::kExclamation, "", ForceBox::No);
 }
 
 } // namespace brovin::cleaner

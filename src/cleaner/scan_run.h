@@ -66,7 +66,8 @@ public:
     void cancel() { needs_.sweep.cancel(); }
     void cmdNuke_Click();
     void cmdStopScan_Click();
-    /// Tells of each folder that the last run left alone because another one stands in its place.
+    /// Tells of each folder that the last run left alone because another one stands in its place, and of
+    /// each where something could not go for want of a trash.
     void tellOfStrangers();
 
 private:

@@ -37,6 +37,8 @@ constexpr Option kOptions[] = {
     {.name = "--no-force", .choice = &ScanOptions::force},
     {.name = "--confirm", .choice = &ScanOptions::confirm, .chosen = true},
     {.name = "--no-confirm", .choice = &ScanOptions::confirm},
+    {.name = "--trash", .choice = &ScanOptions::trash, .chosen = true},
+    {.name = "--no-trash", .choice = &ScanOptions::trash},
     {.name = "--check-language", .text = &CommandLine::checkLanguage},
     {.name = "--program-folder", .text = &CommandLine::programFolder},
     {.name = "--update-server", .text = &CommandLine::updateServer},
@@ -105,10 +107,10 @@ The desktop companion and file cleaner. Without options it starts hidden behind 
     --folder DIR         sweep DIR instead of the watched folders (may be repeated)
     --nasty NAME         delete NAME and nothing else, instead of the names on the Nasty File List and what goes
                          with them (may be repeated)
-    --dot-underscore, --icon-files, --force, --confirm
-                         delete "._" files, delete icon files, delete read-only entries, ask before each deletion;
-                         each with "no-" before its name, too. Without them the stored options hold; with --nasty
-                         "._" and icon files stay
+    --dot-underscore, --icon-files, --force, --confirm, --trash
+                         delete "._" files, delete icon files, delete read-only entries, ask before each deletion,
+                         move to the trash instead of deleting; each with "no-" before its name, too. Without them
+                         the stored options hold; with --nasty "._" and icon files stay
   --check-language FILE  say what is wrong with a language file (see "Language files" in the manual)
   --program-folder DIR   language files, pictures and the deletion log are in DIR
   --update-server URL    ask there for updates

@@ -19,6 +19,7 @@ struct ScanOptions {
     std::optional<bool> iconFiles;
     std::optional<bool> force;
     std::optional<bool> confirm;
+    std::optional<bool> trash;
 };
 
 struct CommandLine {

@@ -34,6 +34,11 @@ public:
     }
     Status deleteFile(std::string_view /*trueName*/, Force /*force*/) override { return Done{}; }
     Status deleteFolder(std::string_view /*trueName*/, Force /*force*/) override { return Done{}; }
+    Status moveToTrash(std::string_view /*trueName*/, platform::EntryKind /*kind*/,
+                       Force /*force*/) override {
+        return Done{};
+    }
+    [[nodiscard]] bool isInTrash() override { return beneath_->isInTrash(); }
 
 private:
     std::unique_ptr<platform::FolderWalk> beneath_;

@@ -179,6 +179,7 @@ void ScanProgram::applySwitches() {
         {&form_.chkIcon, namesAlone ? options_.iconFiles.value_or(false) : options_.iconFiles},
         {&form_.chkForce, options_.force},
         {&form_.chkConfirm, options_.confirm},
+        {&form_.chkTrash, options_.trash},
     };
     for (const auto& [box, chosen] : switches)
         if (chosen)

@@ -29,6 +29,8 @@ inline constexpr TextRow kTextRows[] = {
     {"anotherFolder", "Another folder stands in its place"},
     {"folderReplaced", "Where %1 was when it was added, another folder stands now. It was left alone. If it "
                        "is the right one, remove it from the list and add it again."},
+    {"noTrash",
+     "The disk of %1 has no trash, and none can be made there. What should have gone is still there."},
     {"logNotOpened", "The deletion log could not be opened:\\n\\n%1"},
     // The character's menu
     {"menuNextScreen", "&Send to next monitor"},

@@ -31,6 +31,9 @@ struct Entry {
 /// Whether read-only entries are deleted too. Read-only: the owner's write bit is clear.
 enum class Force : bool { No, Yes };
 
+/// The number of a failure that means: the disk has no trash, and none can be made there.
+inline constexpr int kNoTrash = -1;
+
 /// What tells a folder from another one that has come to stand in its place.
 struct FolderIdentity {
     std::uint64_t device = 0;
@@ -79,6 +82,13 @@ public:
 
     /// Deletes a folder with all that is in it. A failure midway leaves the rest.
     virtual Status deleteFolder(std::string_view trueName, Force force) = 0;
+
+    /// Moves a file, a link or a whole folder to the user's trash on its disk. What could not be deleted
+    /// stays, a folder whole. Failure: also `kNoTrash`.
+    virtual Status moveToTrash(std::string_view trueName, EntryKind kind, Force force) = 0;
+
+    /// Whether this folder is the user's trash or lies in it.
+    [[nodiscard]] virtual bool isInTrash() = 0;
 };
 
 class FileSystem {

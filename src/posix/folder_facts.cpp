@@ -26,20 +26,29 @@ platform::Result<FolderFacts> factsOf(int folder) {
     return FolderFacts{plain.st_mode, plain.st_dev, false};
 }
 
-platform::Result<platform::FolderIdentity> identityOf(int folder) {
-    constexpr decltype(statfs::f_type) kUserSpaceDisk = 0x65735546; // FUSE, by the statfs manual
-    struct stat facts {};
-    struct statfs disk {};
+platform::Result<std::string> pathOf(int folder) {
     std::string path(PATH_MAX, '\0');
     const std::string link = "/proc/self/fd/" + std::to_string(folder);
     const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
-    if (length < 0 || ::fstat(folder, &facts) != 0 || ::fstatfs(folder, &disk) != 0)
+    if (length < 0)
         return lastFailure();
     if (static_cast<std::size_t>(length) == path.size())
         return systemFailure(ENAMETOOLONG);
     path.resize(static_cast<std::size_t>(length));
+    return path;
+}
+
+platform::Result<platform::FolderIdentity> identityOf(int folder) {
+    constexpr decltype(statfs::f_type) kUserSpaceDisk = 0x65735546; // FUSE, by the statfs manual
+    struct stat facts {};
+    struct statfs disk {};
+    platform::Result<std::string> path = pathOf(folder);
+    if (!path)
+        return path.failure();
+    if (::fstat(folder, &facts) != 0 || ::fstatfs(folder, &disk) != 0)
+        return lastFailure();
     return platform::FolderIdentity{facts.st_dev, disk.f_type == kUserSpaceDisk ? 0 : facts.st_ino,
-                                    std::move(path)};
+                                    std::move(*path)};
 }
 
 } // namespace brovin::posix

@@ -5,6 +5,8 @@
 
 #include <sys/types.h>
 
+#include <string>
+
 namespace brovin::posix {
 
 /// What decides whether a folder may be emptied.
@@ -17,6 +19,9 @@ struct FolderFacts {
 };
 
 [[nodiscard]] platform::Result<FolderFacts> factsOf(int folder);
+
+/// Where an open folder is, without a link in the path. Failure: the system does not tell.
+[[nodiscard]] platform::Result<std::string> pathOf(int folder);
 
 /// Of a folder that is open. Failure: the system does not tell where it is.
 [[nodiscard]] platform::Result<platform::FolderIdentity> identityOf(int folder);

@@ -172,6 +172,15 @@ platform::Status PosixFolderWalk::deleteFolder(std::string_view trueName, platfo
     return ready ? removeTree(chain_.current(), name.text(), force) : ready;
 }
 
+platform::Status PosixFolderWalk::moveToTrash(std::string_view trueName, platform::EntryKind kind,
+                                              platform::Force force) {
+    const PlainName name(trueName);
+    platform::Status ready = readyToDelete(name);
+    if (ready && ahead_ && kind == platform::EntryKind::Folder)
+        ready = ahead_->release(chain_.depth(), trueName, patience_);
+    return ready ? trash_.take(chain_.current(), name.text(), kind, force) : ready;
+}
+
 /// What was read ahead may have been moved out of the tree since, so that deleting in it would reach
 /// elsewhere.
 platform::Status PosixFolderWalk::readyToDelete(const PlainName& name) {

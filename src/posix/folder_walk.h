@@ -6,6 +6,7 @@
 #include "posix/folder_list.h"
 #include "posix/plain_name.h"
 #include "posix/read_ahead.h"
+#include "posix/trash.h"
 
 #include <functional>
 #include <memory>
@@ -34,6 +35,9 @@ public:
     platform::Result<std::uint64_t> folderSize(std::string_view trueName) override;
     platform::Status deleteFile(std::string_view trueName, platform::Force force) override;
     platform::Status deleteFolder(std::string_view trueName, platform::Force force) override;
+    platform::Status moveToTrash(std::string_view trueName, platform::EntryKind kind,
+                                 platform::Force force) override;
+    [[nodiscard]] bool isInTrash() override { return trash_.holds(chain_.current()); }
 
 private:
     platform::Status check(const PlainName& name) const;
@@ -48,6 +52,7 @@ private:
     FolderList list_;
     bool fromStart_ = true; ///< the current folder's descriptor stands before its first entry
     bool over_ = false;
+    Trash trash_;
 
     std::function<bool()> patience_;
     FolderWatch watch_;

@@ -97,6 +97,11 @@ std::optional<Places> findPlaces(const std::string& programFolder) {
     return places;
 }
 
+std::string homeTrashFolder() {
+    const std::string data = baseFolder("XDG_DATA_HOME", "/.local/share");
+    return data.empty() ? data : data + "/Trash";
+}
+
 std::string programFile() {
     const std::string found = besideExecutable({"brovin", "../../bin/brovin"});
     std::error_code unknown;

@@ -19,6 +19,9 @@ struct Places {
 /// environment nor the system's list of users tells where this user's files are.
 [[nodiscard]] std::optional<Places> findPlaces(const std::string& programFolder);
 
+/// The user's trash on the disk of the home folder; empty: the environment names none.
+[[nodiscard]] std::string homeTrashFolder();
+
 /// What the user starts, "brovin", whichever of its executables runs.
 [[nodiscard]] std::string programFile();
 

@@ -27,28 +27,47 @@ platform::Result<FolderFacts> factsUnlessMounted(int folder, dev_t device) {
     return facts;
 }
 
-/// Looks at every folder and touches nothing.
-class MountPointSearch final : public TreeVisitor {
+platform::Status mayRemoveFile(int parent, const char* name) {
+    struct stat facts {};
+    if (::fstatat(parent, name, &facts, AT_SYMLINK_NOFOLLOW) != 0)
+        return lastFailure();
+    if (S_ISDIR(facts.st_mode))
+        return systemFailure(EISDIR);
+    if (!S_ISLNK(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0)
+        return readOnly();
+    return platform::Done{};
+}
+
+/// Looks at every folder, and without force at every file, and touches nothing.
+class Inspection final : public TreeVisitor {
 public:
-    explicit MountPointSearch(dev_t device) : device_(device) {}
+    Inspection(dev_t device, platform::Force force) : device_(device), force_(force) {}
 
     platform::Result<Descriptor> open(int parent, const char* name) override {
         platform::Result<Descriptor> folder = openFolderIn(parent, name);
         if (!folder)
             return folder;
-        if (const auto facts = factsUnlessMounted(folder->number(), device_); !facts)
+        const auto facts = factsUnlessMounted(folder->number(), device_);
+        if (!facts)
             return facts.failure();
+        if (force_ == platform::Force::No && (facts->mode & S_IWUSR) == 0)
+            return readOnly();
         return folder;
     }
 
     /// The deletion meets whatever else is in the way itself and knows better what to do about it.
-    [[nodiscard]] bool passesOver(int errorNumber) const override { return errorNumber != EBUSY; }
+    [[nodiscard]] bool passesOver(int errorNumber) const override {
+        return errorNumber != EBUSY && (force_ == platform::Force::Yes || errorNumber != EACCES);
+    }
 
-    platform::Status visitFile(int, const char*) override { return platform::Done{}; }
+    platform::Status visitFile(int parent, const char* name) override {
+        return force_ == platform::Force::Yes ? platform::Done{} : mayRemoveFile(parent, name);
+    }
     platform::Status leaveFolder(int, const char*) override { return platform::Done{}; }
 
 private:
     dev_t device_;
+    platform::Force force_;
 };
 
 class RemovalVisitor final : public TreeVisitor {
@@ -123,13 +142,8 @@ platform::Status RemovalVisitor::prepare(int folder) const {
 
 platform::Status removeFile(int parent, const char* name, platform::Force force) {
     if (force == platform::Force::No) {
-        struct stat facts {};
-        if (::fstatat(parent, name, &facts, AT_SYMLINK_NOFOLLOW) != 0)
-            return lastFailure();
-        if (S_ISDIR(facts.st_mode))
-            return systemFailure(EISDIR);
-        if (!S_ISLNK(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0)
-            return readOnly();
+        if (platform::Status may = mayRemoveFile(parent, name); !may)
+            return may;
     }
     if (::unlinkat(parent, name, 0) != 0)
         return lastFailure();
@@ -140,12 +154,24 @@ platform::Status removeTree(int parent, const char* name, platform::Force force)
     platform::Result<FolderFacts> facts = factsOf(parent);
     if (!facts)
         return facts.failure();
-    MountPointSearch search(facts->device);
+    Inspection search(facts->device, platform::Force::Yes);
     platform::Status searched = TreeTraversal(parent, search).run(name);
     if (!searched && searched.failure().number == EBUSY)
         return searched;
     RemovalVisitor removal(facts->device, force);
     return TreeTraversal(parent, removal).run(name);
+}
+
+platform::Status mayRemove(int parent, const char* name, platform::EntryKind kind, platform::Force force) {
+    if (kind == platform::EntryKind::File)
+        return force == platform::Force::Yes ? platform::Done{} : mayRemoveFile(parent, name);
+    platform::Result<FolderFacts> facts = factsOf(parent);
+    if (!facts)
+        return facts.failure();
+    Inspection search(facts->device, force);
+    platform::Status searched = TreeTraversal(parent, search).run(name);
+    const bool stays = !searched && !search.passesOver(searched.failure().number);
+    return stays ? searched : platform::Done{};
 }
 
 } // namespace brovin::posix

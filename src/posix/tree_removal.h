@@ -14,4 +14,9 @@ namespace brovin::posix {
 /// ends the deletion before anything in it is touched.
 [[nodiscard]] platform::Status removeTree(int parent, const char* name, platform::Force force);
 
+/// Whether a deletion would be let through: failure for a folder in which another disk hangs, and without
+/// force for what is read-only or has such a thing in it. Touches nothing.
+[[nodiscard]] platform::Status mayRemove(int parent, const char* name, platform::EntryKind kind,
+                                         platform::Force force);
+
 } // namespace brovin::posix

@@ -39,6 +39,7 @@ inline constexpr Setting kInterval{"Interval", "5"};
 inline constexpr Setting kLastScanned{"LastScanned", ""};
 inline constexpr Setting kForce{"Force", "1"};
 inline constexpr Setting kConfirm{"Confirm", "0"};
+inline constexpr Setting kTrash{"Trash", "0"};
 inline constexpr Setting kIgnoreErrors{"IgnoreErrors", "1"};
 inline constexpr Setting kLog{"Log", "1"};
 inline constexpr Setting kDotDash{"DotDash", "1"};

@@ -273,5 +273,24 @@ TEST(FolderSweep, passesByFoldersThatItCannotReach) {
     }
 }
 
+TEST(FolderSweep, movesToTheTrashWhereThatIsWanted) {
+    for (const bool hasTrash : {true, false}) {
+        FolderSweepWorld world;
+        std::string reason;
+        world.form.chkTrash.setValue(1);
+        world.form.chkIgnoreErrors.setValue(1);
+        world.sweep.deletionTried = [&](const Deletion& deletion) { reason = deletion.reason; };
+        world.files.hasTrash = hasTrash;
+        for (const char* path : {"/d/junk", "/d/a/junk/b", "/d/.Trash-1000/files/junk"})
+            world.files.addFile(path);
+        world.run();
+        EXPECT_EQ(hasTrash ? (Texts{"/d/junk", "/d/a/junk"}) : Texts(), world.files.deleted);
+        EXPECT_EQ(hasTrash ? Texts() : Texts{"/d/"}, world.sweep.trashless) << "told once a folder";
+        EXPECT_EQ(hasTrash ? "" : "There is no trash on its disk", reason);
+        EXPECT_EQ(2, world.sweep.scanItemCount);
+        EXPECT_EQ(2U, world.log.lines.size()) << "as for a deletion";
+    }
+}
+
 } // namespace
 } // namespace brovin::cleaner

@@ -21,7 +21,17 @@
 
 namespace brovin::fakes {
 
-enum class FileOperation { Open, List, Enter, Leave, FileLength, FolderSize, DeleteFile, DeleteFolder };
+enum class FileOperation {
+    Open,
+    List,
+    Enter,
+    Leave,
+    FileLength,
+    FolderSize,
+    DeleteFile,
+    DeleteFolder,
+    Trash
+};
 
 /// A disk in memory. Its root is "/", it lists in the order in which things were added, and it lowers the
 /// case of ASCII letters only. Paths are full and have no slash at the end.
@@ -34,7 +44,8 @@ public:
         friend bool operator==(const Asked&, const Asked&) = default;
     };
 
-    std::vector<Asked> asked;         ///< every call in order, whether it failed or not
+    std::vector<Asked> asked; ///< every call in order, whether it failed or not
+    bool hasTrash = true;
     std::vector<std::string> deleted; ///< what deleteFile and deleteFolder took away, in order
 
     /// What fails with "Permission denied", by the path that it works on; Leave by the folder that is left. A
@@ -196,6 +207,16 @@ private:
                 ask(FileOperation::DeleteFolder, trueName, platform::EntryKind::Folder, force);
             return folder ? disk_.take(std::string((*folder)->path), force) : folder.failure();
         }
+
+        platform::Status moveToTrash(std::string_view trueName, platform::EntryKind kind,
+                                     platform::Force force) override {
+            const auto entry = ask(FileOperation::Trash, trueName, kind, force);
+            if (entry && !disk_.hasTrash)
+                return platform::Failure{platform::kNoTrash, "There is no trash on its disk"};
+            return entry ? disk_.take(std::string((*entry)->path), force) : entry.failure();
+        }
+
+        [[nodiscard]] bool isInTrash() override { return path_.find("/.Trash-") != std::string::npos; }
 
     private:
         static std::string shown(std::string_view trueName) {

@@ -171,6 +171,8 @@ TEST(ScanCommand, obeysSwitchesBeforeSettings) {
         {kWhole, {"--no-icon-files"}, {"/Test/._a"}, ExitStatus::Done},
         {kWhole, {"--confirm"}, {}, ExitStatus::SomeFailed}, // nobody to ask
         {kWhole, {"--confirm", "--no-confirm", "--no-dot-underscore"}, {"/Test/Icon?"}, ExitStatus::Done},
+        {kWhole, {"--nasty=y", "--icon-files", "--trash"}, {}, ExitStatus::SomeFailed}, // there is none
+        {kWhole, {"--nasty=y", "--icon-files", "--trash", "--no-trash"}, {"/Test/Icon?"}, ExitStatus::Done},
         {kDamaged, {}, {}, ExitStatus::SomeFailed},
         {kDamaged, {"--nasty=x", "--no-confirm"}, {}, ExitStatus::SomeFailed},
         {kDamaged, {"--nasty=x", "--no-confirm", "--force"}, {"/Test/x"}, ExitStatus::SomeFailed},
@@ -180,6 +182,7 @@ TEST(ScanCommand, obeysSwitchesBeforeSettings) {
         for (const char* file : {"/Test/x", "/Test/._a", "/Test/Icon?"})
             world.files.addFile(file);
         world.files.setReadOnly("/Test/x");
+        world.files.hasTrash = false;
         std::vector<std::string_view> arguments{"--scan", "--folder", "/Test"};
         arguments.insert(arguments.end(), expected.switches.begin(), expected.switches.end());
         world.options = parseCommandLine(arguments).scanOptions;

@@ -9,6 +9,7 @@ struct ScanningPage : virtual Form {
     Panel frmDeleting{*this, "frmDeleting"};
     CheckBox chkConfirm{*this, "chkConfirm"};
     CheckBox chkForce{*this, "chkForce"};
+    CheckBox chkTrash{*this, "chkTrash"};
     CheckBox chkIgnoreErrors{*this, "chkIgnoreErrors"};
     Panel frmLog{*this, "frmLog"};
     CheckBox chkLog{*this, "chkLog"};

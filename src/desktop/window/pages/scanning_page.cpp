@@ -16,6 +16,7 @@ QWidget* makeScanningPage(ui::FrmOptions& form, QWidget* parent) {
     auto* choices = new QVBoxLayout(deleting);
     choices->addWidget(bound<QCheckBox>(form.chkConfirm, deleting));
     choices->addWidget(bound<QCheckBox>(form.chkForce, deleting));
+    choices->addWidget(bound<QCheckBox>(form.chkTrash, deleting));
     choices->addWidget(bound<QCheckBox>(form.chkIgnoreErrors, deleting));
     layout->addWidget(deleting);
 
