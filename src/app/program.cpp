@@ -7,6 +7,8 @@
 #include "app/start_up.h"
 #include "app/stored_controls.h"
 #include "cleaner/cleaner.h"
+#include "cleaner/preview.h"
+#include "cleaner/preview_window.h"
 #include "companion/companion.h"
 #include "language/language.h"
 #include "text/numbers.h"
@@ -66,6 +68,31 @@ struct Program::Rooms {
                                           .clock = machine.clock,
                                           .regional = machine.regional,
                                           .letters = machine.letters}}};
+    ui::FrmPreview frmPreview;
+    cleaner::Preview preview{{.foldersPage = form,
+                              .nastyPage = form,
+                              .scanningPage = form,
+                              .scan = cleaner.scan,
+                              .speech = teller.speech,
+                              .scanRun = cleaner.scanRun,
+                              .folders = cleaner.watchedFolders,
+                              .files = machine.files,
+                              .dialogs = machine.dialogs,
+                              .pump = machine.pump,
+                              .regional = machine.regional,
+                              .letters = machine.letters}};
+    cleaner::PreviewWindow previewWindow{{.form = frmPreview,
+                                          .foldersPage = form,
+                                          .scan = cleaner.scan,
+                                          .speech = teller.speech,
+                                          .preview = preview,
+                                          .keepList = cleaner.keepList,
+                                          .files = machine.files,
+                                          .shell = machine.shell,
+                                          .pump = machine.pump,
+                                          .clock = machine.clock,
+                                          .regional = machine.regional,
+                                          .letters = machine.letters}};
     window::SpeechFrequency speechFrequency{form, settings};
     window::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
     Schedule schedule{{.form = form,
@@ -110,6 +137,7 @@ Program::Rooms::Rooms(const Machine& beneath, settings::ProgramInfo about, std::
         shutDown.closing();
         window.Form_Close();
     };
+    form.cmdPreview.click = [this] { previewWindow.cmdPreview_Click(); };
     form.mPopExit.click = [this] { shutDown.cmdExit_Click(); };
     ui::tieListHints(form);
     tieLanguage();
@@ -192,6 +220,9 @@ Program::~Program() = default;
 
 ui::FrmOptions& Program::frmOptions() {
     return rooms_->form;
+}
+ui::FrmPreview& Program::frmPreview() {
+    return rooms_->frmPreview;
 }
 window::MainWindow& Program::mainWindow() {
     return rooms_->window;

@@ -3,6 +3,7 @@
 #include "app/machine.h"
 #include "settings/program_info.h"
 #include "ui/frm_options.h"
+#include "ui/frm_preview.h"
 #include "window/main_window.h"
 
 #include <memory>
@@ -20,6 +21,7 @@ public:
     Program& operator=(const Program&) = delete;
 
     [[nodiscard]] ui::FrmOptions& frmOptions();
+    [[nodiscard]] ui::FrmPreview& frmPreview();
     [[nodiscard]] window::MainWindow& mainWindow();
 
     /// What the program says in the active language.

@@ -144,6 +144,7 @@ Status StartUp::stopTimer() {
 
 Status StartUp::loadLists() {
     needs_.cleaner.nastyFiles.load();
+    needs_.cleaner.keepList.load();
     needs_.cleaner.watchedFolders.load();
     needs_.form.cmdRemoveFile.setEnabled(false);
     return Done{};

@@ -39,6 +39,7 @@ constexpr StoredControl kControls[] = {
 constexpr StoredControl kRules[] = {
     {&setting::kDotDash, &FrmOptions::chkDotDash, Stores::Always, kGuidesScan},
     {&setting::kIconFiles, &FrmOptions::chkIcon, Stores::Always, kGuidesScan},
+    {&setting::kSpareCarriers, &FrmOptions::chkSpare, Stores::Always, kGuidesScan},
 };
 
 /// One operation for each kind of control, chosen by the row.

@@ -11,6 +11,12 @@ Cleaner::Cleaner(const Needs& needs)
                   .letters = needs.machine.letters}),
       starterNames(
           {.nastyPage = needs.nastyPage, .scan = scan, .speech = needs.speech, .nastyFiles = nastyFiles}),
+      keepList({.nastyPage = needs.nastyPage,
+                .scan = scan,
+                .settings = needs.settings,
+                .speech = needs.speech,
+                .dialogs = needs.machine.dialogs,
+                .letters = needs.machine.letters}),
       watchedFolders({.foldersPage = needs.foldersPage,
                       .scan = scan,
                       .settings = needs.settings,
@@ -25,6 +31,7 @@ Cleaner::Cleaner(const Needs& needs)
              .files = needs.machine.files,
              .dialogs = needs.machine.dialogs,
              .regional = needs.machine.regional,
+             .letters = needs.machine.letters,
              .pump = needs.machine.pump}),
       statistics({.frame = needs.frame,
                   .foldersPage = needs.foldersPage,
@@ -75,6 +82,9 @@ void Cleaner::tie(ui::NastyFilesPage& page) {
     page.cmdRemoveFile.click = [this] { nastyFiles.cmdRemoveFile_Click(); };
     page.cmdStarter.click = [this] { starterNames.cmdStarter_Click(); };
     page.lstFiles.click = [this] { nastyFiles.lstFiles_Click(); };
+    page.cmdAddKeep.click = [this] { keepList.cmdAddKeep_Click(); };
+    page.cmdRemoveKeep.click = [this] { keepList.cmdRemoveKeep_Click(); };
+    page.lstKeep.click = [this] { keepList.lstKeep_Click(); };
 }
 
 void Cleaner::tie(ui::ScanningPage& page) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaner/folder_sweep.h"
+#include "cleaner/keep_list.h"
 #include "cleaner/log_commands.h"
 #include "cleaner/nasty_file_list.h"
 #include "cleaner/scan_run.h"
@@ -48,6 +49,7 @@ public:
     ScanState scan;
     NastyFileList nastyFiles;
     StarterNames starterNames;
+    KeepList keepList;
     WatchedFolderList watchedFolders;
     FolderSweep sweep;
     Statistics statistics;

@@ -10,8 +10,10 @@ NameSet::NameSet(const std::vector<ui::ListControl::Item>& items) {
 Match DeleteRules::match(std::string_view name, const NameSet& names) const {
     if (iconFiles && name.ends_with('?') && name.starts_with("icon"))
         return Match::Icon;
-    if (names.contains(name) || (dotDash && name.starts_with("._") && !names.empty()))
+    if (names.contains(name))
         return Match::Listed;
+    if (dotDash && name.starts_with("._") && !names.empty())
+        return Match::DotDash;
     return Match::None;
 }
 

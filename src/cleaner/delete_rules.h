@@ -27,7 +27,9 @@ private:
     std::unordered_set<std::string, Hash, std::equal_to<>> names_;
 };
 
-enum class Match : std::uint8_t { None, Icon, Listed };
+/// Why an entry goes: not at all, as an icon file, for its name on the list, for the "._" that it begins
+/// with.
+enum class Match : std::uint8_t { None, Icon, Listed, DotDash };
 
 /// What goes, decided by the name alone.
 struct DeleteRules {

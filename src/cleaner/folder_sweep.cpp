@@ -45,10 +45,12 @@ std::string withSeparator(std::string path) {
 
 } // namespace
 
-void FolderSweep::beginRun(platform::LineWriter* log) {
+void FolderSweep::beginRun(platform::LineWriter* log, Choice* choice) {
     scanItemCount = 0;
     scanKB = 0;
     notVisited = 0;
+    kept = 0;
+    spared = 0;
     foldersOpened = 0;
     entriesSeen = 0;
     gone = 0;
@@ -56,6 +58,8 @@ void FolderSweep::beginRun(platform::LineWriter* log) {
     trashless.clear();
     cancelled_ = false;
     names_ = NameSet(needs_.nastyPage.lstFiles.items());
+    keeps_ = KeepRules(needs_.nastyPage.lstKeep.items(), needs_.files, needs_.letters);
+    choice_ = choice;
     log_ = log;
 }
 
@@ -63,7 +67,10 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
                               std::string_view identity) {
     shownPath_ = withSeparator(shownPath);
     truePath_ = withSeparator(truePath);
+    topLength_ = shownPath_.size();
     entryName_.clear();
+    if (choice_ != nullptr && !choice_->begin(truePath))
+        return;
     showFolder("");
     auto walk = needs_.files.open(truePath);
     if (!walk) {
@@ -73,7 +80,7 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
         return;
     }
     walk_ = std::move(*walk);
-    if (isStranger(truePath, identity)) {
+    if (isStranger(truePath, identity) || isKept()) {
         walk_.reset();
         return;
     }
@@ -111,6 +118,18 @@ bool FolderSweep::isStranger(const std::string& truePath, std::string_view ident
     return true;
 }
 
+/// Whether the Keep List has this watched folder, or one around it.
+bool FolderSweep::isKept() {
+    if (keeps_.empty())
+        return false;
+    const auto found = walk_->identity();
+    if (!keeps_.begin(needs_.letters.lowerCase(shownPath_),
+                      found ? needs_.letters.lowerCase(found->path) : std::string()))
+        return false;
+    ++kept;
+    return true;
+}
+
 void FolderSweep::descend(Level& level) {
     const Subfolder folder = std::move(level.subfolders[level.next++]);
     showFolder(withSeparator(folder.name));
@@ -124,6 +143,8 @@ void FolderSweep::descend(Level& level) {
         goOn(entered);
         return;
     }
+    if (choice_ != nullptr)
+        choice_->enter(folder.trueName);
     shownPath_ += withSeparator(folder.name);
     truePath_ += withSeparator(folder.trueName);
     levels_.push_back({{}, 0, shownPath_.size(), truePath_.size()});
@@ -136,6 +157,8 @@ void FolderSweep::ascend() {
         return;
     shownPath_.resize(levels_.back().shownLength);
     truePath_.resize(levels_.back().trueLength);
+    if (choice_ != nullptr)
+        choice_->leave();
     const Status left = walk_->leave();
     if (left)
         return;
@@ -189,14 +212,54 @@ bool FolderSweep::handleEntry(const platform::Entry& entry, Level& level, std::i
     // The boxes count as they stand at this moment; the user may change them while the scan runs.
     const DeleteRules rules{needs_.nastyPage.chkIcon.checked(), needs_.nastyPage.chkDotDash.checked()};
     const Match match = rules.match(entry.name, names_);
+    if (match == Match::None && entry.kind != EntryKind::Folder)
+        return true;
+    if (!keeps_.empty() && keepsEntry(entry, match)) {
+        ++kept;
+        return true;
+    }
     if (match == Match::None)
-        return entry.kind != EntryKind::Folder || queue(entry, level);
+        return queue(entry, level);
     entryName_ = entry.name;
+    deletion_ = {truePath_, entry.trueName, entry.name, match};
+    carried_.reset();
+    if (choice_ != nullptr && !choice_->takes(*walk_, entry))
+        return true;
+    if (needs_.nastyPage.chkSpare.checked() && carriesSomething(entry)) {
+        ++spared;
+        return true;
+    }
     if (needs_.scanningPage.chkConfirm.checked() && !confirmed(entry))
         return true;
     if (match == Match::Icon)
         return deleteIcon(entry);
     return entry.kind == EntryKind::Folder ? deleteListedFolder(entry, kb) : deleteListed(entry, kb);
+}
+
+bool FolderSweep::keepsEntry(const platform::Entry& entry, Match match) const {
+    const std::string_view below = std::string_view(shownPath_).substr(topLength_);
+    return keeps_.keeps(below, entry.name) || (match != Match::None && entry.kind == EntryKind::Folder &&
+                                               keeps_.keepsWithin(*walk_, below, entry));
+}
+
+bool FolderSweep::carriesSomething(const platform::Entry& entry) {
+    if (!mayCarry(entry.name) || entry.kind == EntryKind::Folder)
+        return false;
+    const auto facts = look(entry);
+    carried_ = lookInto(*walk_, entry.trueName, facts ? facts->bytes : 0);
+    return carried_->something;
+}
+
+/// What is told of the entry; asked once.
+Result<platform::EntryFacts> FolderSweep::look(const platform::Entry& entry) {
+    if (deletion_.facts)
+        return *deletion_.facts;
+    const auto facts = walk_->facts(entry.trueName);
+    if (facts) {
+        deletion_.facts = *facts;
+        deletion_.bytes += facts->bytes;
+    }
+    return facts;
 }
 
 // In the deletions each line is one statement. A failed one may be passed over, and the next then runs as if
@@ -210,7 +273,8 @@ bool FolderSweep::deleteIcon(const platform::Entry& entry) {
 }
 
 bool FolderSweep::deleteListed(const platform::Entry& entry, std::int16_t& kb) {
-    if (!goOn(assignKilobytes(kb, walk_->fileLength(entry.trueName))))
+    const auto facts = look(entry);
+    if (!goOn(assignKilobytes(kb, facts ? Result(facts->bytes) : facts.failure())))
         return false;
     const std::int32_t counted = kb > kLeastKilobytes ? kb : kLeastKilobytes;
     return goOn(addKilobytes(counted)) && //
@@ -220,7 +284,9 @@ bool FolderSweep::deleteListed(const platform::Entry& entry, std::int16_t& kb) {
 }
 
 bool FolderSweep::deleteListedFolder(const platform::Entry& entry, std::int16_t& kb) {
-    if (!goOn(assignKilobytes(kb, walk_->folderSize(entry.trueName))))
+    const auto size = walk_->folderSize(entry.trueName);
+    deletion_.bytes = size ? *size : 0;
+    if (!goOn(assignKilobytes(kb, size)))
         return false;
     if (kb < kLeastKilobytes)
         kb = kLeastKilobytes;
@@ -232,6 +298,8 @@ bool FolderSweep::deleteListedFolder(const platform::Entry& entry, std::int16_t&
 }
 
 bool FolderSweep::queue(const platform::Entry& entry, Level& level) {
+    if (choice_ != nullptr && !choice_->leadsInto(entry.trueName))
+        return true;
     if (level.subfolders.size() < kMostSubfolders) {
         level.subfolders.push_back({std::string(entry.name), std::string(entry.trueName)});
         return true;
@@ -264,12 +332,24 @@ Status FolderSweep::remove(const platform::Entry& entry, EntryKind kind) {
 }
 
 Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, std::int32_t kb) {
+    // Afterwards there is nothing left to look at.
+    if (wantsFacts)
+        static_cast<void>(look(entry));
+    if (looksInto && !carried_)
+        static_cast<void>(carriesSomething(entry));
     Status outcome = remove(entry, kind);
     if (outcome)
         ++gone;
-    if (deletionTried)
-        deletionTried({truePath_ + std::string(entry.trueName), kind, kb, static_cast<bool>(outcome),
-                       outcome ? std::string() : outcome.failure().reason});
+    if (choice_ != nullptr)
+        choice_->tried(static_cast<bool>(outcome));
+    if (!deletionTried)
+        return outcome;
+    deletion_.kind = kind;
+    deletion_.kb = kb;
+    deletion_.carried = carried_ ? &*carried_ : nullptr;
+    deletion_.deleted = static_cast<bool>(outcome);
+    deletion_.reason = outcome ? std::string() : outcome.failure().reason;
+    deletionTried(deletion_);
     return outcome;
 }
 

@@ -33,38 +33,49 @@ ScanRun::ScanRun(const Needs& needs) : needs_(needs) {
 }
 
 ScanOutcome ScanRun::runScan() {
+    const ScanOutcome outcome = run(nullptr);
+    if (outcome == ScanOutcome::Done)
+        finished();
+    return outcome;
+}
+
+ScanOutcome ScanRun::run(Choice* choice) {
     if (needs_.scan.busy())
         return ScanOutcome::Busy;
     auto hold = needs_.lock.tryHold();
     if (!hold)
         return ScanOutcome::BusyElsewhere;
     {
-        const ScanState::Running running(needs_.scan);
+        const ScanState::Running running(needs_.scan, [this] { needs_.sweep.cancel(); });
         showProgress(true);
-        scanFolders();
+        scanFolders(choice);
         showProgress(false);
     }
     hold.reset();
-    if (needs_.sweep.cancelled())
-        return ScanOutcome::Stopped;
-    finished();
-    return ScanOutcome::Done;
+    return needs_.sweep.cancelled() ? ScanOutcome::Stopped : ScanOutcome::Done;
 }
 
-void ScanRun::scanFolders() {
+void ScanRun::scanFolders(Choice* choice) {
     showStatus(needs_.speech.messages.getMessage(Message::ScanUnderWay));
     needs_.statistics.showRunning(needs_.frame.sbStatus.panel());
     shownAt_ = needs_.clock.elapsed();
     const auto log = openLog();
-    needs_.sweep.beginRun(log.get());
+    needs_.sweep.beginRun(log.get(), choice);
     sweepAll();
     if (log && needs_.scanningPage.chkLog.checked())
         writeSummary(*log);
 
-    const platform::DateTime now = needs_.clock.now();
-    const std::string timeStamp = needs_.regional.longDate(now) + " " + needs_.regional.longTime(now);
-    storeTotals(timeStamp);
-    showStatus("Last scanned on " + timeStamp);
+    if (choice == nullptr) {
+        const platform::DateTime now = needs_.clock.now();
+        const std::string timeStamp = needs_.regional.longDate(now) + " " + needs_.regional.longTime(now);
+        needs_.settings.write(setting::kLastScanned, timeStamp);
+        storeTotals();
+        showStatus("Last scanned on " + timeStamp);
+    } else {
+        storeTotals(); // not everything was swept, so the last scan is what it was
+        needs_.statistics.showLastScanned();
+        needs_.tip.show(needs_.frame.sbStatus.panel());
+    }
     needs_.statistics.updateStatistics();
 }
 
@@ -115,15 +126,16 @@ std::unique_ptr<platform::LineWriter> ScanRun::openLog() {
 void ScanRun::sweepAll() {
     for (std::size_t i = 0; i < needs_.foldersPage.lstFolders.items().size() && !needs_.sweep.cancelled();
          ++i) {
-        const std::string shown = needs_.foldersPage.lstFolders.items()[i].text;
-        // A folder that cannot be told from another is swept as the missing one it counts as.
-        needs_.sweep.sweepFolder(shown, needs_.folders.truePath(i).value_or(shown),
-                                 needs_.folders.identity(i));
+        needs_.folders.sweep(i, needs_.sweep);
     }
 }
 
 void ScanRun::writeSummary(platform::LineWriter& log) {
     const auto& messages = needs_.speech.messages;
+    if (needs_.sweep.keeps())
+        carryOn(log.writeLine(messages.getText("logKept", {std::to_string(needs_.sweep.kept)})));
+    if (needs_.sweep.spared > 0)
+        carryOn(log.writeLine(messages.getText("logSpared", {std::to_string(needs_.sweep.spared)})));
     if (needs_.sweep.scanItemCount <= 0) {
         carryOn(log.writeLine(messages.getMessage(Message::LogNothingFound)));
         return;
@@ -134,8 +146,7 @@ void ScanRun::writeSummary(platform::LineWriter& log) {
     carryOn(log.writeLine(timedMessage(Message::LogScanFinished)));
 }
 
-void ScanRun::storeTotals(const std::string& timeStamp) {
-    needs_.settings.write(setting::kLastScanned, timeStamp);
+void ScanRun::storeTotals() {
     needs_.settings.write(setting::kTotalNuked,
                           added(needs_.settings.read(setting::kTotalNuked), needs_.sweep.scanItemCount));
     needs_.settings.write(setting::kKb, added(needs_.settings.read(setting::kKb), needs_.sweep.scanKB));

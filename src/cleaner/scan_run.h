@@ -62,8 +62,11 @@ public:
     ui::Event<> finished;
 
     ScanOutcome runScan();
-    /// Ends the run that is under way behind the entry that is being worked on.
-    void cancel() { needs_.sweep.cancel(); }
+    /// The same, but only for what is chosen of all that it would delete. It is no scan of everything, so the
+    /// time of the last one stays, and `finished` is not told.
+    ScanOutcome runChosen(Choice& choice) { return run(&choice); }
+    /// Ends what is under way behind the entry that is being worked on.
+    void cancel() { needs_.scan.stop(); }
     void cmdNuke_Click();
     void cmdStopScan_Click();
     /// Tells of each folder that the last run left alone because another one stands in its place, and of
@@ -75,10 +78,11 @@ private:
     void showProgress(bool running);
     void tellProgress();
     [[nodiscard]] std::unique_ptr<platform::LineWriter> openLog();
-    void scanFolders();
+    ScanOutcome run(Choice* choice);
+    void scanFolders(Choice* choice);
     void sweepAll();
     void writeSummary(platform::LineWriter& log);
-    void storeTotals(const std::string& timeStamp);
+    void storeTotals();
     void report();
     [[nodiscard]] std::string timedMessage(language::Message message) const;
 

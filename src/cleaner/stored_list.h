@@ -10,9 +10,10 @@
 
 namespace brovin::cleaner {
 
-/// The sections of the settings store in which the two lists are kept. No files have these names.
+/// The sections of the settings store in which the lists are kept. No files have these names.
 inline constexpr std::string_view kNastyFilesSection = "filelist.txt";
 inline constexpr std::string_view kWatchedFoldersSection = "foldlist.txt";
+inline constexpr std::string_view kKeepSection = "keeplist.txt";
 
 /// How many entries a list can hold.
 inline constexpr std::size_t kMostEntries = 32767;

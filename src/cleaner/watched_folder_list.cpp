@@ -47,6 +47,12 @@ std::optional<std::string> WatchedFolderList::truePath(std::size_t index) const 
     return needs_.files.findWithoutCase(needs_.foldersPage.lstFolders.items()[index].text);
 }
 
+void WatchedFolderList::sweep(std::size_t index, FolderSweep& sweep) const {
+    const std::string shown = needs_.foldersPage.lstFolders.items()[index].text;
+    // A folder that cannot be told from another is swept as the missing one it counts as.
+    sweep.sweepFolder(shown, truePath(index).value_or(shown), identities_[index]);
+}
+
 /// A folder that cannot be opened at this moment is watched all the same.
 std::string WatchedFolderList::identityOf(const std::string& path) const {
     const auto walk = needs_.files.open(path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cleaner/folder_sweep.h"
 #include "cleaner/scan_state.h"
 #include "cleaner/stored_list.h"
 #include "companion/speech.h"
@@ -39,8 +40,8 @@ public:
     /// fits.
     [[nodiscard]] std::optional<std::string> truePath(std::size_t index) const;
 
-    /// What the folder of an entry was when it was added, as `identityText` tells it; "": not known.
-    [[nodiscard]] const std::string& identity(std::size_t index) const { return identities_[index]; }
+    /// Hands the folder of an entry to a sweep.
+    void sweep(std::size_t index, FolderSweep& sweep) const;
 
     void cmdAddFolder_Click();
     void cmdRemoveFolder_Click();

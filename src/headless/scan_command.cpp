@@ -2,9 +2,10 @@
 
 #include "app/stored_controls.h"
 #include "cleaner/cleaner.h"
+#include "cleaner/preview_file_system.h"
 #include "companion/teller.h"
-#include "headless/preview.h"
 #include "headless/scan_report.h"
+#include "headless/scan_settings.h"
 #include "language/language.h"
 #include "settings/settings.h"
 
@@ -58,7 +59,7 @@ private:
     Console console_;
     const settings::ProgramInfo& program_;
 
-    PreviewFileSystem previewFiles_{machine_.files};
+    cleaner::PreviewFileSystem previewFiles_{machine_.files};
     // A damaged file stays as it is until the window tells the user: the next scan is to be as careful.
     ScanSettings store_{machine_.settings, options_.dryRun || machine_.settingsDamaged
                                                ? ScanSettings::Stores::Nothing
@@ -192,6 +193,7 @@ void ScanProgram::applySwitches() {
 
 void ScanProgram::fillLists() {
     cleaner_.nastyFiles.load();
+    cleaner_.keepList.load();
     cleaner_.watchedFolders.load();
     if (!options_.folders.empty())
         cleaner_.watchedFolders.show(options_.folders);

@@ -20,7 +20,7 @@ void ScanReport::deletion(const cleaner::Deletion& deletion) {
     clearProgress();
     if (options_.json) {
         const bool folder = deletion.kind == platform::EntryKind::Folder;
-        console_.out << "{\"path\":" << jsonString(deletion.path) << ",\"kind\":\""
+        console_.out << "{\"path\":" << jsonString(deletion.path()) << ",\"kind\":\""
                      << (folder ? "folder" : "file") << "\",\"kb\":" << deletion.kb
                      << ",\"deleted\":" << (deletion.deleted && !options_.dryRun ? "true" : "false");
         if (!deletion.deleted)
@@ -28,7 +28,7 @@ void ScanReport::deletion(const cleaner::Deletion& deletion) {
         console_.out << "}\n";
         return;
     }
-    const std::string path = text::displayText(deletion.path);
+    const std::string path = text::displayText(deletion.path());
     if (!deletion.deleted)
         console_.out << "could not delete " << path << ": " << deletion.reason << "\n";
     else

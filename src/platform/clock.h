@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 
 namespace brovin::platform {
 
@@ -13,6 +14,9 @@ public:
 
     /// The present moment in the user's time zone.
     [[nodiscard]] virtual DateTime now() const = 0;
+
+    /// The same moment everywhere: seconds since the beginning of 1970, UTC.
+    [[nodiscard]] virtual std::int64_t secondsUtc() const = 0;
 
     /// Time that goes by evenly whatever is done to the wall clock, counted from some moment in the past.
     [[nodiscard]] virtual std::chrono::milliseconds elapsed() const = 0;

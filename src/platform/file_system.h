@@ -28,6 +28,25 @@ struct Entry {
     EntryKind kind = EntryKind::File;
 };
 
+/// What is told of an entry without looking into it. Device, inode and kind tell it from another one that has
+/// come to bear its name.
+struct EntryFacts {
+    EntryKind kind = EntryKind::File;
+    std::uint64_t bytes = 0;   ///< in a file (of a link: in the link itself); nothing of a folder
+    std::int64_t modified = 0; ///< seconds since the beginning of 1970, UTC
+    std::uint64_t device = 0;
+    /// 0: the disk gives out numbers anew, so that they tell nothing.
+    std::uint64_t inode = 0;
+
+    /// Whether it is the same entry. Where numbers tell nothing, a file of other bytes or another time is
+    /// not.
+    [[nodiscard]] bool sameEntry(const EntryFacts& other) const {
+        return kind == other.kind && device == other.device && inode == other.inode &&
+               (inode != 0 || kind == EntryKind::Folder ||
+                (bytes == other.bytes && modified == other.modified));
+    }
+};
+
 /// Whether read-only entries are deleted too. Read-only: the owner's write bit is clear.
 enum class Force : bool { No, Yes };
 
@@ -71,8 +90,16 @@ public:
     /// Goes back up. Failure: the folder above is not where it was; the walk is over and stays unusable.
     virtual Status leave() = 0;
 
-    /// Bytes in a file (of a link: in the link itself).
-    virtual Result<std::uint64_t> fileLength(std::string_view trueName) = 0;
+    /// What is told of an entry of this folder.
+    virtual Result<EntryFacts> facts(std::string_view trueName) = 0;
+
+    /// The first bytes of a file, as many as fit, into `memory`; how many there were. Never waits for the
+    /// other end of a pipe, and refuses whatever is no file with contents of its own, a link too.
+    virtual Result<std::size_t> head(std::string_view trueName, std::span<std::uint8_t> memory) = 0;
+
+    /// Whether anything below a folder has a name, in the form that `Entry::name` has, that is `wanted`.
+    virtual Result<bool> holds(std::string_view folder,
+                               const std::function<bool(std::string_view name)>& wanted) = 0;
 
     /// Bytes in all files below a folder.
     virtual Result<std::uint64_t> folderSize(std::string_view trueName) = 0;

@@ -13,6 +13,11 @@
 #include <utility>
 
 namespace brovin::posix {
+namespace {
+
+constexpr decltype(statfs::f_type) kUserSpaceDisk = 0x65735546; // FUSE, by the statfs manual
+
+} // namespace
 
 platform::Result<FolderFacts> factsOf(int folder) {
     struct statx facts {};
@@ -24,6 +29,16 @@ platform::Result<FolderFacts> factsOf(int folder) {
     if (::fstat(folder, &plain) != 0)
         return lastFailure();
     return FolderFacts{plain.st_mode, plain.st_dev, false};
+}
+
+bool LastingNumbers::on(int folder, dev_t device) {
+    if (known_ && device == device_)
+        return lasting_;
+    struct statfs disk {};
+    lasting_ = ::fstatfs(folder, &disk) == 0 && disk.f_type != kUserSpaceDisk;
+    device_ = device;
+    known_ = true;
+    return lasting_;
 }
 
 platform::Result<std::string> pathOf(int folder) {
@@ -39,7 +54,6 @@ platform::Result<std::string> pathOf(int folder) {
 }
 
 platform::Result<platform::FolderIdentity> identityOf(int folder) {
-    constexpr decltype(statfs::f_type) kUserSpaceDisk = 0x65735546; // FUSE, by the statfs manual
     struct stat facts {};
     struct statfs disk {};
     platform::Result<std::string> path = pathOf(folder);

@@ -1,8 +1,9 @@
 #include "posix/folder_walk.h"
 
-#include "posix/folder_facts.h"
+#include "posix/file_head.h"
 #include "posix/open_folder.h"
 #include "posix/system_call.h"
+#include "posix/tree_names.h"
 #include "posix/tree_removal.h"
 #include "posix/tree_size.h"
 
@@ -140,16 +141,31 @@ platform::Status PosixFolderWalk::leave() {
     return platform::Done{};
 }
 
-platform::Result<std::uint64_t> PosixFolderWalk::fileLength(std::string_view trueName) {
+platform::Result<platform::EntryFacts> PosixFolderWalk::facts(std::string_view trueName) {
     const PlainName name(trueName);
     if (platform::Status usable = check(name); !usable)
         return usable.failure();
-    struct stat facts {};
-    if (::fstatat(chain_.current(), name.text(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+    struct stat found {};
+    if (::fstatat(chain_.current(), name.text(), &found, AT_SYMLINK_NOFOLLOW) != 0)
         return lastFailure();
-    if (S_ISDIR(facts.st_mode))
-        return systemFailure(EISDIR);
-    return static_cast<std::uint64_t>(facts.st_size);
+    const bool folder = S_ISDIR(found.st_mode);
+    return platform::EntryFacts{folder ? platform::EntryKind::Folder : platform::EntryKind::File,
+                                folder ? 0 : static_cast<std::uint64_t>(found.st_size), found.st_mtime,
+                                found.st_dev, lasting_.on(chain_.current(), found.st_dev) ? found.st_ino : 0};
+}
+
+platform::Result<std::size_t> PosixFolderWalk::head(std::string_view trueName,
+                                                    std::span<std::uint8_t> memory) {
+    const PlainName name(trueName);
+    platform::Status usable = check(name);
+    return usable ? headOf(chain_.current(), name.text(), memory) : usable.failure();
+}
+
+platform::Result<bool> PosixFolderWalk::holds(std::string_view folder,
+                                              const std::function<bool(std::string_view)>& wanted) {
+    const PlainName name(folder);
+    platform::Status usable = check(name);
+    return usable ? treeHolds(chain_.current(), name.text(), wanted) : usable.failure();
 }
 
 platform::Result<std::uint64_t> PosixFolderWalk::folderSize(std::string_view trueName) {

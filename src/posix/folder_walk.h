@@ -3,6 +3,7 @@
 #include "platform/file_system.h"
 #include "posix/descriptor.h"
 #include "posix/folder_chain.h"
+#include "posix/folder_facts.h"
 #include "posix/folder_list.h"
 #include "posix/plain_name.h"
 #include "posix/read_ahead.h"
@@ -31,7 +32,10 @@ public:
     platform::Result<std::span<const platform::Entry>> listMore() override;
     platform::Status enter(std::string_view trueName) override;
     platform::Status leave() override;
-    platform::Result<std::uint64_t> fileLength(std::string_view trueName) override;
+    platform::Result<platform::EntryFacts> facts(std::string_view trueName) override;
+    platform::Result<std::size_t> head(std::string_view trueName, std::span<std::uint8_t> memory) override;
+    platform::Result<bool> holds(std::string_view folder,
+                                 const std::function<bool(std::string_view)>& wanted) override;
     platform::Result<std::uint64_t> folderSize(std::string_view trueName) override;
     platform::Status deleteFile(std::string_view trueName, platform::Force force) override;
     platform::Status deleteFolder(std::string_view trueName, platform::Force force) override;
@@ -55,6 +59,7 @@ private:
     Trash trash_;
 
     std::function<bool()> patience_;
+    LastingNumbers lasting_;
     FolderWatch watch_;
     DiskPace pace_;
     std::shared_ptr<ReadAhead> ahead_;   ///< from when the disk was slow for the first time

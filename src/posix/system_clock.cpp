@@ -17,6 +17,10 @@ platform::DateTime SystemClock::now() const {
            std::chrono::minutes(parts.tm_min) + std::chrono::seconds(parts.tm_sec);
 }
 
+std::int64_t SystemClock::secondsUtc() const {
+    return std::time(nullptr);
+}
+
 std::chrono::milliseconds SystemClock::elapsed() const {
     return std::chrono::floor<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
 }

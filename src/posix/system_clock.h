@@ -8,6 +8,7 @@ namespace brovin::posix {
 class SystemClock final : public platform::Clock {
 public:
     [[nodiscard]] platform::DateTime now() const override;
+    [[nodiscard]] std::int64_t secondsUtc() const override;
     [[nodiscard]] std::chrono::milliseconds elapsed() const override;
 };
 

@@ -44,6 +44,7 @@ inline constexpr Setting kIgnoreErrors{"IgnoreErrors", "1"};
 inline constexpr Setting kLog{"Log", "1"};
 inline constexpr Setting kDotDash{"DotDash", "1"};
 inline constexpr Setting kIconFiles{"IconFiles", "1"};
+inline constexpr Setting kSpareCarriers{"SpareCarriers", "0"};
 inline constexpr Setting kTotalNuked{"TotalNuked", "0"};
 inline constexpr Setting kKb{"KB", "0"};
 inline constexpr Setting kTotalDate{"TotalDate", ""}; ///< missing in the statistics: today

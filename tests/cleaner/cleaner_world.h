@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaner/cleaner.h"
+#include "cleaner/preview.h"
 #include "companion/teller.h"
 #include "fakes/fake_machine.h"
 #include "ui/frm_options.h"
@@ -62,6 +63,18 @@ struct CleanerWorld : fakes::FakeMachine {
                                  .clock = clock,
                                  .regional = regional,
                                  .letters = letters}}};
+    Preview preview{{.foldersPage = form,
+                     .nastyPage = form,
+                     .scanningPage = form,
+                     .scan = cleaner.scan,
+                     .speech = teller.speech,
+                     .scanRun = cleaner.scanRun,
+                     .folders = cleaner.watchedFolders,
+                     .files = files,
+                     .dialogs = dialogs,
+                     .pump = pump,
+                     .regional = regional,
+                     .letters = letters}};
     ScanState& scan = cleaner.scan;
     NastyFileList& nastyFiles = cleaner.nastyFiles;
     WatchedFolderList& watchedFolders = cleaner.watchedFolders;

@@ -110,8 +110,7 @@ TEST(FolderSweep, takesTheStatementsOfADeletionInTheirOrder) {
         FolderSweepWorld world;
         world.files.addFile(row.folder ? "/d/junk/content" : "/d/junk", 10);
         if (row.fault == Fault::Size)
-            world.files.failing = {{FileOperation::FolderSize, "/d/junk"},
-                                   {FileOperation::FileLength, "/d/junk"}};
+            world.files.failing = {{FileOperation::FolderSize, "/d/junk"}, {FileOperation::Facts, "/d/junk"}};
         if (row.fault == Fault::Deletion)
             world.files.failing = {{FileOperation::DeleteFolder, "/d/junk"},
                                    {FileOperation::DeleteFile, "/d/junk"}};

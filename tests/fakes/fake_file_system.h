@@ -26,7 +26,9 @@ enum class FileOperation {
     List,
     Enter,
     Leave,
-    FileLength,
+    Facts,
+    Head,
+    Holds,
     FolderSize,
     DeleteFile,
     DeleteFolder,
@@ -65,7 +67,12 @@ public:
     /// Parents are made.
     void addFile(std::string_view path, std::uint64_t bytes = 0) {
         addFolder(parentOf(path));
-        items_.push_back({std::string(path), platform::EntryKind::File, bytes});
+        items_.push_back({std::string(path), platform::EntryKind::File, bytes, false, ++lastInode_});
+    }
+
+    void setContent(std::string_view path, std::string content) {
+        find(path)->bytes = content.size();
+        find(path)->content = std::move(content);
     }
 
     void setReadOnly(std::string_view path) { find(path)->readOnly = true; }
@@ -122,6 +129,8 @@ private:
         std::uint64_t bytes = 0;
         bool readOnly = false;
         std::uint64_t inode = 0;
+        std::int64_t modified = 0;
+        std::string content = {};
 
         [[nodiscard]] bool isFolder() const { return kind == platform::EntryKind::Folder; }
         [[nodiscard]] bool isIn(std::string_view folder) const {
@@ -182,9 +191,34 @@ private:
             return platform::Done{};
         }
 
-        platform::Result<std::uint64_t> fileLength(std::string_view trueName) override {
-            const auto file = ask(FileOperation::FileLength, trueName, platform::EntryKind::File);
-            return file ? platform::Result((*file)->bytes) : file.failure();
+        platform::Result<platform::EntryFacts> facts(std::string_view trueName) override {
+            const auto item = ask(FileOperation::Facts, trueName, std::nullopt);
+            if (!item)
+                return item.failure();
+            return platform::EntryFacts{(*item)->kind, (*item)->bytes, (*item)->modified, 1, (*item)->inode};
+        }
+
+        platform::Result<std::size_t> head(std::string_view trueName,
+                                           std::span<std::uint8_t> memory) override {
+            const auto file = ask(FileOperation::Head, trueName, platform::EntryKind::File);
+            if (!file)
+                return file.failure();
+            std::string content = (*file)->content;
+            content.resize((*file)->bytes); // where nobody has said what is in it: zeros
+            std::copy_n(content.begin(), std::min(content.size(), memory.size()), memory.begin());
+            return std::min(content.size(), memory.size());
+        }
+
+        platform::Result<bool> holds(std::string_view name,
+                                     const std::function<bool(std::string_view)>& wanted) override {
+            const auto folder = ask(FileOperation::Holds, name, platform::EntryKind::Folder);
+            if (!folder)
+                return folder.failure();
+            const std::string& top = (*folder)->path;
+            return std::any_of(disk_.items_.begin(), disk_.items_.end(), [&](const Item& item) {
+                return item.path.size() > top.size() && isWithin(item.path, top) &&
+                       wanted(shown(item.name()));
+            });
         }
 
         platform::Result<std::uint64_t> folderSize(std::string_view trueName) override {
@@ -224,7 +258,8 @@ private:
         }
 
         /// Records the call and finds the entry that it is about.
-        platform::Result<Item*> ask(FileOperation operation, std::string_view name, platform::EntryKind kind,
+        platform::Result<Item*> ask(FileOperation operation, std::string_view name,
+                                    std::optional<platform::EntryKind> kind,
                                     platform::Force force = platform::Force::No) {
             const std::string path = path_ + "/" + std::string(name);
             if (over_ || !disk_.ask(operation, path, force))
@@ -232,7 +267,7 @@ private:
             Item* item = disk_.find(path);
             if (item == nullptr || !item->isIn(path_))
                 return failure(ENOENT);
-            if (item->kind != kind)
+            if (kind && item->kind != *kind)
                 return failure(item->isFolder() ? EISDIR : ENOTDIR);
             return item;
         }

@@ -41,8 +41,10 @@ class FakeClock final : public platform::Clock {
 public:
     platform::DateTime time{};
     std::chrono::milliseconds sinceStart{};
+    std::int64_t utc = 0;
 
     [[nodiscard]] platform::DateTime now() const override { return time; }
+    [[nodiscard]] std::int64_t secondsUtc() const override { return utc; }
     [[nodiscard]] std::chrono::milliseconds elapsed() const override { return sinceStart; }
 };
 

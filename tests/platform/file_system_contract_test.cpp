@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <map>
 
@@ -130,7 +131,8 @@ TEST_P(FileSystemContract, keepsAListUsableWhileItsEntriesAreDeleted) {
     const auto entries = *walk->list();
     for (const platform::Entry& entry : entries) {
         const bool folder = entry.kind == EntryKind::Folder;
-        EXPECT_TRUE(folder ? walk->folderSize(entry.trueName) : walk->fileLength(entry.trueName));
+        EXPECT_EQ(entry.kind, walk->facts(entry.trueName)->kind);
+        EXPECT_TRUE(!folder || walk->folderSize(entry.trueName));
         EXPECT_TRUE(folder ? walk->deleteFolder(entry.trueName, Force::No)
                            : walk->deleteFile(entry.trueName, Force::No));
     }
@@ -167,13 +169,34 @@ TEST_P(FileSystemContract, measuresFilesAndFolders) {
     world_->addFolder("folder/sub/empty");
     world_->addFolder("none");
     const auto walk = open();
-    EXPECT_EQ(6000U, *walk->fileLength("file"));
+    EXPECT_EQ(6000U, walk->facts("file")->bytes);
     EXPECT_EQ(120U, *walk->folderSize("folder"));
     EXPECT_EQ(0U, *walk->folderSize("none"));
-    EXPECT_FALSE(walk->fileLength("folder"));
-    EXPECT_FALSE(walk->fileLength("missing"));
+    EXPECT_FALSE(walk->facts("missing"));
     EXPECT_FALSE(walk->folderSize("file"));
     EXPECT_FALSE(walk->folderSize("missing"));
+}
+
+TEST_P(FileSystemContract, tellsEntriesApartAndLooksIntoThem) {
+    world_->addFile("file", 6000);
+    world_->addFile("other", 6000);
+    world_->addFile("folder/sub/Deep", 1);
+    const auto walk = open();
+    const auto facts = *walk->facts("file");
+    EXPECT_TRUE(facts.sameEntry(*walk->facts("file")));
+    EXPECT_FALSE(facts.sameEntry(*walk->facts("other")));
+    EXPECT_EQ(EntryKind::Folder, walk->facts("folder")->kind);
+    std::array<std::uint8_t, 4096> memory{};
+    EXPECT_EQ(4096U, *walk->head("file", memory));
+    EXPECT_FALSE(walk->head("folder", memory));
+    EXPECT_FALSE(walk->head("missing", memory));
+    const auto is = [](const char* wanted) {
+        return [wanted](std::string_view name) { return name == wanted; };
+    };
+    EXPECT_TRUE(*walk->holds("folder", is("sub")));
+    EXPECT_TRUE(*walk->holds("folder", is("deep"))) << "in lower case";
+    EXPECT_FALSE(*walk->holds("folder", is("folder"))) << "it is not below itself";
+    EXPECT_FALSE(walk->holds("file", is("file")));
 }
 
 TEST_P(FileSystemContract, deletesWhatItIsToldAndNothingElse) {
@@ -216,7 +239,7 @@ TEST_P(FileSystemContract, takesNamesOnlyAndNoPaths) {
     for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("/"),
                                     std::string("folder/file"), std::string("folder/"), upAndDown}) {
         EXPECT_FALSE(walk->enter(name)) << name;
-        EXPECT_FALSE(walk->fileLength(name)) << name;
+        EXPECT_FALSE(walk->facts(name)) << name;
         EXPECT_FALSE(walk->folderSize(name)) << name;
         EXPECT_FALSE(walk->deleteFile(name, Force::Yes)) << name;
         EXPECT_FALSE(walk->deleteFolder(name, Force::Yes)) << name;

@@ -95,7 +95,7 @@ TEST_P(FolderWalkTest, reachesTheWatchedFolderThroughLinksButFollowsNoneBelow) {
     EXPECT_EQ(ENOTDIR, errorOf(walk->enter("link")));
     EXPECT_EQ(ENOTDIR, errorOf(walk->folderSize("link")));
     EXPECT_EQ(ENOTDIR, errorOf(walk->deleteFolder("link", Force::Yes)));
-    EXPECT_EQ(std::string("../elsewhere").size(), *walk->fileLength("link"));
+    EXPECT_EQ(std::string("../elsewhere").size(), walk->facts("link")->bytes);
     EXPECT_TRUE(walk->deleteFile("link", Force::No));
     EXPECT_EQ((Paths{"elsewhere", "elsewhere/kept", "shortcut", "watched", "watched/file", "watched/sub",
                      "watched/sub/link"}),
@@ -119,7 +119,7 @@ TEST_P(FolderWalkTest, handlesNamesThatAreNotUtf8ByteForByte) {
     disk_.addFile(strange, 7);
     const auto walk = open();
     EXPECT_EQ("st\xC4nge\xFF", walk->list()->front().name);
-    EXPECT_EQ(7U, *walk->fileLength(strange));
+    EXPECT_EQ(7U, walk->facts(strange)->bytes);
     EXPECT_TRUE(walk->deleteFile(strange, Force::No));
     EXPECT_EQ(Paths{}, disk_.tree());
 }
@@ -155,7 +155,7 @@ TEST_P(FolderWalkTest, goesDeeperThanDescriptorsAndPathsReach) {
     EXPECT_EQ(3U, *walk->folderSize(kDeepName));
     for (int level = 0; level < kLevels; ++level)
         ASSERT_TRUE(walk->enter(kDeepName)) << level;
-    EXPECT_EQ(3U, *walk->fileLength("bottom"));
+    EXPECT_EQ(3U, walk->facts("bottom")->bytes);
     for (int level = kLevels; level > 0; --level) {
         ASSERT_TRUE(walk->leave()) << level;
         EXPECT_TRUE(level != kLevels - 300 || walk->deleteFolder(kDeepName, Force::Yes)) << "from far down";

@@ -15,6 +15,7 @@ struct FoldersPage : virtual Form {
     TextBox txtInterval{*this, "txtInterval"};
     Label lblHours{*this, "lblHours"};
     Button cmdNuke{*this, "cmdNuke", "Scan NOW"};
+    Button cmdPreview{*this, "cmdPreview", "Preview..."};
     Label lblNoNames{*this, "lblNoNames"}; ///< why a scan deletes nothing
 };
 

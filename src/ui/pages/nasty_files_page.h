@@ -5,7 +5,7 @@
 
 namespace brovin::ui {
 
-/// Page 1: what is deleted.
+/// Page 1: what is deleted, and what never is.
 struct NastyFilesPage : virtual Form {
     Label lblFiles{*this, "lblFiles"};
     ListBox lstFiles{*this, "lstFiles"};
@@ -16,7 +16,12 @@ struct NastyFilesPage : virtual Form {
     Image picAddFile{*this, "picAddFile"};
     CheckBox chkDotDash{*this, "chkDotDash"};
     CheckBox chkIcon{*this, "chkIcon"};
-    FrmStarter frmStarter; ///< opened by `cmdStarter`
+    FrmStarter frmStarter;                ///< opened by `cmdStarter`
+    CheckBox chkSpare{*this, "chkSpare"}; ///< "._" files that carry something stay
+    Label lblKeep{*this, "lblKeep"};
+    ListBox lstKeep{*this, "lstKeep"}; ///< what is never deleted: names and full paths
+    Button cmdAddKeep{*this, "cmdAddKeep"};
+    Button cmdRemoveKeep{*this, "cmdRemoveKeep"};
 };
 
 } // namespace brovin::ui

@@ -50,6 +50,7 @@ QWidget* makeFoldersPage(ui::FrmOptions& form, QWidget* parent) {
     scan->setFont(large);
     scan->setMinimumHeight(scan->sizeHint().height() + 12);
     layout->addWidget(scan);
+    layout->addWidget(bound<QPushButton>(form.cmdPreview, page));
     auto* inVain = bound<QLabel>(form.lblNoNames, page);
     inVain->setWordWrap(true);
     layout->addWidget(inVain);

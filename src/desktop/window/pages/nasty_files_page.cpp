@@ -24,6 +24,13 @@ QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
              bound<QPushButton>(form.cmdStarter, page)}));
     layout->addWidget(bound<QCheckBox>(form.chkDotDash, page));
     layout->addWidget(bound<QCheckBox>(form.chkIcon, page));
+    layout->addWidget(bound<QCheckBox>(form.chkSpare, page));
+    auto* kept = bound<QListWidget>(form.lstKeep, page);
+    kept->setTextElideMode(Qt::ElideMiddle);
+    layout->addWidget(labelAbove(kept, form.lblKeep, page));
+    layout->addWidget(kept, 1);
+    layout->addLayout(
+        row({bound<QPushButton>(form.cmdAddKeep, page), bound<QPushButton>(form.cmdRemoveKeep, page)}));
     return page;
 }
 

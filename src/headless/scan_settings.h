@@ -1,24 +1,8 @@
 #pragma once
 
-#include "platform/file_system.h"
 #include "platform/settings_store.h"
 
 namespace brovin::headless {
-
-/// A disk on which every deletion succeeds and nothing is deleted: whatever the core does with it, the disk
-/// beneath keeps all that it has.
-class PreviewFileSystem final : public platform::FileSystem {
-public:
-    explicit PreviewFileSystem(platform::FileSystem& beneath) : beneath_(beneath) {}
-
-    platform::Result<std::unique_ptr<platform::FolderWalk>> open(const std::string& path) override;
-    [[nodiscard]] std::optional<std::string> findWithoutCase(const std::string& loweredPath) override {
-        return beneath_.findWithoutCase(loweredPath);
-    }
-
-private:
-    platform::FileSystem& beneath_;
-};
 
 /// The user's settings as a scan from the command line sees them: it may store when it was, and the totals.
 /// All that the window would store in passing stays as it is, and with `Stores::Nothing` everything.

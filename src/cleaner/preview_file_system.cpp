@@ -1,13 +1,10 @@
-#include "headless/preview.h"
+#include "cleaner/preview_file_system.h"
 
-#include "settings/setting_table.h"
-
-#include <algorithm>
-#include <array>
+#include <functional>
+#include <memory>
 #include <utility>
-#include <vector>
 
-namespace brovin::headless {
+namespace brovin::cleaner {
 namespace {
 
 using platform::Done;
@@ -26,8 +23,15 @@ public:
     Result<std::span<const Entry>> listMore() override { return beneath_->listMore(); }
     Status enter(std::string_view trueName) override { return beneath_->enter(trueName); }
     Status leave() override { return beneath_->leave(); }
-    Result<std::uint64_t> fileLength(std::string_view trueName) override {
-        return beneath_->fileLength(trueName);
+    Result<platform::EntryFacts> facts(std::string_view trueName) override {
+        return beneath_->facts(trueName);
+    }
+    Result<std::size_t> head(std::string_view trueName, std::span<std::uint8_t> memory) override {
+        return beneath_->head(trueName, memory);
+    }
+    Result<bool> holds(std::string_view folder,
+                       const std::function<bool(std::string_view)>& wanted) override {
+        return beneath_->holds(folder, wanted);
     }
     Result<std::uint64_t> folderSize(std::string_view trueName) override {
         return beneath_->folderSize(trueName);
@@ -53,15 +57,4 @@ Result<std::unique_ptr<platform::FolderWalk>> PreviewFileSystem::open(const std:
     return std::unique_ptr<platform::FolderWalk>(std::make_unique<PreviewWalk>(std::move(*walk)));
 }
 
-bool ScanSettings::write(std::string_view section, std::span<const platform::SettingsEntry> entries) {
-    constexpr std::array kStored = {settings::setting::kLastScanned.key, settings::setting::kTotalNuked.key,
-                                    settings::setting::kKb.key, settings::setting::kTotalDate.key};
-    std::vector<platform::SettingsEntry> stored;
-    for (const platform::SettingsEntry& entry : entries)
-        if (stores_ == Stores::Totals && section == settings::kSettingsSection &&
-            std::find(kStored.begin(), kStored.end(), entry.key) != kStored.end())
-            stored.push_back(entry);
-    return stored.empty() || beneath_.write(section, stored);
-}
-
-} // namespace brovin::headless
+} // namespace brovin::cleaner

@@ -1,0 +1,169 @@
+// What the lines of the preview's window show, and what is done with their rows.
+
+#include "cleaner/carried.h"
+#include "cleaner/keep_entry.h"
+#include "cleaner/known_names.h"
+#include "cleaner/preview_window.h"
+#include "text/utf8.h"
+
+#include <algorithm>
+#include <array>
+
+namespace brovin::cleaner {
+
+using language::Text;
+using ui::Table;
+
+std::string PreviewWindow::number(std::uint64_t count) const {
+    return needs_.regional.grouped(static_cast<std::int64_t>(count));
+}
+
+std::string PreviewWindow::sizeOf(std::uint64_t bytes) const {
+    return needs_.speech.messages.getText("sizeKb", {number((bytes + 1023) / 1024)});
+}
+
+std::string PreviewWindow::ageOf(const PreviewRow& row) const {
+    constexpr std::int64_t kMinute = 60;
+    constexpr std::int64_t kHour = 60 * kMinute;
+    constexpr std::int64_t kDay = 24 * kHour;
+    constexpr std::int64_t kYear = 365 * kDay;
+    const std::int64_t age = std::max<std::int64_t>(searchedAt_ - row.facts.modified, 0);
+    const auto told = [this](Text text, std::int64_t count) {
+        return needs_.speech.messages.getText(text, {needs_.regional.grouped(count)});
+    };
+    if (age < kHour)
+        return told("ageMinutes", age / kMinute);
+    if (age < kDay)
+        return told("ageHours", age / kHour);
+    return age < 2 * kYear ? told("ageDays", age / kDay) : told("ageYears", age / kYear);
+}
+
+/// As the program compares it.
+std::string PreviewWindow::shownName(const PreviewRow& row) const {
+    return keepEntry(needs_.letters.lowerCase(row.name));
+}
+
+std::string PreviewWindow::whyOf(const PreviewRow& row) const {
+    const auto& messages = needs_.speech.messages;
+    if (row.why == Match::Listed)
+        return messages.getText("whyListed", {text::displayText(shownName(row))});
+    return messages.getText(row.why == Match::Icon ? Text("whyIcon") : Text("whyDotDash"));
+}
+
+Table::Line PreviewWindow::lineOf(std::size_t line) const {
+    if (line >= view_.lines().size())
+        return {};
+    constexpr std::array kStates = {Text("stateFound"), Text("stateLeft"), Text("stateDeleted"),
+                                    Text("stateFailed"), Text("stateChanged")};
+    const PreviewRows& rows = needs_.preview.rows;
+    const PreviewView::Line place = view_.lines()[line];
+    const PreviewRow& row = rows[place.row];
+    const std::string folder = text::displayText(rows.folderPath(row.folder));
+    if (place.heading)
+        return {
+            true,
+            true,
+            row.chosen,
+            {view_.wish().group == PreviewView::Group::Folder ? folder : text::displayText(shownName(row))}};
+    const auto& messages = needs_.speech.messages;
+    return {false,
+            row.state != RowState::Deleted,
+            row.chosen,
+            {text::displayText(row.name), folder, whyOf(row), sizeOf(row.bytes), ageOf(row),
+             messages.getText(kStates.at(static_cast<std::size_t>(row.state)))}};
+}
+
+std::string PreviewWindow::lostWith(const PreviewRow& row) const {
+    const auto& messages = needs_.speech.messages;
+    const std::string name = shownName(row);
+    const auto known = knownName(name);
+    std::string text = known ? messages.getText(known->told) : messages.getText("knownNothing");
+    if (!mayCarry(name) || row.facts.kind == platform::EntryKind::Folder || row.state == RowState::Deleted)
+        return text;
+    const auto walk = needs_.files.open(needs_.preview.rows.folderPath(row.folder));
+    if (!walk)
+        return text;
+    return text + " " + carriedText(lookInto(**walk, row.name, row.bytes), messages, needs_.regional);
+}
+
+void PreviewWindow::cmdKeepThis_Click() {
+    if (const PreviewRow* row = selected())
+        keep(needs_.preview.rows.folderPath(row->folder).append(row->name));
+}
+
+void PreviewWindow::cmdKeepName_Click() {
+    if (const PreviewRow* row = selected())
+        keep(shownName(*row));
+}
+
+void PreviewWindow::cmdKeepFolder_Click() {
+    if (const PreviewRow* row = selected())
+        keep(needs_.preview.rows.folderPath(row->folder));
+}
+
+/// From here on it is on the list, and all rows that it covers are cleared: nobody would delete them.
+void PreviewWindow::keep(const std::string& entry) {
+    const std::string kept = keepEntry(needs_.letters.lowerCase(entry));
+    if (!needs_.keepList.add(entry))
+        return;
+    PreviewRows& rows = needs_.preview.rows;
+    const bool isPath = kept.front() == platform::kPathSeparator;
+    std::uint32_t folder = PreviewRows::kNone;
+    std::string path; // of the folder of the rows that are looked at
+    for (std::uint32_t at = 0; at < rows.size(); ++at) {
+        if (rows[at].folder != folder) {
+            folder = rows[at].folder;
+            path = isPath ? needs_.letters.lowerCase(rows.folderPath(folder)) : std::string();
+        }
+        const std::string name = shownName(rows[at]);
+        const bool covered =
+            isPath ? path.starts_with(kept + platform::kPathSeparator) || path + name == kept : name == kept;
+        if (!covered || rows[at].state == RowState::Deleted)
+            continue;
+        tick(at, false);
+        rows[at].state = RowState::Left;
+    }
+    needs_.form.tblFound.refresh();
+    tellFound();
+}
+
+void PreviewWindow::cmdDeleteThese_Click() {
+    if (needs_.scan.busy())
+        return;
+    const auto& messages = needs_.speech.messages;
+    setRunning(true);
+    const ScanOutcome outcome = needs_.preview.deleteChosen();
+    std::array<std::uint64_t, 5> states{}; // rows in each state
+    PreviewRows& rows = needs_.preview.rows;
+    for (std::uint32_t at = 0; at < rows.size(); ++at) {
+        const auto state = static_cast<std::size_t>(rows[at].state);
+        states.at(state) += rows[at].chosen ? 1 : 0;
+        if (rows[at].state == RowState::Deleted && rows[at].chosen) {
+            rows[at].chosen = false;
+            --chosen_;
+            chosenBytes_ -= rows[at].bytes;
+        }
+    }
+    setRunning(false);
+    needs_.form.tblFound.refresh();
+    if (outcome == ScanOutcome::BusyElsewhere) {
+        needs_.form.lblFound.setCaption(messages.getText("anotherScan"));
+        return;
+    }
+    const auto count = [&states, this](RowState state) {
+        return number(states.at(static_cast<std::size_t>(state)));
+    };
+    std::string text = messages.getText("previewDeleted", {count(RowState::Deleted)});
+    const struct {
+        RowState state;
+        Text told;
+    } rest[] = {{RowState::Changed, "previewChanged"},
+                {RowState::Failed, "previewNotDeleted"},
+                {RowState::Left, "previewLeft"}};
+    for (const auto& [state, told] : rest)
+        if (states.at(static_cast<std::size_t>(state)) > 0)
+            text += " " + messages.getText(told, {count(state)});
+    needs_.form.lblFound.setCaption(text);
+}
+
+} // namespace brovin::cleaner
