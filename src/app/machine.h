@@ -16,6 +16,7 @@
 #include "platform/settings_store.h"
 #include "platform/shell.h"
 #include "platform/single_instance.h"
+#include "platform/surroundings.h"
 #include "update/update_check.h"
 
 namespace brovin::app {
@@ -38,7 +39,8 @@ struct Machine {
     platform::Clock& clock;
     platform::Random& random;
     platform::EventPump& pump;
-    const update::Machine* updates = nullptr; ///< null: this build or machine never asks for any
+    const update::Machine* updates = nullptr;       ///< null: this build or machine never asks for any
+    platform::Surroundings* surroundings = nullptr; ///< null: nothing is known of them
 };
 
 } // namespace brovin::app

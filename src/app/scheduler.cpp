@@ -70,6 +70,9 @@ void Scheduler::beginDay() {
 }
 
 void Scheduler::Timer1_Timer() {
+    const companion::WaitingNews::ByTheClock nobodyAsked(needs_.news);
+    needs_.quiet.review();
+    needs_.news.tell();
     chatter();
     remind();
     announceWord();
@@ -83,7 +86,7 @@ void Scheduler::Timer1_Timer() {
 void Scheduler::chatter() {
     constexpr std::size_t kDraws = 1001;
     const auto n = static_cast<int>(platform::drawBelow(needs_.random, kDraws));
-    if (!needs_.form.chkAgent.checked())
+    if (!needs_.form.chkAgent.checked() || needs_.quiet.on())
         return;
     const int frequency = needs_.speechFrequency.speechFreq;
     if (frequency >= n * 8 && !needs_.actor.visible()) {
@@ -123,7 +126,7 @@ void Scheduler::remind() {
         return;
     std::string text = needs_.settings.read(setting::kReminderWhenDue);
     text = needs_.speech.phrases.pickPhrase(text).value_or(text);
-    needs_.speech.announcer.agentMsgBox(text, box::kInformation, "Reminder", forcedBy(form.chkMsgBox));
+    needs_.news.bring("reminder", {text, box::kInformation, "Reminder", forcedBy(form.chkMsgBox)});
     lastReminderDay_ = dayOfMonth(now);
 }
 
@@ -139,9 +142,9 @@ void Scheduler::announceWord() {
     const std::string word = companion::makeWord(needs_.random);
     const std::string dude = needs_.speech.phrases.getDude();
     const auto& messages = needs_.speech.messages;
-    needs_.speech.announcer.agentMsgBox(
-        messages.getMessage(Message::WordOfTheDay, {word, dude}), box::kInformation,
-        messages.getMessage(Message::WordOfTheDayTitle, {word, dude}), forcedBy(form.chkWordMsgBox));
+    needs_.news.bring("word", {messages.getMessage(Message::WordOfTheDay, {word, dude}), box::kInformation,
+                               messages.getMessage(Message::WordOfTheDayTitle, {word, dude}),
+                               forcedBy(form.chkWordMsgBox)});
 }
 
 void Scheduler::scanWhenDue() {

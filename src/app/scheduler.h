@@ -2,7 +2,9 @@
 
 #include "cleaner/cleaner.h"
 #include "companion/actor.h"
+#include "companion/quiet.h"
 #include "companion/speech.h"
+#include "companion/waiting_news.h"
 #include "platform/clock.h"
 #include "platform/random.h"
 #include "platform/regional.h"
@@ -20,7 +22,9 @@ public:
         ui::FrmOptions& form;
         settings::Settings& settings;
         companion::Speech speech;
-        const companion::Actor& actor;
+        companion::Actor& actor;
+        companion::Quiet& quiet;
+        companion::WaitingNews& news;
         cleaner::Cleaner& cleaner;
         const window::SpeechFrequency& speechFrequency;
         ui::TrayTip& tip;

@@ -258,6 +258,7 @@ Status StartUp::enableRemoveFolder() {
 }
 
 Status StartUp::endLoading() {
+    needs_.companion.quiet.restore();
     needs_.schedule.options.refreshReminderControls();
     needs_.form.loading = false;
     return Done{};

@@ -35,6 +35,16 @@ constexpr StoredControl kControls[] = {
     {&setting::kCheck, &FrmOptions::chkCheck},
     {&setting::kReminderMsgBox, &FrmOptions::chkMsgBox},
     {&setting::kWordMsgBox, &FrmOptions::chkWordMsgBox},
+    {&setting::kVoiceVolume, &FrmOptions::sldVoice},
+    {&setting::kMuteVoice, &FrmOptions::chkMuteVoice},
+    {&setting::kSoundVolume, &FrmOptions::sldSounds},
+    {&setting::kMuteSounds, &FrmOptions::chkMuteSounds},
+    {&setting::kQuietHours, &FrmOptions::chkQuietHours},
+    {&setting::kQuietFrom, &FrmOptions::dtpQuietFrom},
+    {&setting::kQuietTo, &FrmOptions::dtpQuietTo},
+    {&setting::kQuietFullScreen, &FrmOptions::chkQuietFullScreen},
+    {&setting::kQuietLocked, &FrmOptions::chkQuietLocked},
+    {&setting::kQuietDesktop, &FrmOptions::chkQuietDesktop},
 };
 constexpr StoredControl kRules[] = {
     {&setting::kDotDash, &FrmOptions::chkDotDash, Stores::Always, kGuidesScan},
@@ -79,6 +89,16 @@ struct Keeping<ui::Picker> {
     }
     static std::string textOf(const ui::Picker& picker) { return text::isoText(picker.value()); }
     static ui::Event<>& event(ui::Picker& picker) { return picker.change; }
+};
+
+template <>
+struct Keeping<ui::Volume> {
+    static bool restore(ui::Volume& volume, const std::string& stored) {
+        const auto percent = text::leadingInt16(stored);
+        return percent && volume.setPercent(*percent);
+    }
+    static std::string textOf(const ui::Volume& volume) { return std::to_string(volume.percent()); }
+    static ui::Event<>& event(ui::Volume& volume) { return volume.change; }
 };
 
 template <>

@@ -13,7 +13,8 @@ namespace brovin::app {
 /// A control that shows one setting: it is restored from it at the start and stores itself at each click.
 struct StoredControl {
     using Where = std::variant<ui::CheckBox ui::FrmOptions::*, ui::ComboBox ui::FrmOptions::*,
-                               ui::Picker ui::FrmOptions::*, ui::TextBox ui::FrmOptions::*>;
+                               ui::Picker ui::FrmOptions::*, ui::TextBox ui::FrmOptions::*,
+                               ui::Volume ui::FrmOptions::*>;
     enum class Stores : std::uint8_t {
         Always,
         WhenLoaded, ///< not what the start sets

@@ -15,12 +15,17 @@ public:
     /// Null while none is loaded.
     const platform::Character* character = nullptr;
 
+    /// It says nothing, whoever asks it to.
+    bool quiet = false;
+
     [[nodiscard]] bool visible() const { return character != nullptr && character->place.visible(); }
-    void show() const {
+    void show() {
+        leaving_ = false;
         if (character != nullptr)
             character->requests.show();
     }
-    void hide() const {
+    void hide() {
+        leaving_ = true;
         if (character != nullptr)
             character->requests.hide();
     }
@@ -38,7 +43,7 @@ public:
     }
     /// False: nobody will say it.
     bool speak(const std::string& text) const {
-        return character != nullptr && character->requests.speak(text);
+        return !quiet && character != nullptr && character->requests.speak(text);
     }
     void moveTo(int x, int y) const {
         if (character != nullptr)
@@ -57,11 +62,19 @@ public:
         else
             show(); // also behind what is heard out, which may end with a Hide
     }
+    /// Stops in the middle of what it is doing. Who has come for one remark leaves.
+    void breakOff() {
+        const bool leaves = leaving_ && visible();
+        stop();
+        if (leaves)
+            hide();
+    }
     /// What it has been asked for is news: it is done to its end before anything else is told.
     void hearOut() { hearOut_ = true; }
 
 private:
     bool hearOut_ = false;
+    bool leaving_ = false; ///< the last that it was asked for is to hide
 };
 
 } // namespace brovin::companion

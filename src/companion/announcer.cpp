@@ -28,6 +28,8 @@ std::string withoutSpeechTags(std::string_view text) {
 
 Button Announcer::agentMsgBox(const std::string& text, BoxStyle style, const std::string& title,
                               ForceBox force) {
+    if (needs_.actor.quiet)
+        return tellInQuiet({text, style, title, force});
     const bool characterIsOn = needs_.characterPage.chkAgent.checked();
     const bool wasVisible = needs_.actor.visible();
     // A character that could not be loaded must not swallow the message.
@@ -40,6 +42,14 @@ Button Announcer::agentMsgBox(const std::string& text, BoxStyle style, const std
     if (characterIsOn && !wasVisible)
         needs_.actor.hide();
     return answer;
+}
+
+Button Announcer::tellInQuiet(const Announcement& message) {
+    if (message.force == ForceBox::No && leave && leave(message))
+        return Button::None;
+    const Button answer =
+        needs_.dialogs.messageBox(withoutSpeechTags(message.text), message.style, message.title);
+    return message.force == ForceBox::Yes ? answer : Button::None;
 }
 
 bool Announcer::perform(const std::string& text, BoxStyle style, ForceBox force) {

@@ -50,13 +50,13 @@ void CharacterHost::loadCharacter() {
         return;
     if (needs_.service.character(actor.name) == nullptr)
         needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
-    needs_.service.setMenu({needs_.tables.messageTable.getText("menuNextScreen")});
     actor.character = needs_.service.character(actor.name);
     if (actor.character != nullptr) {
         place(actor.character->place);
         setVoice(actor.character->voice);
     }
     fillAnimations();
+    loaded();
 }
 
 /// A stored place that does not fit its variable leaves the character where its service has put it.

@@ -43,6 +43,9 @@ public:
     /// leaves nobody loaded.
     void loadCharacter();
 
+    /// A character has been loaded, or nobody, in another language perhaps.
+    ui::Event<> loaded;
+
     void chkAgent_Click();
     /// Loads the selected character afresh, also when it is the loaded one: another language gives it another
     /// voice and another greeting, or its own voice back.

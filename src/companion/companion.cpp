@@ -10,7 +10,14 @@ Companion::Companion(const Needs& needs)
             needs.letters, needs.random}),
       commands({needs.speechPage, needs.remindersPage, needs.tables, needs.teller.actor, needs.teller.phrases,
                 needs.teller.announcer, needs.random}),
+      quiet({needs.speechPage, needs.trayMenu, needs.settings, needs.teller.actor, needs.service,
+             needs.surroundings, needs.clock}),
+      news({needs.teller.announcer, needs.teller.actor, needs.tables.messageTable, needs.clock,
+            needs.regional}),
+      menu_({needs.speechPage, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
       service_(needs.service) {
+    host.loaded = [this] { quiet.review(); }; // which shows the menu, too
+    quiet.changed = [this] { menu_.show(); };
     tie(needs.characterPage);
     tie(needs.speechPage, needs.remindersPage.cmdSpeak);
     service_.setEvents(
@@ -25,6 +32,7 @@ Companion::Companion(const Needs& needs)
 /// The machine and its characters outlive the program.
 Companion::~Companion() {
     service_.setEvents({});
+    service_.setMenu({});
 }
 
 void Companion::tie(ui::CharacterPage& page) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "companion/character_host.h"
+#include "companion/character_menu.h"
+#include "companion/quiet.h"
 #include "companion/speech_commands.h"
 #include "companion/teller.h"
+#include "companion/waiting_news.h"
 
 namespace brovin::companion {
 
@@ -14,12 +17,16 @@ public:
         ui::CharacterPage& characterPage;
         ui::SpeechPage& speechPage;
         ui::RemindersPage& remindersPage;
+        ui::TrayMenu& trayMenu;
         const ui::WindowFrame& frame;
         const ui::ProgramLife& life;
         settings::Settings& settings;
         const language::LanguageTables& tables;
         Teller& teller;
         platform::CharacterService& service;
+        platform::Surroundings* surroundings; ///< null: nothing is known of them
+        const platform::Clock& clock;
+        const platform::Regional& regional;
         const platform::Letters& letters;
         platform::Random& random;
     };
@@ -30,11 +37,14 @@ public:
 
     CharacterHost host;
     SpeechCommands commands;
+    Quiet quiet;
+    WaitingNews news;
 
 private:
     void tie(ui::CharacterPage& page);
     void tie(ui::SpeechPage& page, ui::Button& cmdSpeak);
 
+    CharacterMenu menu_;
     platform::CharacterService& service_;
 };
 

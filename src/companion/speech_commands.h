@@ -19,7 +19,7 @@ public:
         ui::SpeechPage& speechPage;
         const ui::RemindersPage& remindersPage;
         const language::LanguageTables& tables;
-        const Actor& actor;
+        Actor& actor;
         PhraseEngine& phrases;
         Announcer& announcer;
         platform::Random& random;

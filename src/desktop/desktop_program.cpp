@@ -4,6 +4,7 @@
 #include "desktop/character/desktop_character_service.h"
 #include "desktop/machine/autostart_entry.h"
 #include "desktop/machine/box_manners.h"
+#include "desktop/machine/desktop_surroundings.h"
 #include "desktop/machine/initiative.h"
 #include "desktop/machine/lock_file_instance.h"
 #include "desktop/machine/qt_dialogs.h"
@@ -46,10 +47,16 @@ QString pathOf(const std::string& bytes) {
 /// Every character speaks with a voice of its own.
 CharacterAudio spokenAudio(const std::shared_ptr<const character::CharacterData>& data) {
     auto own = std::make_unique<voice::EspeakVoice>(*data);
-    voice::EspeakVoice* const speaks = own.get(); // lives as long as what is returned
-    return {std::move(own), std::make_unique<voice::SoundPlayer>(data),
+    auto sound = std::make_unique<voice::SoundPlayer>(data);
+    voice::EspeakVoice* const speaks = own.get(); // both live as long as what is returned
+    voice::SoundPlayer* const sounds = sound.get();
+    return {std::move(own), std::move(sound),
             [speaks](character::LanguageId language) { speaks->choice().setLanguageId(language); },
-            [speaks](const std::string& mode) { speaks->choice().setTtsModeId(mode); }};
+            [speaks](const std::string& mode) { speaks->choice().setTtsModeId(mode); },
+            [speaks, sounds](const platform::Loudness& loudness) {
+                speaks->setLoudness(loudness.voice);
+                sounds->setLoudness(loudness.sounds);
+            }};
 }
 
 /// The user's own characters win.
@@ -72,6 +79,7 @@ struct DesktopMachine {
     QtDialogs dialogs;
     QtShell shell;
     TrayIcon tray;
+    DesktopSurroundings surroundings;
     QtClipboard clipboard;
     DesktopCharacterService characters;
     AutostartEntry logOn;
@@ -87,8 +95,24 @@ struct DesktopMachine {
     /// Whether the program waits for an answer, and other events have to wait for the program.
     [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
     [[nodiscard]] app::Machine pieces() {
-        return {settings, files,    folder,   dialogs, shell, tray,   clipboard, characters,       logOn,
-                instance, scanLock, regional, letters, clock, random, pump,      updates.machine()};
+        return {settings,
+                files,
+                folder,
+                dialogs,
+                shell,
+                tray,
+                clipboard,
+                characters,
+                logOn,
+                instance,
+                scanLock,
+                regional,
+                letters,
+                clock,
+                random,
+                pump,
+                updates.machine(),
+                &surroundings};
     }
 };
 

@@ -90,6 +90,11 @@ inline constexpr TextRow kTextRows[] = {
     {"folderNotOpened", "The folder could not be opened: %1"},
     // The character's menu
     {"menuNextScreen", "&Send to next monitor"},
+    {"menuVoice", "&Voice"},
+    {"menuSounds", "Sou&nds"},
+    {"menuPercent", "%1 %"},
+    // What happened while it was quiet: when, and what
+    {"whileQuiet", "While it was quiet (%1): %2"},
     // The desktop
     {"helpNotOpened", "The manual could not be opened:\\n\\n%1"},
     {"linkNotOpened", "This address could not be opened:\\n\\n%1"},

@@ -16,9 +16,26 @@ struct Area {
     bool operator==(const Area&) const = default;
 };
 
-/// What the character's menu offers besides Hide, as captions with "&" before the access key.
+/// An entry of a menu. Captions have "&" before the access key.
+struct MenuEntry {
+    std::string caption; ///< empty: a line between groups
+    bool checked = false;
+    std::function<void()> chosen{};   ///< called like an event of a character
+    std::vector<MenuEntry> entries{}; ///< of the menu that it opens
+};
+
+/// What the character's menu offers besides Hide.
 struct CharacterMenu {
-    std::string nextScreen; ///< only there while there are several screens
+    std::string nextScreen; ///< caption; only there while there are several screens
+    std::vector<MenuEntry> more;
+};
+
+/// How loud characters are, in percent; 0 is silence.
+struct Loudness {
+    int voice = 100;
+    int sounds = 100;
+
+    bool operator==(const Loudness&) const = default;
 };
 
 /// A mouse button over a character.
@@ -111,6 +128,8 @@ public:
     /// All screens, the main one first. Empty: the machine has none at this moment.
     [[nodiscard]] virtual std::vector<Area> screens() const = 0;
     virtual void setMenu(const CharacterMenu& menu) = 0;
+    /// At once, also for what is being said.
+    virtual void setLoudness(const Loudness& loudness) = 0;
     virtual void setEvents(CharacterEvents events) = 0;
 
     /// Loads a character file from the characters folder under an id; upper and lower case in the file's name

@@ -25,6 +25,19 @@ inline constexpr Setting kSpeechFreq{"SpeechFreq", "25"};
 inline constexpr Setting kDude{"Dude", "0"};
 inline constexpr Setting kDudeSex{"DudeSex", "0"};
 inline constexpr Setting kUser{"User", "Fool"};
+inline constexpr Setting kQuiet{"Quiet",
+                                "0"}; ///< 1 until it is switched off, 2 for an hour, 3 until tomorrow
+inline constexpr Setting kQuietUntil{"QuietUntil", ""}; ///< when 2 and 3 end
+inline constexpr Setting kQuietHours{"QuietHours", "0"};
+inline constexpr Setting kQuietFrom{"QuietFrom", "22:00"};
+inline constexpr Setting kQuietTo{"QuietTo", "7:00"};
+inline constexpr Setting kQuietFullScreen{"QuietFullScreen", "1"};
+inline constexpr Setting kQuietLocked{"QuietLocked", "1"};
+inline constexpr Setting kQuietDesktop{"QuietDesktop", "0"};
+inline constexpr Setting kMuteVoice{"MuteVoice", "0"};
+inline constexpr Setting kMuteSounds{"MuteSounds", "0"};
+inline constexpr Setting kVoiceVolume{"VoiceVolume", "100"}; ///< percent, as the next
+inline constexpr Setting kSoundVolume{"SoundVolume", "100"};
 inline constexpr Setting kBackup{"Backup", "1"};
 inline constexpr Setting kBackupDate{"BackupDate", "23:00"};
 inline constexpr Setting kWeekly{"Weekly", "0"};

@@ -74,6 +74,14 @@ void ListControl::itemsChanged() {
     notify();
 }
 
+bool Volume::setPercent(int percent) {
+    if (percent < 0 || percent > kLoudest)
+        return false;
+    if (Control::change(percent_, percent))
+        change();
+    return true;
+}
+
 void Picker::setValue(platform::DateTime value) {
     if (Control::change(value_, value))
         change();

@@ -187,6 +187,22 @@ private:
     std::string customFormat_ = "h:mm tt";
 };
 
+/// How loud something is, in percent.
+class Volume : public Control {
+public:
+    using Control::Control;
+    Event<> change;
+
+    static constexpr int kLoudest = 100;
+
+    [[nodiscard]] int percent() const { return percent_; }
+    /// Fires the change when the value becomes another one. False: not 0 to kLoudest; nothing happens.
+    bool setPercent(int percent);
+
+private:
+    int percent_ = kLoudest;
+};
+
 /// A frame that moves around what it marks.
 class MovingFrame : public Control {
 public:

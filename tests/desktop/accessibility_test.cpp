@@ -122,7 +122,8 @@ private:
 
 /// The role in which a control has to appear; empty: a control that is not a thing on the window.
 std::string roleOf(const ui::Control& control) {
-    static const std::set<std::string> elsewhere = {"Picture1", "mHelp", "mPopRestore", "mPopExit"};
+    static const std::set<std::string> elsewhere = {"Picture1", "mHelp",      "mPopRestore",   "mPopExit",
+                                                    "mQuiet",   "mQuietHour", "mQuietTomorrow"};
     const std::string& name = control.name();
     if (elsewhere.contains(name) || name.starts_with("lblTabs")) // a tab is read as one with its caption
         return "";
@@ -203,6 +204,7 @@ TEST(Accessibility, everyControlHasANameAndARole) {
     const desktop::OptionsWindow plan(form); // tells which control is on which page
     form.picAnim.setVisible(false);          // there only while something is fetched
     form.lblNoNames.setVisible(false);       // and that while there are folders without names
+    form.lblQuiet.setVisible(false);         // and that while it is quiet
     std::set<std::string> missing;
     for (std::size_t page = 0; page < ui::FrmOptions::kTabs; ++page) {
         std::vector<Node> shown;

@@ -134,7 +134,7 @@ TEST(CharacterWindow, tellsOfMonitorsAndOffersTheNextOne) {
     change("--setmonitor left 512/100x768/200+0+0 screen");
     change("--setmonitor right 512/100x600/200+512+0 none");
     monitors({{0, 0, 512, 768}, {512, 0, 512, 600}});
-    world.service->setMenu({"&Next"});
+    world.service->setMenu({"&Next", {}});
     world.showAt({700, 200});
     input(at(QPoint(700, 200) + kOnRing) + QStringList{"click", "3"});
     EXPECT_TRUE(waitUntil([] { return QApplication::activePopupWidget() != nullptr; }));

@@ -49,6 +49,21 @@ TEST_F(HeardTest, beginsWithin150Milliseconds) {
     EXPECT_LT(best, 150) << "from the call to the recording, both devices included";
 }
 
+TEST_F(HeardTest, isAsLoudAsItIsToldAndSilentWhenMuted) {
+    const auto peak = [this](int percent) {
+        Recorder recorder;
+        voice.setLoudness(percent);
+        listener.ended = 0;
+        EXPECT_TRUE(voice.say(runsOf("Ah."), listener));
+        EXPECT_TRUE(awaitEnd());
+        recorder.awaitSilence();
+        return std::ranges::max(recorder.samples());
+    };
+    EXPECT_NEAR(0.25, static_cast<double>(peak(50)) / peak(100), 0.02) << "half as loud to an ear";
+    voice.setLoudness(0);
+    EXPECT_FALSE(voice.say(runsOf("Ah."), listener)) << "the balloon keeps the pace of reading";
+}
+
 TEST_F(HeardTest, isSilentAtOnce) {
     Recorder recorder;
     ASSERT_TRUE(voice.say(runsOf(kSentence), listener));
@@ -122,6 +137,9 @@ TEST_F(HeardTest, playsOneSoundAtATime) {
     SoundPlayer player(data);
     EXPECT_EQ(player.play(1), milliseconds{0});
     EXPECT_EQ(player.play(7), milliseconds{0});
+    player.setLoudness(0);
+    EXPECT_EQ(player.play(0), milliseconds{0}) << "muted";
+    player.setLoudness(100);
     const auto heard = [&](auto stop) {
         Recorder recorder;
         EXPECT_EQ(player.play(0), milliseconds{500});

@@ -3,6 +3,7 @@
 #include "character/character_data.h"
 #include "character/stage/sound_output.h"
 #include "character/stage/voice.h"
+#include "platform/character_service.h"
 
 #include <functional>
 #include <memory>
@@ -19,6 +20,8 @@ struct CharacterAudio {
     /// A voice by the identifier of its own, whatever the language; may be empty. One that is not known
     /// leaves the voice as it is.
     std::function<void(const std::string& mode)> setMode;
+    /// At once, also for what is being heard; may be empty.
+    std::function<void(const platform::Loudness& loudness)> setLoudness;
 };
 
 using AudioMaker = std::function<CharacterAudio(const std::shared_ptr<const character::CharacterData>& data)>;

@@ -39,6 +39,32 @@ void CharacterWindow::detach() {
 
 void CharacterWindow::setMenu(const platform::CharacterMenu& menu) {
     nextScreenAction_->setText(QString::fromStdString(menu.nextScreen));
+    while (menu_.actions().size() > 2)
+        menu_.removeAction(menu_.actions().back());
+    opened_.clear();
+    addEntries(menu_, menu.more);
+}
+
+void CharacterWindow::addEntries(QMenu& menu, const std::vector<platform::MenuEntry>& entries) {
+    for (const platform::MenuEntry& entry : entries) {
+        if (entry.caption.empty()) {
+            menu.addSeparator();
+            continue;
+        }
+        if (!entry.entries.empty()) {
+            QMenu& below = opened_.emplace_back(QString::fromStdString(entry.caption));
+            addEntries(below, entry.entries);
+            menu.addMenu(&below);
+            continue;
+        }
+        QAction* const action = menu.addAction(QString::fromStdString(entry.caption));
+        action->setCheckable(true);
+        action->setChecked(entry.checked);
+        QObject::connect(action, &QAction::triggered, this, [this, act = entry.chosen] {
+            if (chosen)
+                chosen(act);
+        });
+    }
 }
 
 QRect CharacterWindow::figure() const {

@@ -12,8 +12,10 @@
 #include <QMenu>
 #include <QRect>
 
+#include <deque>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace brovin::desktop {
 
@@ -35,6 +37,9 @@ public:
     std::function<void()> moved;
     /// Called when the user has chosen so in the menu.
     std::function<void()> nextScreen;
+    /// Called when he has chosen another entry, with what that is to do.
+    using Chosen = std::function<void(std::function<void()> act)>;
+    Chosen chosen;
 
     /// Where on the screen the picture is in its frame; the whole frame where it shows nothing.
     [[nodiscard]] QRect figure() const;
@@ -54,6 +59,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void addEntries(QMenu& menu, const std::vector<platform::MenuEntry>& entries);
+
     character::ImageStore images_;
     character::FramePainter painter_;
     character::Bitmap canvas_;
@@ -62,6 +69,7 @@ private:
     QMenu menu_;
     QAction* hideAction_;
     QAction* nextScreenAction_; ///< only to be seen while there are several screens
+    std::deque<QMenu> opened_;  ///< by entries of the menu
     character::Stage* stage_ = nullptr;
     std::optional<CharacterMouse> mouse_;
 };

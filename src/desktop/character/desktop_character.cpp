@@ -24,6 +24,7 @@ DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterDat
       driver_(stage_, std::move(needs.tell)) {
     window_.attach(stage_);
     window_.nextScreen = std::move(needs.nextScreen);
+    window_.chosen = std::move(needs.chosen);
     window_.moved = [this] { balloon_.follow(); };
     balloon_.setClosed([this] { stage_.closeBalloon(); });
     const character::LanguageId language = usersLanguage();

@@ -23,6 +23,7 @@ public:
         platform::Random& chance;
         std::function<void(character::Event)> tell;
         std::function<void()> nextScreen; ///< chosen in the menu
+        CharacterWindow::Chosen chosen;   ///< of the rest of the menu
     };
     DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs);
     ~DesktopCharacter() override;
@@ -33,6 +34,10 @@ public:
     [[nodiscard]] QRect frame() const { return {window_.place(), window_.size()}; }
     [[nodiscard]] QRect frameWithBalloon() const { return frame() | balloon_.reach(); }
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
+    void setLoudness(const platform::Loudness& loudness) {
+        if (audio_.setLoudness)
+            audio_.setLoudness(loudness);
+    }
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }
     [[nodiscard]] bool busy() const override { return stage_.busy(); }

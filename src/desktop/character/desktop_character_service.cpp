@@ -36,6 +36,12 @@ void DesktopCharacterService::setMenu(const platform::CharacterMenu& menu) {
         character->setMenu(menu_);
 }
 
+void DesktopCharacterService::setLoudness(const platform::Loudness& loudness) {
+    loudness_ = loudness;
+    for (const auto& [id, character] : characters_)
+        character->setLoudness(loudness_);
+}
+
 bool DesktopCharacterService::load(const std::string& id, const std::string& fileName) {
     if (!available() || characters_.contains(id))
         return false;
@@ -54,10 +60,15 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
                                           if (events.nextScreen)
                                               events.nextScreen(id);
                                       });
+                                  },
+                                  [this, id](std::function<void()> act) {
+                                      delivery_.add(
+                                          id, [act = std::move(act)](const auto& /*events*/) { act(); });
                                   }};
     const auto made =
         characters_.emplace(id, std::make_unique<DesktopCharacter>(std::move(data), std::move(needs)));
     made.first->second->setMenu(menu_);
+    made.first->second->setLoudness(loudness_);
     return true;
 }
 

@@ -35,6 +35,7 @@ public:
     [[nodiscard]] std::vector<std::string> files() override { return folder_.files(); }
     [[nodiscard]] std::vector<platform::Area> screens() const override;
     void setMenu(const platform::CharacterMenu& menu) override;
+    void setLoudness(const platform::Loudness& loudness) override;
     /// What a window should keep clear of, for `placeBeside`.
     [[nodiscard]] QVector<QRect> company() const;
     void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
@@ -53,6 +54,7 @@ private:
     EventDelivery delivery_;
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;
+    platform::Loudness loudness_;
     QObject watch_; ///< over the screens; ends with the service
 };
 

@@ -22,7 +22,7 @@ public:
 } // namespace
 
 CharacterAudio silentAudio(const std::shared_ptr<const character::CharacterData>& /*data*/) {
-    return {std::make_unique<NoVoice>(), std::make_unique<NoSounds>(), {}, {}};
+    return {std::make_unique<NoVoice>(), std::make_unique<NoSounds>(), {}, {}, {}};
 }
 
 } // namespace brovin::desktop

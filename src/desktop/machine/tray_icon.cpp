@@ -21,10 +21,13 @@ void TrayIcon::tie(ui::FrmOptions& form, window::MainWindow& window, Reception r
     addEntry(form.mHelp);
     addEntry(form.mPopRestore);
     addEntry(form.mPopExit);
+    menu_.addSeparator();
+    for (ui::CheckBox* entry : {&form.mQuiet, &form.mQuietHour, &form.mQuietTomorrow})
+        addEntry(*entry);
     menu_.setDefaultAction(menu_.actions().at(1));
 }
 
-void TrayIcon::addEntry(ui::Button& control) {
+QAction* TrayIcon::addEntry(ui::Control& control) {
     QAction* action = menu_.addAction(QString());
     action->setObjectName(qt(control.name()));
     const auto show = [shown = QPointer<QAction>(action), &control] {
@@ -33,9 +36,30 @@ void TrayIcon::addEntry(ui::Button& control) {
     };
     show();
     control.observe(show);
-    connect(action, &QAction::triggered, this, [this, &control] {
+    return action;
+}
+
+void TrayIcon::addEntry(ui::Button& control) {
+    connect(addEntry(static_cast<ui::Control&>(control)), &QAction::triggered, this, [this, &control] {
         if (admitted())
             control.click();
+    });
+}
+
+void TrayIcon::addEntry(ui::CheckBox& control) {
+    QAction* const action = addEntry(static_cast<ui::Control&>(control));
+    action->setCheckable(true);
+    const auto show = [shown = QPointer<QAction>(action), &control] {
+        if (shown)
+            shown->setChecked(control.checked());
+    };
+    show();
+    control.observe(show);
+    connect(action, &QAction::triggered, this, [this, &control, show](bool on) {
+        if (admitted())
+            control.setValue(on ? ui::CheckBox::kOn : ui::CheckBox::kOff);
+        else
+            show(); // the toolkit has ticked it already
     });
 }
 

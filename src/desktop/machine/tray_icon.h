@@ -39,7 +39,9 @@ protected:
 
 private:
     void keepInReach();
+    QAction* addEntry(ui::Control& control);
     void addEntry(ui::Button& control);
+    void addEntry(ui::CheckBox& control);
     /// Whether an act on the icon reaches the program.
     [[nodiscard]] bool admitted() const;
     void activated(QSystemTrayIcon::ActivationReason reason);

@@ -30,16 +30,23 @@ bool EspeakVoice::available() const {
 
 bool EspeakVoice::say(const std::vector<character::SpokenRun>& runs, character::VoiceListener& listener) {
     silence();
-    if (!available())
+    if (loudness_ == 0 || !available())
         return false;
     SpeechJob job = choice_.jobFor(runs);
     if (job.voice.empty())
         return false;
     playback_ = std::make_unique<SpeechPlayback>(choice_.engine(), listener);
+    playback_->setLoudness(loudness_);
     if (playback_->start(std::move(job)))
         return true;
     playback_.reset();
     return false;
+}
+
+void EspeakVoice::setLoudness(int percent) {
+    loudness_ = percent;
+    if (playback_)
+        playback_->setLoudness(percent);
 }
 
 void EspeakVoice::silence() {

@@ -24,6 +24,9 @@ public:
     /// What it speaks with from the next statement on.
     [[nodiscard]] VoiceChoice& choice() { return choice_; }
 
+    /// Percent, at once. At 0 it declines what comes next, which is then paced for reading.
+    void setLoudness(int percent);
+
     [[nodiscard]] bool available() const override;
     [[nodiscard]] bool say(const std::vector<character::SpokenRun>& runs,
                            character::VoiceListener& listener) override;
@@ -31,6 +34,7 @@ public:
 
 private:
     VoiceChoice choice_;
+    int loudness_ = 100;
     mutable std::shared_ptr<PulseConnection> server_; ///< kept, because making it takes longer than using it
     std::unique_ptr<SpeechPlayback> playback_;
 };

@@ -1,5 +1,7 @@
 #include "desktop/voice/sound_player.h"
 
+#include "voice/soften.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <utility>
@@ -21,7 +23,7 @@ SoundPlayer::SoundPlayer(std::shared_ptr<const character::CharacterData> charact
 
 character::Milliseconds SoundPlayer::play(std::uint32_t sound) {
     stop();
-    if (sound >= character_->sounds.size())
+    if (loudness_ == 0 || sound >= character_->sounds.size())
         return {};
     auto wave = readWave(character_->sounds[sound].wave.view());
     if (!wave)
@@ -50,6 +52,7 @@ std::size_t SoundPlayer::fill(std::span<std::int16_t> samples) {
     const std::size_t count = std::min(samples.size(), sound_.samples.size() - next_);
     const auto from = sound_.samples.begin() + static_cast<std::ptrdiff_t>(next_);
     std::fill(std::copy_n(from, count, samples.begin()), samples.end(), std::int16_t{0});
+    soften(samples.first(count), loudness_);
     next_ += count;
     return samples.size();
 }

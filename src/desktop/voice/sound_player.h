@@ -22,12 +22,15 @@ public:
 
     character::Milliseconds play(std::uint32_t sound) override;
     void stop() override;
+    /// Percent, at once. At 0 a sound takes no time.
+    void setLoudness(int percent) { loudness_ = percent; }
 
 private:
     std::size_t fill(std::span<std::int16_t> samples);
 
     std::shared_ptr<const character::CharacterData> character_;
     Sound sound_;
+    int loudness_ = 100;
     std::size_t next_ = 0; ///< sample of it
     std::unique_ptr<SoundSink> sink_;
     QTimer feed_;

@@ -1,5 +1,7 @@
 #include "desktop/voice/speech_playback.h"
 
+#include "voice/soften.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -62,6 +64,7 @@ std::size_t SpeechPlayback::fill(std::span<std::int16_t> samples) {
     if (taken.roomAgain)
         engine_->wake();
     std::move(events.begin(), events.end(), std::back_inserter(due_));
+    soften(samples.first(taken.samples), loudness_);
     played_ += static_cast<std::int64_t>(taken.samples);
     if (end_ < 0 && stream_->over())
         end_ = played_;

@@ -26,6 +26,9 @@ public:
     /// False: there is nothing to play it on, and it is over.
     [[nodiscard]] bool start(SpeechJob job);
 
+    /// Percent.
+    void setLoudness(int percent) { loudness_ = percent; }
+
     /// At once; the listener hears nothing more, even if it is what it is being told that makes it ask.
     void silence();
 
@@ -48,7 +51,8 @@ private:
     std::deque<SpeechEvent> due_; ///< by the sample of what is played
     std::int64_t played_ = 0;     ///< samples that were handed over
     std::int64_t end_ = -1;       ///< of the statement, in samples played; -1: not known yet
-    bool starved_ = false;        ///< the synthesizer was too slow for the device
+    int loudness_ = 100;
+    bool starved_ = false; ///< the synthesizer was too slow for the device
     bool telling_ = false;
 };
 

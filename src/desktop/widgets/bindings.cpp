@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QSlider>
 #include <QTimeZone>
 
 #include <chrono>
@@ -184,6 +185,18 @@ void bind(QDateTimeEdit* widget, ui::Picker& control) {
     });
     QObject::connect(widget, &QDateTimeEdit::dateTimeChanged,
                      [&control](const QDateTime& shown) { control.setValue(dateTimeOf(shown)); });
+}
+
+void bind(QSlider* widget, ui::Volume& control) {
+    constexpr int kPage = 25;
+    constexpr int kStep = 5;
+    widget->setOrientation(Qt::Horizontal);
+    widget->setRange(0, ui::Volume::kLoudest);
+    widget->setPageStep(kPage);
+    widget->setSingleStep(kStep);
+    follow(widget, control, [&control](QSlider* shown) { shown->setValue(control.percent()); });
+    QObject::connect(widget, &QSlider::valueChanged,
+                     [&control](int percent) { control.setPercent(percent); });
 }
 
 void bind(QGroupBox* widget, ui::Panel& control) {

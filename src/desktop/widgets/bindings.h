@@ -13,6 +13,7 @@ class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QSlider;
 class QWidget;
 
 namespace brovin::desktop {
@@ -28,6 +29,7 @@ void bind(QPlainTextEdit* widget, ui::TextBox& control);
 void bind(QListWidget* widget, ui::ListBox& control);
 void bind(QComboBox* widget, ui::ComboBox& control);
 void bind(QDateTimeEdit* widget, ui::Picker& control);
+void bind(QSlider* widget, ui::Volume& control);
 void bind(QGroupBox* widget, ui::Panel& control);
 
 /// What every control has: name, tool tip, accessible name, enabled, visible and the mouse pointer.

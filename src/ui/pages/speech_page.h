@@ -4,7 +4,7 @@
 
 namespace brovin::ui {
 
-/// Page 4: what the user makes it say and do.
+/// Page 4: what the user makes it say and do, how loud, and when not.
 struct SpeechPage : virtual Form {
     Label lblSay{*this, "lblSay"};
     TextBox txtSay{*this, "txtSay"};
@@ -14,6 +14,22 @@ struct SpeechPage : virtual Form {
     Button cmdDo{*this, "cmdDo"};
     Button cmdRepeat{*this, "cmdRepeat"};
     Button cmdStop{*this, "cmdStop"};
+    Panel frmVolume{*this, "frmVolume"};
+    Label lblVoice{*this, "lblVoice"};
+    Volume sldVoice{*this, "sldVoice"};
+    CheckBox chkMuteVoice{*this, "chkMuteVoice"};
+    Label lblSounds{*this, "lblSounds"};
+    Volume sldSounds{*this, "sldSounds"};
+    CheckBox chkMuteSounds{*this, "chkMuteSounds"};
+    Panel frmQuiet{*this, "frmQuiet"};
+    CheckBox chkQuietHours{*this, "chkQuietHours"};
+    Picker dtpQuietFrom{*this, "dtpQuietFrom"};
+    Label lblQuietTo{*this, "lblQuietTo"};
+    Picker dtpQuietTo{*this, "dtpQuietTo"};
+    CheckBox chkQuietFullScreen{*this, "chkQuietFullScreen"};
+    CheckBox chkQuietLocked{*this, "chkQuietLocked"};
+    CheckBox chkQuietDesktop{*this, "chkQuietDesktop"};
+    Label lblQuiet{*this, "lblQuiet"}; ///< that it is quiet at this moment
 };
 
 } // namespace brovin::ui

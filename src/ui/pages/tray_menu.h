@@ -9,6 +9,9 @@ struct TrayMenu : virtual Form {
     Button mHelp{*this, "mHelp", "&Help"};
     Button mPopRestore{*this, "mPopRestore", "&Options"};
     Button mPopExit{*this, "mPopExit", "E&xit..."};
+    CheckBox mQuiet{*this, "mQuiet", "&Quiet"};
+    CheckBox mQuietHour{*this, "mQuietHour", "Quiet &for an Hour"};
+    CheckBox mQuietTomorrow{*this, "mQuietTomorrow", "Quiet until &Tomorrow"};
 };
 
 } // namespace brovin::ui

@@ -1,0 +1,130 @@
+#include "desktop/machine/full_screen_watch.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <xcb/xcb.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace brovin::desktop {
+namespace {
+
+template <class T>
+using ServerReply = std::unique_ptr<T, decltype(&std::free)>;
+
+xcb_atom_t atomNamed(xcb_connection_t* server, std::string_view name) {
+    const auto asked = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const ServerReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, asked, nullptr),
+                                                     &std::free);
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+ServerReply<xcb_get_property_reply_t> property(xcb_connection_t* server, xcb_window_t window, xcb_atom_t name,
+                                               xcb_atom_t type) {
+    constexpr std::uint32_t kMost = 64; // items; there are 13 states, and room for those of others
+    const auto asked = xcb_get_property(server, 0, window, name, type, 0, kMost);
+    return {xcb_get_property_reply(server, asked, nullptr), &std::free};
+}
+
+std::span<const std::uint32_t> itemsOf(const xcb_get_property_reply_t* reply) {
+    constexpr std::uint8_t kBits = 32;
+    if (reply == nullptr || reply->format != kBits)
+        return {};
+    return {static_cast<const std::uint32_t*>(xcb_get_property_value(reply)), reply->value_len};
+}
+
+/// The toolkit has chosen already what it is told of these.
+bool isOurs(xcb_window_t window) {
+    const QWindowList windows = QGuiApplication::allWindows();
+    return std::any_of(windows.begin(), windows.end(), [window](const QWindow* own) {
+        return own->handle() != nullptr && own->winId() == window;
+    });
+}
+
+} // namespace
+
+FullScreenWatch::FullScreenWatch() {
+    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr)
+        return;
+    server_ = x11->connection();
+    root_ = xcb_setup_roots_iterator(xcb_get_setup(server_)).data->root;
+    activeWindowAtom_ = atomNamed(server_, "_NET_ACTIVE_WINDOW");
+    stateAtom_ = atomNamed(server_, "_NET_WM_STATE");
+    fullScreenAtom_ = atomNamed(server_, "_NET_WM_STATE_FULLSCREEN");
+    qGuiApp->installNativeEventFilter(this); // the toolkit hears of the root window's properties itself
+    look();
+}
+
+FullScreenWatch::~FullScreenWatch() {
+    if (server_ != nullptr && qGuiApp != nullptr)
+        qGuiApp->removeNativeEventFilter(this);
+}
+
+bool FullScreenWatch::nativeEventFilter(const QByteArray& kind, void* message, qintptr* /*result*/) {
+    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
+    constexpr std::uint8_t kType = 0x7F; // the highest bit says who has sent it
+    if (kind != "xcb_generic_event_t" || (event->response_type & kType) != XCB_PROPERTY_NOTIFY)
+        return false;
+    const auto* const change = static_cast<const xcb_property_notify_event_t*>(message);
+    if ((change->window == root_ && change->atom == activeWindowAtom_) ||
+        (change->window == active_ && change->atom == stateAtom_))
+        look();
+    return false;
+}
+
+void FullScreenWatch::look() {
+    follow(activeWindow());
+    const auto before = place_;
+    place_ = active_ != 0 && isFullScreen(active_) ? placeOf(active_) : std::nullopt;
+    if (place_ != before && changed)
+        changed();
+}
+
+/// A window may have gone before the server hears of these wishes, which does no harm.
+void FullScreenWatch::follow(Window window) {
+    if (window == active_)
+        return;
+    tellOfItsStates(active_, false);
+    active_ = window;
+    tellOfItsStates(active_, true);
+}
+
+void FullScreenWatch::tellOfItsStates(Window window, bool wanted) {
+    if (window == 0 || isOurs(window))
+        return;
+    const std::uint32_t mask = wanted ? XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+    xcb_discard_reply(
+        server_, xcb_change_window_attributes_checked(server_, window, XCB_CW_EVENT_MASK, &mask).sequence);
+}
+
+FullScreenWatch::Window FullScreenWatch::activeWindow() const {
+    const auto reply = property(server_, root_, activeWindowAtom_, XCB_ATOM_WINDOW);
+    const auto items = itemsOf(reply.get());
+    return items.empty() ? 0 : items.front();
+}
+
+bool FullScreenWatch::isFullScreen(Window window) const {
+    const auto reply = property(server_, window, stateAtom_, XCB_ATOM_ATOM);
+    const auto states = itemsOf(reply.get());
+    return std::find(states.begin(), states.end(), fullScreenAtom_) != states.end();
+}
+
+std::optional<platform::Area> FullScreenWatch::placeOf(Window window) const {
+    const auto askedSize = xcb_get_geometry(server_, window);
+    const auto askedPlace = xcb_translate_coordinates(server_, window, root_, 0, 0);
+    const ServerReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server_, askedSize, nullptr),
+                                                     &std::free);
+    const ServerReply<xcb_translate_coordinates_reply_t> place(
+        xcb_translate_coordinates_reply(server_, askedPlace, nullptr), &std::free);
+    if (!size || !place)
+        return std::nullopt;
+    return platform::Area{place->dst_x, place->dst_y, size->width, size->height};
+}
+
+} // namespace brovin::desktop

@@ -1,0 +1,105 @@
+// What the desktop tells of the user: the test is its screen saver, its service of notifications and its
+// log-on service, on a private bus, which is the
+// system's as well.
+
+#include "desktop/machine/desktop_surroundings.h"
+#include "desktop/real_input.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QProcess>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace brovin::tests {
+namespace {
+
+const QString kLogin = "org.freedesktop.login1";
+const QString kSessionPath = "/org/freedesktop/login1/session/_32";
+
+void tellChanged(QDBusConnection bus, const QString& path, const QString& interface, const QString& name,
+                 bool value) {
+    auto signal = QDBusMessage::createSignal(path, "org.freedesktop.DBus.Properties", "PropertiesChanged");
+    signal << interface << QVariantMap{{name, value}} << QStringList();
+    bus.send(signal);
+}
+
+/// Answers whatever is asked of it.
+class Service final : public QDBusVirtualObject {
+public:
+    bool locked = false;
+
+    [[nodiscard]] QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+        QVariant answer = true;
+        if (message.member() == "GetSession" && message.arguments().value(0) == "2")
+            answer = QVariant::fromValue(QDBusObjectPath(kSessionPath));
+        else if (message.arguments().value(1) == "Id")
+            answer = QVariant::fromValue(QDBusVariant("2"));
+        else if (message.member() == "Get")
+            answer = QVariant::fromValue(QDBusVariant(locked));
+        return bus.send(message.createReply(answer));
+    }
+};
+
+TEST(Surroundings, areToldByTheServicesOfTheSession) {
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "desktop");
+    Service login;
+    login.locked = true;
+    Service notifications;
+    bus.registerVirtualObject("/org/freedesktop/login1", &login, QDBusConnection::SubPath);
+    bus.registerVirtualObject("/org/freedesktop/Notifications", &notifications);
+    bus.registerService(kLogin);
+    bus.registerService("org.freedesktop.Notifications");
+
+    desktop::DesktopSurroundings around;
+    int changes = 0;
+    around.setChanged([&changes] { ++changes; });
+    EXPECT_TRUE(waitUntil([&] { return around.locked(); })) << "it was locked when the program started";
+    tellChanged(bus, kSessionPath, kLogin + ".Session", "LockedHint", false);
+    EXPECT_TRUE(waitUntil([&] { return !around.locked(); }));
+    for (const bool active : {true, false}) {
+        auto signal = QDBusMessage::createSignal("/org/freedesktop/ScreenSaver",
+                                                 "org.freedesktop.ScreenSaver", "ActiveChanged");
+        bus.send(signal << active);
+        EXPECT_TRUE(waitUntil([&] { return around.locked() == active; }));
+    }
+    EXPECT_FALSE(around.doNotDisturb());
+    tellChanged(bus, "/org/freedesktop/Notifications", "org.freedesktop.Notifications", "Inhibited", true);
+    EXPECT_TRUE(waitUntil([&] { return around.doNotDisturb(); }));
+    EXPECT_EQ(5, changes);
+    QDBusConnection::disconnectFromBus("desktop");
+}
+
+TEST(Surroundings, knowAWindowThatHasTheScreenForItself) {
+    desktop::DesktopSurroundings around;
+    QProcess film; // of another program
+    film.start("xmessage", {"a film"});
+    input({"search", "--onlyvisible", "--sync", "--class", "Xmessage", "windowactivate", "--sync"});
+    EXPECT_FALSE(around.fullScreen());
+    const auto say = [](const QStringList& change) { // what a window manager writes on a window
+        QProcess::execute("xprop", QStringList{"-name", "xmessage", "-f", "_NET_WM_STATE", "32a"} + change);
+    };
+    say({"-set", "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN"});
+    EXPECT_TRUE(waitUntil([&] { return around.fullScreen().has_value(); }));
+    say({"-remove", "_NET_WM_STATE"});
+    EXPECT_TRUE(waitUntil([&] { return !around.fullScreen(); }));
+    say({"-set", "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN"});
+    EXPECT_TRUE(waitUntil([&] { return around.fullScreen().has_value(); }));
+    QWidget ours;
+    ours.setWindowTitle("ours");
+    ours.show();
+    input({"search", "--onlyvisible", "--sync", "--name", "ours", "windowactivate", "--sync"});
+    EXPECT_TRUE(waitUntil([&] { return !around.fullScreen(); })) << "the user is not at the film";
+    ours.showFullScreen();
+    EXPECT_TRUE(waitUntil([&] { return around.fullScreen() == platform::Area{0, 0, 1024, 768}; }));
+    film.kill();
+    film.waitForFinished();
+}
+
+} // namespace
+} // namespace brovin::tests
