@@ -4,6 +4,10 @@ add_library(brovin_flags INTERFACE)
 target_compile_features(brovin_flags INTERFACE cxx_std_20)
 target_compile_options(brovin_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wsuggest-override)
+if(CMAKE_UNITY_BUILD)
+    # Of a source that another one includes the compiler says that its private names should not be in a header.
+    target_compile_options(brovin_flags INTERFACE -Wno-subobject-linkage)
+endif()
 if(BROVIN_WERROR)
     target_compile_options(brovin_flags INTERFACE -Werror)
 endif()

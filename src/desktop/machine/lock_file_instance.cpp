@@ -4,7 +4,7 @@
 
 namespace brovin::desktop {
 namespace {
-constexpr int kPatience = 2000; ///< milliseconds; a copy that is alive answers at once
+constexpr int kAnswerTime = 2000; ///< milliseconds; a copy that is alive answers at once
 }
 
 LockFileInstance::LockFileInstance(const QString& path)
@@ -34,7 +34,7 @@ void LockFileInstance::answer() {
 bool LockFileInstance::showFirst() {
     QLocalSocket asking;
     asking.connectToServer(socket_, QIODevice::ReadOnly);
-    return asking.waitForConnected(kPatience) && asking.waitForReadyRead(kPatience);
+    return asking.waitForConnected(kAnswerTime) && asking.waitForReadyRead(kAnswerTime);
 }
 
 } // namespace brovin::desktop
