@@ -123,6 +123,7 @@ int main(int argc, char** argv) {
         return makeKeys(arguments);
     if (command == "sign")
         return sign(arguments);
-    std::cerr << kUsage;
-    return 2;
+    const bool asked = command == "--help";
+    (asked ? std::cout : std::cerr) << kUsage;
+    return asked ? 0 : 2;
 }
