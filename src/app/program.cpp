@@ -13,9 +13,9 @@
 #include "language/language.h"
 #include "text/numbers.h"
 #include "ui/list_hints.h"
+#include "update/updates_elsewhere.h"
 #include "window/speech_frequency.h"
 
-#include <initializer_list>
 #include <optional>
 #include <utility>
 
@@ -36,102 +36,47 @@ struct Program::Rooms {
     language::Language language{{form, settings, machine.folder, machine.dialogs, machine.letters}};
     companion::Teller teller{
         {form, settings, language.tables, machine.dialogs, machine.letters, machine.random}};
-    companion::Companion companion{{.characterPage = form,
-                                    .speechPage = form,
-                                    .remindersPage = form,
-                                    .trayMenu = form,
-                                    .frame = form,
-                                    .life = form,
-                                    .settings = settings,
-                                    .tables = language.tables,
-                                    .teller = teller,
-                                    .service = machine.characters,
-                                    .surroundings = machine.surroundings,
-                                    .clock = machine.clock,
-                                    .regional = machine.regional,
-                                    .letters = machine.letters,
-                                    .random = machine.random}};
-    cleaner::Cleaner cleaner{{.frame = form,
-                              .foldersPage = form,
-                              .nastyPage = form,
-                              .scanningPage = form,
-                              .characterPage = form,
-                              .life = form,
-                              .tip = tip,
-                              .settings = settings,
-                              .speech = teller.speech,
-                              .actor = teller.actor,
-                              .program = info,
-                              .machine = {.files = machine.files,
-                                          .folder = machine.folder,
-                                          .lock = machine.scanLock,
-                                          .dialogs = machine.dialogs,
-                                          .shell = machine.shell,
-                                          .clipboard = machine.clipboard,
-                                          .pump = machine.pump,
-                                          .clock = machine.clock,
-                                          .regional = machine.regional,
-                                          .letters = machine.letters}}};
+    companion::Companion companion{{{form, form, form, form, form},
+                                    form,
+                                    settings,
+                                    language.tables,
+                                    teller,
+                                    machine.characters,
+                                    machine.surroundings,
+                                    machine.clock,
+                                    machine.regional,
+                                    machine.letters,
+                                    machine.random}};
+    cleaner::Cleaner cleaner{
+        {.pages = {form, form, form, form, form, form},
+         .tip = tip,
+         .settings = settings,
+         .speech = teller.speech,
+         .actor = teller.actor,
+         .program = info,
+         .machine = {machine.files, machine.folder, machine.scanLock, machine.dialogs, machine.shell,
+                     machine.clipboard, machine.pump, machine.clock, machine.regional, machine.letters}}};
     ui::FrmPreview frmPreview;
-    cleaner::Preview preview{{.foldersPage = form,
-                              .nastyPage = form,
-                              .scanningPage = form,
-                              .scan = cleaner.scan,
-                              .speech = teller.speech,
-                              .scanRun = cleaner.scanRun,
-                              .folders = cleaner.watchedFolders,
-                              .files = machine.files,
-                              .dialogs = machine.dialogs,
-                              .pump = machine.pump,
-                              .regional = machine.regional,
-                              .letters = machine.letters}};
-    cleaner::PreviewWindow previewWindow{{.form = frmPreview,
-                                          .foldersPage = form,
-                                          .scan = cleaner.scan,
-                                          .speech = teller.speech,
-                                          .preview = preview,
-                                          .keepList = cleaner.keepList,
-                                          .files = machine.files,
-                                          .shell = machine.shell,
-                                          .pump = machine.pump,
-                                          .clock = machine.clock,
-                                          .regional = machine.regional,
-                                          .letters = machine.letters}};
+    cleaner::Preview preview{{form, form, form, cleaner.scan, teller.speech, cleaner.scanRun,
+                              cleaner.watchedFolders, machine.files, machine.dialogs, machine.pump,
+                              machine.regional, machine.letters}};
+    cleaner::PreviewWindow previewWindow{{frmPreview, form, cleaner.scan, teller.speech, preview,
+                                          cleaner.keepList, machine.files, machine.shell, machine.pump,
+                                          machine.clock, machine.regional, machine.letters}};
     window::SpeechFrequency speechFrequency{form, settings};
     window::MainWindow window{{form, settings, machine.folder, machine.shell, machine.tray}};
-    Schedule schedule{{.form = form,
-                       .settings = settings,
-                       .speech = teller.speech,
-                       .actor = teller.actor,
-                       .quiet = companion.quiet,
-                       .news = companion.news,
-                       .cleaner = cleaner,
-                       .speechFrequency = speechFrequency,
-                       .tip = tip,
-                       .random = machine.random,
-                       .clock = machine.clock,
-                       .regional = machine.regional}};
+    Schedule schedule{{form, settings, teller.speech, teller.actor, companion.quiet, companion.news, cleaner,
+                       speechFrequency, tip, machine.random, machine.clock, machine.regional}};
     Mascot mascot{teller.speech, machine.random};
     LogOn logOn;
     std::optional<update::UpdateCheck> updateCheck; ///< where the machine can
     ShutDown shutDown{{form, settings, teller.speech, teller.actor, cleaner, machine.characters, machine.tray,
                        machine.shell}};
-    StartUp startUp{{.form = form,
-                     .settings = settings,
-                     .language = language,
-                     .teller = teller,
-                     .companion = companion,
-                     .cleaner = cleaner,
-                     .schedule = schedule,
-                     .speechFrequency = speechFrequency,
-                     .window = window,
-                     .logOn = logOn,
-                     .tip = tip,
-                     .machine = machine}};
+    StartUp startUp{{form, settings, language, teller, companion, cleaner, schedule, speechFrequency, window,
+                     logOn, tip, machine}};
 
     void tieLanguage();
     void tieUpdates();
-    void leaveUpdatesToOthers();
 };
 
 Program::Rooms::Rooms(const Machine& beneath, settings::ProgramInfo about, std::string command)
@@ -171,7 +116,7 @@ void Program::Rooms::tieLanguage() {
         schedule.options.dtpWord_Change();
         companion.host.lstChars_Click();
         if (machine.updates == nullptr)
-            leaveUpdatesToOthers();
+            update::leaveToOthers(form, language.tables.messageTable);
     };
     language.loader.quit = [this] {
         startUp.end();
@@ -179,20 +124,9 @@ void Program::Rooms::tieLanguage() {
     };
 }
 
-/// Nobody is ever asked: the controls are off, and say why.
-void Program::Rooms::leaveUpdatesToOthers() {
-    const language::MessageTable& messages = language.tables.messageTable;
-    for (ui::Control* control :
-         std::initializer_list<ui::Control*>{&form.chkUpdate, &form.cmbCheck, &form.cmdUpdate}) {
-        control->setEnabled(false);
-        control->setToolTip(messages.getText("updatesElsewhereTip"));
-    }
-    form.cmdUpdate.setCaption(messages.getText("updatesElsewhere"));
-}
-
 void Program::Rooms::tieUpdates() {
     if (machine.updates == nullptr) {
-        leaveUpdatesToOthers();
+        update::leaveToOthers(form, language.tables.messageTable);
         return;
     }
     updateCheck.emplace(update::UpdateCheck::Needs{.frame = form,

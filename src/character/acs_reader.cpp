@@ -53,6 +53,24 @@ LoadResult<Header> readHeader(std::span<const std::uint8_t> file) {
     return header;
 }
 
+/// What every reading begins with.
+struct Beginning {
+    Header header;
+    InformationHead head;
+    ByteReader in; ///< behind the head
+};
+
+LoadResult<Beginning> readBeginning(std::span<const std::uint8_t> file) {
+    const auto header = readHeader(file);
+    if (!header)
+        return header.failure();
+    ByteReader in = header->information.reader();
+    const auto head = readInformationHead(in);
+    if (!head)
+        return head.failure();
+    return Beginning{*header, *head, in};
+}
+
 std::vector<LocalizedInfo> readLocalizedAt(std::span<const std::uint8_t> file, const Locator& locator) {
     const auto block = blockAt(file, locator);
     if (!block)
@@ -85,27 +103,24 @@ void moveInto(CharacterData& character, InformationTail&& tail) {
 } // namespace
 
 LoadResult<CharacterData> readCharacter(const SharedBytes& file) {
-    const auto header = readHeader(file.view());
-    if (!header)
-        return header.failure();
-    ByteReader in = header->information.reader();
-    const auto head = readInformationHead(in);
-    if (!head)
-        return head.failure();
-    auto images = readImages(file, header->images);
+    auto begun = readBeginning(file.view());
+    if (!begun)
+        return begun.failure();
+    auto& [header, head, in] = *begun;
+    auto images = readImages(file, header.images);
     if (!images)
         return images.failure();
-    auto sounds = readSounds(file, header->sounds);
+    auto sounds = readSounds(file, header.sounds);
     if (!sounds)
         return sounds.failure();
-    auto table = readAnimations(file.view(), header->animations, images->size(), sounds->size());
+    auto table = readAnimations(file.view(), header.animations, images->size(), sounds->size());
     if (!table)
         return table.failure();
-    auto tail = readInformationTail(file, in, head->flags, table->names);
+    auto tail = readInformationTail(file, in, head.flags, table->names);
     if (!tail)
         return tail.failure();
-    CharacterData character = characterOf(*head);
-    character.info = readLocalizedAt(file.view(), head->localized);
+    CharacterData character = characterOf(head);
+    character.info = readLocalizedAt(file.view(), head.localized);
     character.images = std::move(*images);
     character.sounds = std::move(*sounds);
     character.animations = std::move(table->animations);
@@ -114,15 +129,11 @@ LoadResult<CharacterData> readCharacter(const SharedBytes& file) {
 }
 
 LoadResult<Listing> readListing(std::span<const std::uint8_t> file, LanguageId language) {
-    const auto header = readHeader(file);
-    if (!header)
-        return header.failure();
-    ByteReader in = header->information.reader();
-    const auto head = readInformationHead(in);
-    if (!head)
-        return head.failure();
-    Listing listing{head->guid, {}, {}};
-    const std::vector<LocalizedInfo> info = readLocalizedAt(file, head->localized);
+    const auto begun = readBeginning(file);
+    if (!begun)
+        return begun.failure();
+    Listing listing{begun->head.guid, {}, {}};
+    const std::vector<LocalizedInfo> info = readLocalizedAt(file, begun->head.localized);
     if (const LocalizedInfo* entry = chooseInfo(info, language)) {
         listing.name = entry->name;
         listing.description = entry->description;

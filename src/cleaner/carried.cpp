@@ -7,10 +7,10 @@
 
 namespace brovin::cleaner {
 
-Carried lookInto(platform::FolderWalk& walk, std::string_view trueName, std::uint64_t bytes) {
+Carried lookInto(platform::FolderEntries& folder, std::string_view trueName, std::uint64_t bytes) {
     Carried carried;
     std::array<std::uint8_t, kAppleDoubleHead> memory;
-    const auto length = walk.head(trueName, memory);
+    const auto length = folder.head(trueName, memory);
     if (!length)
         return carried;
     if (*length == 0 && bytes == 0)

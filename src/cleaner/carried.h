@@ -26,7 +26,8 @@ struct Carried {
 };
 
 /// Looks into a file of the current folder, of `bytes` bytes in all: into kAppleDoubleHead of them at most.
-[[nodiscard]] Carried lookInto(platform::FolderWalk& walk, std::string_view trueName, std::uint64_t bytes);
+[[nodiscard]] Carried lookInto(platform::FolderEntries& folder, std::string_view trueName,
+                               std::uint64_t bytes);
 
 /// One line for the user: what goes with it, with names and sizes.
 [[nodiscard]] std::string carriedText(const Carried& carried, const language::MessageTable& messages,

@@ -22,7 +22,7 @@ public:
     virtual void leave() = 0;
 
     /// Whether this entry of the current folder goes.
-    virtual bool takes(platform::FolderWalk& walk, const platform::Entry& entry) = 0;
+    virtual bool takes(platform::FolderEntries& folder, const platform::Entry& entry) = 0;
     /// How the deletion of the entry that was taken last came out.
     virtual void tried(bool deleted) = 0;
 };

@@ -60,13 +60,13 @@ void ChosenRows::stand(std::uint32_t folder) {
             here_.emplace(rows_[row].name, row);
 }
 
-bool ChosenRows::takes(platform::FolderWalk& walk, const platform::Entry& entry) {
+bool ChosenRows::takes(platform::FolderEntries& folder, const platform::Entry& entry) {
     const auto found = here_.find(entry.trueName);
     if (found == here_.end())
         return false;
     taken_ = found->second;
     PreviewRow& row = rows_[taken_];
-    const auto facts = walk.facts(entry.trueName);
+    const auto facts = folder.facts(entry.trueName);
     const bool same = facts && facts->sameEntry(row.facts);
     row.state = same ? RowState::Left : RowState::Changed;
     return same;

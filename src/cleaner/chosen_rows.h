@@ -24,7 +24,7 @@ public:
     [[nodiscard]] bool leadsInto(std::string_view trueName) const override;
     void enter(std::string_view trueName) override;
     void leave() override;
-    bool takes(platform::FolderWalk& walk, const platform::Entry& entry) override;
+    bool takes(platform::FolderEntries& folder, const platform::Entry& entry) override;
     void tried(bool deleted) override;
 
     /// Of a run that has gone through all: what the sweep has not come upon is not where it was.

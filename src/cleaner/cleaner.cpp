@@ -3,39 +3,39 @@
 namespace brovin::cleaner {
 
 Cleaner::Cleaner(const Needs& needs)
-    : nastyFiles({.nastyPage = needs.nastyPage,
+    : nastyFiles({.nastyPage = needs.pages.nasty,
                   .scan = scan,
                   .settings = needs.settings,
                   .speech = needs.speech,
                   .dialogs = needs.machine.dialogs,
                   .letters = needs.machine.letters}),
       starterNames(
-          {.nastyPage = needs.nastyPage, .scan = scan, .speech = needs.speech, .nastyFiles = nastyFiles}),
-      keepList({.nastyPage = needs.nastyPage,
+          {.nastyPage = needs.pages.nasty, .scan = scan, .speech = needs.speech, .nastyFiles = nastyFiles}),
+      keepList({.nastyPage = needs.pages.nasty,
                 .scan = scan,
                 .settings = needs.settings,
                 .speech = needs.speech,
                 .dialogs = needs.machine.dialogs,
                 .letters = needs.machine.letters}),
-      watchedFolders({.foldersPage = needs.foldersPage,
+      watchedFolders({.foldersPage = needs.pages.folders,
                       .scan = scan,
                       .settings = needs.settings,
                       .speech = needs.speech,
                       .dialogs = needs.machine.dialogs,
                       .files = needs.machine.files,
                       .letters = needs.machine.letters}),
-      sweep({.frame = needs.frame,
-             .nastyPage = needs.nastyPage,
-             .scanningPage = needs.scanningPage,
+      sweep({.frame = needs.pages.frame,
+             .nastyPage = needs.pages.nasty,
+             .scanningPage = needs.pages.scanning,
              .speech = needs.speech,
              .files = needs.machine.files,
              .dialogs = needs.machine.dialogs,
              .regional = needs.machine.regional,
              .letters = needs.machine.letters,
              .pump = needs.machine.pump}),
-      statistics({.frame = needs.frame,
-                  .foldersPage = needs.foldersPage,
-                  .characterPage = needs.characterPage,
+      statistics({.frame = needs.pages.frame,
+                  .foldersPage = needs.pages.folders,
+                  .characterPage = needs.pages.character,
                   .scan = scan,
                   .settings = needs.settings,
                   .speech = needs.speech,
@@ -46,11 +46,11 @@ Cleaner::Cleaner(const Needs& needs)
                   .program = needs.program}),
       logCommands({needs.speech, needs.machine.folder, needs.machine.shell, needs.machine.clock,
                    needs.machine.regional}),
-      scanRun({.frame = needs.frame,
-               .foldersPage = needs.foldersPage,
-               .scanningPage = needs.scanningPage,
-               .characterPage = needs.characterPage,
-               .life = needs.life,
+      scanRun({.frame = needs.pages.frame,
+               .foldersPage = needs.pages.folders,
+               .scanningPage = needs.pages.scanning,
+               .characterPage = needs.pages.character,
+               .life = needs.pages.life,
                .scan = scan,
                .settings = needs.settings,
                .speech = needs.speech,
@@ -64,10 +64,10 @@ Cleaner::Cleaner(const Needs& needs)
                .shell = needs.machine.shell,
                .clock = needs.machine.clock,
                .regional = needs.machine.regional}) {
-    needs.frame.cmdStopScan.click = [this] { scanRun.cmdStopScan_Click(); };
-    tie(needs.foldersPage);
-    tie(needs.nastyPage);
-    tie(needs.scanningPage);
+    needs.pages.frame.cmdStopScan.click = [this] { scanRun.cmdStopScan_Click(); };
+    tie(needs.pages.folders);
+    tie(needs.pages.nasty);
+    tie(needs.pages.scanning);
 }
 
 void Cleaner::tie(ui::FoldersPage& page) {

@@ -28,13 +28,17 @@ public:
         const platform::Regional& regional;
         const platform::Letters& letters;
     };
-    struct Needs {
+    /// What of the form.
+    struct Pages {
         ui::WindowFrame& frame;
-        ui::FoldersPage& foldersPage;
-        ui::NastyFilesPage& nastyPage;
-        ui::ScanningPage& scanningPage;
-        const ui::CharacterPage& characterPage;
+        ui::FoldersPage& folders;
+        ui::NastyFilesPage& nasty;
+        ui::ScanningPage& scanning;
+        const ui::CharacterPage& character;
         const ui::ProgramLife& life;
+    };
+    struct Needs {
+        Pages pages;
         ui::TrayTip& tip;
         settings::Settings& settings;
         companion::Speech speech;

@@ -34,19 +34,19 @@ void CharacterHost::scanCharacters() {
         const std::string_view name(file.data(), file.size() - std::min(file.size(), kFileEnding.size()));
         items.push_back({needs_.letters.properCase(name), 0});
     }
-    needs_.characterPage.lstChars.setItems(std::move(items));
+    needs_.pages.character.lstChars.setItems(std::move(items));
     if (needs_.actor.name.empty())
         needs_.actor.name = setting::kAgentName.fallback;
-    for (int i = 0; i < needs_.characterPage.lstChars.count(); ++i)
-        if (needs_.characterPage.lstChars.items()[static_cast<std::size_t>(i)].text == needs_.actor.name) {
-            needs_.characterPage.lstChars.select(i);
+    for (int i = 0; i < needs_.pages.character.lstChars.count(); ++i)
+        if (needs_.pages.character.lstChars.items()[static_cast<std::size_t>(i)].text == needs_.actor.name) {
+            needs_.pages.character.lstChars.select(i);
             return;
         }
 }
 
 void CharacterHost::loadCharacter() {
     Actor& actor = needs_.actor;
-    if (!needs_.characterPage.chkAgent.checked() || actor.name.empty())
+    if (!needs_.pages.character.chkAgent.checked() || actor.name.empty())
         return;
     if (needs_.service.character(actor.name) == nullptr)
         needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
@@ -100,9 +100,9 @@ void CharacterHost::fillAnimations() {
     if (needs_.actor.character != nullptr)
         for (std::string& name : needs_.actor.character->requests.animationNames())
             items.push_back({std::move(name), 0});
-    needs_.speechPage.lstAnims.setItems(std::move(items));
-    if (!needs_.speechPage.lstAnims.select(0))
-        needs_.speechPage.cmdDo.setEnabled(false);
+    needs_.pages.speech.lstAnims.setItems(std::move(items));
+    if (!needs_.pages.speech.lstAnims.select(0))
+        needs_.pages.speech.cmdDo.setEnabled(false);
 }
 
 void CharacterHost::unloadCharacter() {
@@ -113,9 +113,9 @@ void CharacterHost::unloadCharacter() {
 
 void CharacterHost::chkAgent_Click() {
     enableSpeechControls();
-    if (!needs_.frame.window.visible())
+    if (!needs_.pages.frame.window.visible())
         return;
-    if (!needs_.characterPage.chkAgent.checked()) {
+    if (!needs_.pages.character.chkAgent.checked()) {
         unloadCharacter();
         needs_.actor.name = needs_.settings.read(setting::kAgentName);
     }
@@ -124,10 +124,10 @@ void CharacterHost::chkAgent_Click() {
 }
 
 void CharacterHost::enableSpeechControls() {
-    ui::SpeechPage& page = needs_.speechPage;
-    const bool on = needs_.characterPage.chkAgent.checked();
+    ui::SpeechPage& page = needs_.pages.speech;
+    const bool on = needs_.pages.character.chkAgent.checked();
     for (ui::Control* control : std::initializer_list<ui::Control*>{
-             &page.cmdRepeat, &page.txtSay, &page.cmdSay, &needs_.remindersPage.cmdSpeak, &page.lstAnims,
+             &page.cmdRepeat, &page.txtSay, &page.cmdSay, &needs_.pages.reminders.cmdSpeak, &page.lstAnims,
              &page.cmdDo, &page.cmdStop})
         control->setEnabled(on);
     if (page.lstAnims.selected() == ui::ListBox::kNone)
@@ -135,13 +135,13 @@ void CharacterHost::enableSpeechControls() {
 }
 
 void CharacterHost::lstChars_Click() {
-    if (needs_.characterPage.lstChars.selected() == ui::ListBox::kNone || needs_.life.loading)
+    if (needs_.pages.character.lstChars.selected() == ui::ListBox::kNone || needs_.pages.life.loading)
         return;
     unloadCharacter();
-    needs_.actor.name = needs_.characterPage.lstChars.selectedText();
+    needs_.actor.name = needs_.pages.character.lstChars.selectedText();
     needs_.settings.write(setting::kAgentName, needs_.actor.name);
     loadCharacter();
-    if (needs_.frame.window.visible() || needs_.settings.read(setting::kAgentShow) == "True")
+    if (needs_.pages.frame.window.visible() || needs_.settings.read(setting::kAgentShow) == "True")
         needs_.actor.show();
     say(PhraseList::SpkHello);
     nameLabels();
@@ -149,8 +149,8 @@ void CharacterHost::lstChars_Click() {
 
 void CharacterHost::nameLabels() {
     const language::MessageTable& messages = needs_.tables.messageTable;
-    needs_.speechPage.lblSay.setCaption(messages.getMessage(Message::SayLabel, {needs_.actor.name}));
-    needs_.speechPage.lblDo.setCaption(messages.getMessage(Message::DoLabel, {needs_.actor.name}));
+    needs_.pages.speech.lblSay.setCaption(messages.getMessage(Message::SayLabel, {needs_.actor.name}));
+    needs_.pages.speech.lblDo.setCaption(messages.getMessage(Message::DoLabel, {needs_.actor.name}));
 }
 
 void CharacterHost::Agent1_Click(const platform::CharacterClick& click) {

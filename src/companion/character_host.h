@@ -21,12 +21,16 @@ namespace brovin::companion {
 /// user clicks, drags or hides it. What the service refuses is passed over without a word.
 class CharacterHost {
 public:
-    struct Needs {
-        ui::CharacterPage& characterPage;
-        ui::SpeechPage& speechPage;
-        ui::RemindersPage& remindersPage;
+    /// What of the form it works on.
+    struct Pages {
+        ui::CharacterPage& character;
+        ui::SpeechPage& speech;
+        ui::RemindersPage& reminders;
         const ui::WindowFrame& frame;
         const ui::ProgramLife& life;
+    };
+    struct Needs {
+        Pages pages;
         settings::Settings& settings;
         const language::LanguageTables& tables;
         Actor& actor;

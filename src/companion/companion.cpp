@@ -5,21 +5,20 @@ namespace brovin::companion {
 using platform::CharacterClick;
 
 Companion::Companion(const Needs& needs)
-    : host({needs.characterPage, needs.speechPage, needs.remindersPage, needs.frame, needs.life,
-            needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases, needs.service,
-            needs.letters, needs.random}),
-      commands({needs.speechPage, needs.remindersPage, needs.tables, needs.teller.actor, needs.teller.phrases,
-                needs.teller.announcer, needs.random}),
-      quiet({needs.speechPage, needs.trayMenu, needs.settings, needs.teller.actor, needs.service,
+    : host({needs.pages, needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases,
+            needs.service, needs.letters, needs.random}),
+      commands({needs.pages.speech, needs.pages.reminders, needs.tables, needs.teller.actor,
+                needs.teller.phrases, needs.teller.announcer, needs.random}),
+      quiet({needs.pages.speech, needs.trayMenu, needs.settings, needs.teller.actor, needs.service,
              needs.surroundings, needs.clock}),
       news({needs.teller.announcer, needs.teller.actor, needs.tables.messageTable, needs.clock,
             needs.regional}),
-      menu_({needs.speechPage, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
+      menu_({needs.pages.speech, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
       service_(needs.service) {
     host.loaded = [this] { quiet.review(); }; // which shows the menu, too
     quiet.changed = [this] { menu_.show(); };
-    tie(needs.characterPage);
-    tie(needs.speechPage, needs.remindersPage.cmdSpeak);
+    tie(needs.pages.character);
+    tie(needs.pages.speech, needs.pages.reminders.cmdSpeak);
     service_.setEvents(
         {.click = [this](const CharacterClick& click) { host.Agent1_Click(click); },
          .dragStart = [this](const CharacterClick& /*click*/) { host.Agent1_DragStart(); },

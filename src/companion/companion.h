@@ -14,12 +14,8 @@ namespace brovin::companion {
 class Companion {
 public:
     struct Needs {
-        ui::CharacterPage& characterPage;
-        ui::SpeechPage& speechPage;
-        ui::RemindersPage& remindersPage;
+        CharacterHost::Pages pages;
         ui::TrayMenu& trayMenu;
-        const ui::WindowFrame& frame;
-        const ui::ProgramLife& life;
         settings::Settings& settings;
         const language::LanguageTables& tables;
         Teller& teller;

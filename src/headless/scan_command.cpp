@@ -79,27 +79,15 @@ private:
     language::Language language_{{form_, settings_, machine_.folder, noDialogs_, machine_.letters}};
     companion::Teller teller_{
         {form_, settings_, language_.tables, dialogs_, machine_.letters, machine_.random}};
-    cleaner::Cleaner cleaner_{{.frame = form_,
-                               .foldersPage = form_,
-                               .nastyPage = form_,
-                               .scanningPage = form_,
-                               .characterPage = form_,
-                               .life = form_,
-                               .tip = tip_,
-                               .settings = settings_,
-                               .speech = teller_.speech,
-                               .actor = teller_.actor,
-                               .program = program_,
-                               .machine = {.files = files_,
-                                           .folder = machine_.folder,
-                                           .lock = machine_.lock,
-                                           .dialogs = dialogs_,
-                                           .shell = shell_,
-                                           .clipboard = clipboard_,
-                                           .pump = pump_,
-                                           .clock = machine_.clock,
-                                           .regional = machine_.regional,
-                                           .letters = machine_.letters}}};
+    cleaner::Cleaner cleaner_{
+        {.pages = {form_, form_, form_, form_, form_, form_},
+         .tip = tip_,
+         .settings = settings_,
+         .speech = teller_.speech,
+         .actor = teller_.actor,
+         .program = program_,
+         .machine = {files_, machine_.folder, machine_.lock, dialogs_, shell_, clipboard_, pump_,
+                     machine_.clock, machine_.regional, machine_.letters}}};
     ScanReport report_{options_, console_};
     bool usable_ = true;    ///< the language file that was read last
     bool allStored_ = true; ///< the totals

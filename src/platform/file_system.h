@@ -61,19 +61,10 @@ struct FolderIdentity {
     std::string path; ///< the full one, without a link in it
 };
 
-/// A place in a folder tree. The folder is held open, so that what is listed is what is deleted, whoever
-/// moves things about meanwhile. Nothing below the folder that was opened first is ever reached through a
-/// link.
-class FolderWalk {
+/// What can be seen of the folder that is open at a place of a walk.
+class FolderEntries {
 public:
-    virtual ~FolderWalk() = default;
-
-    /// Asked some times a second while a slow disk lets the walk wait. False: the operation fails with
-    /// ECANCELED. Not every wait can be ended so.
-    virtual void whileWaiting(std::function<bool()> goesOn) = 0;
-
-    /// Of the folder that is open at this place.
-    [[nodiscard]] virtual Result<FolderIdentity> identity() = 0;
+    virtual ~FolderEntries() = default;
 
     /// The first entries of this folder, "." and ".." left out, hidden and system ones included, in the
     /// disk's order. Valid until the next list, listMore, enter or leave.
@@ -83,12 +74,6 @@ public:
     /// memory than a small one. What happens to the entries of one piece does not change which ones the next
     /// has, as far as the disk keeps its order.
     virtual Result<std::span<const Entry>> listMore() = 0;
-
-    /// Goes down into a folder of this one. On failure the place stays the same.
-    virtual Status enter(std::string_view trueName) = 0;
-
-    /// Goes back up. Failure: the folder above is not where it was; the walk is over and stays unusable.
-    virtual Status leave() = 0;
 
     /// What is told of an entry of this folder.
     virtual Result<EntryFacts> facts(std::string_view trueName) = 0;
@@ -103,6 +88,12 @@ public:
 
     /// Bytes in all files below a folder.
     virtual Result<std::uint64_t> folderSize(std::string_view trueName) = 0;
+};
+
+/// What can be deleted in the folder that is open at a place of a walk.
+class FolderDeletions {
+public:
+    virtual ~FolderDeletions() = default;
 
     /// Deletes a file or a link; a folder is refused.
     virtual Status deleteFile(std::string_view trueName, Force force) = 0;
@@ -116,6 +107,25 @@ public:
 
     /// Whether this folder is the user's trash or lies in it.
     [[nodiscard]] virtual bool isInTrash() = 0;
+};
+
+/// A place in a folder tree. The folder is held open, so that what is listed is what is deleted, whoever
+/// moves things about meanwhile. Nothing below the folder that was opened first is ever reached through a
+/// link.
+class FolderWalk : public FolderEntries, public FolderDeletions {
+public:
+    /// Asked some times a second while a slow disk lets the walk wait. False: the operation fails with
+    /// ECANCELED. Not every wait can be ended so.
+    virtual void whileWaiting(std::function<bool()> goesOn) = 0;
+
+    /// Of the folder that is open at this place.
+    [[nodiscard]] virtual Result<FolderIdentity> identity() = 0;
+
+    /// Goes down into a folder of this one. On failure the place stays the same.
+    virtual Status enter(std::string_view trueName) = 0;
+
+    /// Goes back up. Failure: the folder above is not where it was; the walk is over and stays unusable.
+    virtual Status leave() = 0;
 };
 
 class FileSystem {

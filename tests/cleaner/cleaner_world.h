@@ -42,39 +42,16 @@ struct CleanerWorld : fakes::FakeMachine {
     companion::Actor& actor = teller.actor;
     settings::ProgramInfo info{"Brovin", 2, 7, 106};
     ui::TrayTip tip{tray};
-    Cleaner cleaner{{.frame = form,
-                     .foldersPage = form,
-                     .nastyPage = form,
-                     .scanningPage = form,
-                     .characterPage = form,
-                     .life = form,
-                     .tip = tip,
-                     .settings = options,
-                     .speech = teller.speech,
-                     .actor = actor,
-                     .program = info,
-                     .machine = {.files = files,
-                                 .folder = folder,
-                                 .lock = scanLock,
-                                 .dialogs = dialogs,
-                                 .shell = shell,
-                                 .clipboard = clipboard,
-                                 .pump = pump,
-                                 .clock = clock,
-                                 .regional = regional,
-                                 .letters = letters}}};
-    Preview preview{{.foldersPage = form,
-                     .nastyPage = form,
-                     .scanningPage = form,
-                     .scan = cleaner.scan,
-                     .speech = teller.speech,
-                     .scanRun = cleaner.scanRun,
-                     .folders = cleaner.watchedFolders,
-                     .files = files,
-                     .dialogs = dialogs,
-                     .pump = pump,
-                     .regional = regional,
-                     .letters = letters}};
+    Cleaner cleaner{
+        {.pages = {form, form, form, form, form, form},
+         .tip = tip,
+         .settings = options,
+         .speech = teller.speech,
+         .actor = actor,
+         .program = info,
+         .machine = {files, folder, scanLock, dialogs, shell, clipboard, pump, clock, regional, letters}}};
+    Preview preview{{form, form, form, cleaner.scan, teller.speech, cleaner.scanRun, cleaner.watchedFolders,
+                     files, dialogs, pump, regional, letters}};
     ScanState& scan = cleaner.scan;
     NastyFileList& nastyFiles = cleaner.nastyFiles;
     WatchedFolderList& watchedFolders = cleaner.watchedFolders;

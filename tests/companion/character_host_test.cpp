@@ -40,7 +40,7 @@ struct CharacterHostWorld : CompanionWorld {
     }
     fakes::FakeCharacter& character = characters.only;
     CharacterHost host{
-        {form, form, form, form, form, options, tables, actor, phrases, characters, letters, random}};
+        {{form, form, form, form, form}, options, tables, actor, phrases, characters, letters, random}};
 };
 
 TEST(CharacterHost, listsCharactersByProperNamesAndSelectsItsOwn) {
