@@ -87,8 +87,7 @@ private:
             return platform::Done{};
         }
         void remove() override {
-            folder_.files.erase(name_);
-            folder_.files.erase(name_ + ".exe");
+            std::erase_if(folder_.files, [this](const auto& file) { return file.first.starts_with(name_); });
         }
         platform::Status startInstaller() override {
             if (folder_.startsNothing)

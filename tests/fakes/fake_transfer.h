@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/internet_transfer.h"
+#include "text/strings.h"
 
 #include <algorithm>
 #include <deque>
@@ -60,7 +61,9 @@ public:
     [[nodiscard]] platform::Failure failure() const override {
         return offline ? platform::Failure{7, "No route"} : platform::Failure{404, "Not found"};
     }
-    [[nodiscard]] std::optional<std::string> header(std::string_view /*name*/) const override {
+    [[nodiscard]] std::optional<std::string> header(std::string_view name) const override {
+        if (text::asciiLower(name) != "content-length")
+            return std::nullopt;
         const long size = static_cast<long>(current_->body.size());
         return std::to_string(current_->announced < 0 ? size : current_->announced);
     }
