@@ -22,7 +22,7 @@ std::string realPath(platform::FileSystem& files, const std::string& folder) {
     if (!found)
         return {};
     const auto walk = files.open(*found);
-    const auto identity = walk ? (*walk)->identity() : folder.failure();
+    const auto identity = walk ? (*walk)->identity() : walk.failure();
     return identity ? identity->path : std::string();
 }
 
@@ -90,14 +90,14 @@ bool KeepRules::isBelow(std::string_view folder) const {
     return next != paths_.end() && next->starts_with(folder);
 }
 
-bool KeepRules::keepsWithin(platform::FolderEntries& folder, std::string_view below,
+bool KeepRules::keepsWithin(platform::FolderEntries& entries, std::string_view below,
                             const platform::Entry& folder) const {
     bool paths = false;
     for (const std::string& top : tops_)
         paths = paths || isBelow(withSlash(std::string(top).append(below).append(folder.name)));
     if (!paths && names_.empty())
         return false;
-    const auto held = folder.holds(folder.trueName, [this, paths](std::string_view name) {
+    const auto held = entries.holds(folder.trueName, [this, paths](std::string_view name) {
         return names_.contains(name) || (paths && ends_.contains(name));
     });
     return !held || *held; // what nobody can look into may hold it

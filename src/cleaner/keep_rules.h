@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool keeps(std::string_view below, std::string_view name) const;
 
     /// Whether something is kept that lies somewhere below this folder of the current one.
-    [[nodiscard]] bool keepsWithin(platform::FolderEntries& folder, std::string_view below,
+    [[nodiscard]] bool keepsWithin(platform::FolderEntries& entries, std::string_view below,
                                    const platform::Entry& folder) const;
 
 private:
