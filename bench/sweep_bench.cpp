@@ -44,7 +44,7 @@ public:
 
     [[nodiscard]] Command sweep(const fs::path& tree, bool dry) const {
         Command command = brovin_;
-        command.insert(command.end(), {"--scan", "--folder", tree});
+        command.insert(command.end(), {"--scan", "--yes-this-folder", "--folder", tree});
         if (dry)
             command.emplace_back("--dry-run");
         for (const std::string& name : kNasty)

@@ -6,6 +6,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_system.h"
+#include "platform/landmarks.h"
 #include "platform/letters.h"
 #include "platform/log_on_entry.h"
 #include "platform/notification_area.h"
@@ -25,6 +26,7 @@ namespace brovin::app {
 struct Machine {
     platform::SettingsStore& settings;
     platform::FileSystem& files;
+    const platform::Landmarks& landmarks;
     platform::ProgramFolder& folder;
     platform::Dialogs& dialogs;
     platform::Shell& shell;

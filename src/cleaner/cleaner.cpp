@@ -23,6 +23,7 @@ Cleaner::Cleaner(const Needs& needs)
                       .speech = needs.speech,
                       .dialogs = needs.machine.dialogs,
                       .files = needs.machine.files,
+                      .landmarks = needs.machine.landmarks,
                       .letters = needs.machine.letters}),
       sweep({.frame = needs.pages.frame,
              .nastyPage = needs.pages.nasty,

@@ -18,6 +18,7 @@ public:
     /// What of the machine it works with.
     struct Machine {
         platform::FileSystem& files;
+        const platform::Landmarks& landmarks;
         platform::ProgramFolder& folder;
         platform::ScanLock& lock;
         platform::Dialogs& dialogs;

@@ -15,4 +15,8 @@ namespace brovin::cleaner {
 /// may differ: its number is given out anew whenever a disk is mounted.
 [[nodiscard]] bool isTheSame(std::string_view stored, const platform::FolderIdentity& found);
 
+/// Whether it is not, but stands at the same path on another disk, or on one that was formatted or hung in
+/// anew: likely the same to the user, who is to say so.
+[[nodiscard]] bool isOnAnotherDisk(std::string_view stored, const platform::FolderIdentity& found);
+
 } // namespace brovin::cleaner

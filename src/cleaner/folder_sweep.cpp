@@ -225,7 +225,7 @@ bool FolderSweep::handleEntry(const platform::Entry& entry, Level& level, std::i
     carried_.reset();
     if (choice_ != nullptr && !choice_->takes(*walk_, entry))
         return true;
-    if (needs_.nastyPage.chkSpare.checked() && carriesSomething(entry)) {
+    if (spares() && carriesSomething(entry)) {
         ++spared;
         return true;
     }

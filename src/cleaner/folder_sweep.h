@@ -92,6 +92,9 @@ public:
     /// Whether the run has a Keep List.
     [[nodiscard]] bool keeps() const { return !keeps_.empty(); }
 
+    /// Whether "._" files that carry something stay.
+    [[nodiscard]] bool spares() const { return needs_.nastyPage.chkSpare.checked(); }
+
     /// Ends the run behind the entry that is being worked on; what is left is not looked at. May be called by
     /// whatever the event pump lets through.
     void cancel() { cancelled_ = true; }

@@ -214,9 +214,10 @@ void ScanRun::report() {
 
 void ScanRun::tellOfStrangers() {
     for (const std::string& path : needs_.sweep.strangers)
-        needs_.speech.announcer.agentMsgBox(
-            needs_.speech.messages.getText("folderReplaced", {shownPath(path, "")}), box::kExclamation, "",
-            ForceBox::No);
+        if (!needs_.folders.askWhetherRight(path))
+            needs_.speech.announcer.agentMsgBox(
+                needs_.speech.messages.getText("folderReplaced", {shownPath(path, "")}), box::kExclamation,
+                "", ForceBox::No);
     for (const std::string& path : needs_.sweep.trashless)
         needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("noTrash", {shownPath(path, "")}),
                                             box::kExclamation, "", ForceBox::No);

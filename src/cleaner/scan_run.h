@@ -47,7 +47,7 @@ public:
         companion::Speech speech;
         companion::Actor& actor;
         FolderSweep& sweep;
-        const WatchedFolderList& folders;
+        WatchedFolderList& folders;
         Statistics& statistics;
         platform::ProgramFolder& programFolder;
         platform::ScanLock& lock;

@@ -21,6 +21,7 @@ std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_
         if (letters.lowerCase(entry.path) != entry.text)
             entry.path.clear();
         entry.identity = settings.readFrom(section, "Known" + index).value_or("");
+        entry.refused = settings.readFrom(section, "Refused" + index).value_or("");
         entries.push_back(std::move(entry));
     }
     return entries;
@@ -37,6 +38,8 @@ bool saveList(settings::Settings& settings, std::string_view section, const std:
             continue;
         keys.push_back({"Path" + index, entries[i].path});
         keys.push_back({"Known" + index, entries[i].identity});
+        if (entries[i].refused != settings.readFrom(section, "Refused" + index).value_or(""))
+            keys.push_back({"Refused" + index, entries[i].refused});
     }
     return settings.writeTo(section, keys);
 }

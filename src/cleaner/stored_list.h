@@ -22,10 +22,11 @@ struct ListEntry {
     std::string text;       ///< in lower case
     std::string path;       ///< the true spelling of a folder; empty: not known, or no folder
     std::string identity{}; ///< what the folder was when it was added; empty: not known
+    std::string refused{};  ///< what stood in its place later and was not the right one; empty: nothing
 };
 
-/// Reads "Number", then "Entry1", "Path1" and "Known1" and so on. Empty entries are dropped, and so is a path
-/// that does not spell its entry.
+/// Reads "Number", then "Entry1", "Path1", "Known1" and "Refused1" and so on. Empty entries are dropped, and
+/// so is a path that does not spell its entry.
 [[nodiscard]] std::vector<ListEntry> loadList(const settings::Settings& settings, std::string_view section,
                                               const platform::Letters& letters);
 

@@ -1,6 +1,8 @@
 #include "cleaner/watched_folder_list.h"
 
+#include "cleaner/folder_guard.h"
 #include "cleaner/folder_identity.h"
+#include "cleaner/shown_path.h"
 
 namespace brovin::cleaner {
 namespace {
@@ -26,10 +28,12 @@ void WatchedFolderList::fill(std::vector<ListEntry> entries) {
     std::vector<ui::ListControl::Item> items;
     paths_.clear();
     identities_.clear();
+    refused_.clear();
     for (ListEntry& entry : entries) {
         items.push_back({std::move(entry.text), 0});
         paths_.push_back(std::move(entry.path));
         identities_.push_back(std::move(entry.identity));
+        refused_.push_back(std::move(entry.refused));
     }
     needs_.foldersPage.lstFolders.setItems(std::move(items));
 }
@@ -37,7 +41,8 @@ void WatchedFolderList::fill(std::vector<ListEntry> entries) {
 void WatchedFolderList::save() {
     std::vector<ListEntry> entries;
     for (std::size_t i = 0; i < paths_.size(); ++i)
-        entries.push_back({needs_.foldersPage.lstFolders.items()[i].text, paths_[i], identities_[i]});
+        entries.push_back(
+            {needs_.foldersPage.lstFolders.items()[i].text, paths_[i], identities_[i], refused_[i]});
     saveList(needs_.settings, kWatchedFoldersSection, entries, WithPaths::Yes, needs_.letters);
 }
 
@@ -54,12 +59,40 @@ void WatchedFolderList::sweep(std::size_t index, FolderSweep& sweep) const {
 }
 
 /// A folder that cannot be opened at this moment is watched all the same.
-std::string WatchedFolderList::identityOf(const std::string& path) const {
+std::optional<platform::FolderIdentity> WatchedFolderList::identityOf(const std::string& path) const {
     const auto walk = needs_.files.open(path);
     if (!walk)
-        return {};
+        return std::nullopt;
     const auto identity = (*walk)->identity();
-    return identity ? identityText(*identity) : std::string();
+    return identity ? std::optional(*identity) : std::nullopt;
+}
+
+bool WatchedFolderList::askWhetherRight(const std::string& path) {
+    const auto found = identityOf(path);
+    for (std::size_t i = 0; found && i < paths_.size(); ++i) {
+        const std::string now = identityText(*found);
+        if (truePath(i) != path || !isOnAnotherDisk(identities_[i], *found) || refused_[i] == now)
+            continue;
+        const auto answer = needs_.speech.announcer.agentMsgBox(
+            needs_.speech.messages.getText("folderAnew", {shownPath(path, "")}), box::kYesNo | box::kQuestion,
+            "", companion::ForceBox::Yes);
+        (answer == platform::Button::Yes ? identities_ : refused_)[i] = now;
+        save();
+        return true;
+    }
+    return false;
+}
+
+/// Whether the user means a folder that nobody would sweep by mistake and be glad.
+bool WatchedFolderList::wanted(const std::string& path) const {
+    const auto risk = riskText(folderRisk(path, needs_.landmarks));
+    if (!risk)
+        return true;
+    const auto& messages = needs_.speech.messages;
+    const auto answer = needs_.speech.announcer.agentMsgBox(
+        messages.getText(*risk) + "\r\n\r\n" + messages.getText("riskSure", {shownPath(path, "")}),
+        box::kYesNo | box::kExclamation, "", companion::ForceBox::Yes);
+    return answer == platform::Button::Yes;
 }
 
 void WatchedFolderList::cmdAddFolder_Click() {
@@ -67,9 +100,16 @@ void WatchedFolderList::cmdAddFolder_Click() {
         return;
     const std::string path =
         needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(Message::ChooseFolder));
-    if (!path.empty() && paths_.size() < kMostEntries) {
+    if (!path.empty() && paths_.size() < kMostEntries && wanted(path)) {
+        const auto found = identityOf(path);
+        const std::string identity = found ? identityText(*found) : std::string();
+        // Added again, it is the right one, whatever stood there when it was added before.
+        for (std::size_t i = 0; i < paths_.size(); ++i)
+            if (truePath(i) == path)
+                identities_[i] = identity;
         paths_.push_back(path);
-        identities_.push_back(identityOf(path));
+        identities_.push_back(identity);
+        refused_.emplace_back();
         needs_.foldersPage.lstFolders.add({path, 0}); // in lower case from the next load on
         save();
     }
@@ -90,6 +130,7 @@ void WatchedFolderList::cmdRemoveFolder_Click() {
     if (answer == platform::Button::Yes) {
         paths_.erase(paths_.begin() + list.selected());
         identities_.erase(identities_.begin() + list.selected());
+        refused_.erase(refused_.begin() + list.selected());
         list.remove(list.selected());
         save();
     }

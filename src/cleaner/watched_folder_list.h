@@ -6,6 +6,7 @@
 #include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
+#include "platform/landmarks.h"
 #include "platform/letters.h"
 #include "settings/settings.h"
 #include "ui/pages/folders_page.h"
@@ -27,6 +28,7 @@ public:
         companion::Speech speech;
         platform::Dialogs& dialogs;
         platform::FileSystem& files;
+        const platform::Landmarks& landmarks;
         const platform::Letters& letters;
     };
     explicit WatchedFolderList(const Needs& needs) : needs_(needs) {}
@@ -43,19 +45,26 @@ public:
     /// Hands the folder of an entry to a sweep.
     void sweep(std::size_t index, FolderSweep& sweep) const;
 
+    /// Of a folder (its true path) in whose place the sweep found another one: where that stands on another
+    /// disk, or on one formatted or hung in anew, the user is asked about it, once, and on Yes it is the
+    /// right one from here on. False: it is nothing to ask about.
+    bool askWhetherRight(const std::string& path);
+
     void cmdAddFolder_Click();
     void cmdRemoveFolder_Click();
     void lstFolders_Click();
 
 private:
+    [[nodiscard]] bool wanted(const std::string& path) const;
     void save();
     void fill(std::vector<ListEntry> entries);
     void showHint();
-    [[nodiscard]] std::string identityOf(const std::string& path) const;
+    [[nodiscard]] std::optional<platform::FolderIdentity> identityOf(const std::string& path) const;
 
     Needs needs_;
     std::vector<std::string> paths_;      ///< beside the items of `lstFolders`; empty: not known
     std::vector<std::string> identities_; ///< beside them
+    std::vector<std::string> refused_;    ///< beside them
 };
 
 } // namespace brovin::cleaner

@@ -24,6 +24,7 @@
 #include "posix/ini_settings_store.h"
 #include "posix/make_folders.h"
 #include "posix/posix_file_system.h"
+#include "posix/posix_landmarks.h"
 #include "posix/standard_random.h"
 #include "posix/system_clock.h"
 #include "posix/unicode_letters.h"
@@ -67,7 +68,8 @@ std::vector<std::string> characterFolders(const posix::Places& places) {
 /// The machine beneath, on a Linux desktop.
 struct DesktopMachine {
     DesktopMachine(const posix::Places& places, const UpdateSource& source, const AudioMaker& audio)
-        : settings(places.settingsFile), folder({places.installedFolder, places.ownFolder}),
+        : settings(places.settingsFile), landmarks(places),
+          folder({places.installedFolder, places.ownFolder}),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
           logOn(pathOf(places.autostartFolder) + QStringLiteral("/brovin.desktop")),
           instance(pathOf(places.runningLock)), scanLock(places.settingsFolder), updates(source) {}
@@ -75,6 +77,7 @@ struct DesktopMachine {
     Initiative initiative;
     posix::IniSettingsStore settings;
     posix::PosixFileSystem files;
+    posix::PosixLandmarks landmarks;
     posix::DiskProgramFolder folder;
     QtDialogs dialogs;
     QtShell shell;
@@ -95,24 +98,10 @@ struct DesktopMachine {
     /// Whether the program waits for an answer, and other events have to wait for the program.
     [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
     [[nodiscard]] app::Machine pieces() {
-        return {settings,
-                files,
-                folder,
-                dialogs,
-                shell,
-                tray,
-                clipboard,
-                characters,
-                logOn,
-                instance,
-                scanLock,
-                regional,
-                letters,
-                clock,
-                random,
-                pump,
-                updates.machine(),
-                &surroundings};
+        return {settings, files,    landmarks,         folder,       dialogs,
+                shell,    tray,     clipboard,         characters,   logOn,
+                instance, scanLock, regional,          letters,      clock,
+                random,   pump,     updates.machine(), &surroundings};
     }
 };
 

@@ -28,17 +28,22 @@ constexpr Option kOptions[] = {
     {.name = "--dry-run", .scanFlag = &ScanOptions::dryRun},
     {.name = "--json", .scanFlag = &ScanOptions::json},
     {.name = "--folder", .list = &ScanOptions::folders},
+    {.name = "--yes-this-folder", .scanFlag = &ScanOptions::yesThisFolder},
     {.name = "--nasty", .list = &ScanOptions::nasty},
+    {.name = "--keep", .list = &ScanOptions::keep},
     {.name = "--dot-underscore", .choice = &ScanOptions::dotUnderscore, .chosen = true},
     {.name = "--no-dot-underscore", .choice = &ScanOptions::dotUnderscore},
     {.name = "--icon-files", .choice = &ScanOptions::iconFiles, .chosen = true},
     {.name = "--no-icon-files", .choice = &ScanOptions::iconFiles},
+    {.name = "--spare-carriers", .choice = &ScanOptions::spareCarriers, .chosen = true},
+    {.name = "--no-spare-carriers", .choice = &ScanOptions::spareCarriers},
     {.name = "--force", .choice = &ScanOptions::force, .chosen = true},
     {.name = "--no-force", .choice = &ScanOptions::force},
     {.name = "--confirm", .choice = &ScanOptions::confirm, .chosen = true},
     {.name = "--no-confirm", .choice = &ScanOptions::confirm},
     {.name = "--trash", .choice = &ScanOptions::trash, .chosen = true},
     {.name = "--no-trash", .choice = &ScanOptions::trash},
+    {.name = "--starter-names", .flag = &CommandLine::starterNames},
     {.name = "--check-language", .text = &CommandLine::checkLanguage},
     {.name = "--program-folder", .text = &CommandLine::programFolder},
     {.name = "--update-server", .text = &CommandLine::updateServer},
@@ -64,6 +69,9 @@ std::string problemOf(const CommandLine& line, std::string_view scanOnly) {
     for (const std::string& name : line.scanOptions.nasty)
         if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos)
             return "--nasty wants the bare name of a file or folder, not \"" + name + "\"";
+    for (const std::string& entry : line.scanOptions.keep)
+        if (entry == "." || entry == "..")
+            return "--keep wants a name or a path, not \"" + entry + "\"";
     return {};
 }
 
@@ -105,12 +113,17 @@ The desktop companion and file cleaner. Without options it starts hidden behind 
     --dry-run            say what would be deleted, and delete, log and count nothing
     --json               one JSON object per deletion and a summary
     --folder DIR         sweep DIR instead of the watched folders (may be repeated)
+    --yes-this-folder    --folder may name a home, a system folder, a whole disk or the program's own folder
+    --keep NAME-OR-PATH  never delete entries of this name, or what stands there, with all that is in it; what is on
+                         the Keep List stays too (may be repeated)
     --nasty NAME         delete NAME and nothing else, instead of the names on the Nasty File List and what goes
                          with them (may be repeated)
-    --dot-underscore, --icon-files, --force, --confirm, --trash
-                         delete "._" files, delete icon files, delete read-only entries, ask before each deletion,
-                         move to the trash instead of deleting; each with "no-" before its name, too. Without them
-                         the stored options hold; with --nasty "._" and icon files stay
+    --dot-underscore, --icon-files, --spare-carriers, --force, --confirm, --trash
+                         delete "._" files, delete icon files, leave "._" files that carry something, delete read-only
+                         entries, ask before each deletion, move to the trash instead of deleting; each with "no-"
+                         before its name, too. Without them the stored options hold; with --nasty "._" and icon files
+                         stay
+  --starter-names        print names that systems leave behind: name, "safe" or "caution", and what goes with it
   --check-language FILE  say what is wrong with a language file (see "Language files" in the manual)
   --program-folder DIR   language files, pictures and the deletion log are in DIR
   --update-server URL    ask there for updates

@@ -14,9 +14,12 @@ struct ScanOptions {
     bool json = false;
     std::vector<std::string> folders; ///< instead of the Watched Folder List; empty: the list
     std::vector<std::string> nasty;   ///< instead of the Nasty File List and its rules; empty: the list
+    std::vector<std::string> keep;    ///< names and paths that stay, beside what is on the Keep List
+    bool yesThisFolder = false;       ///< `folders` may be ones that nobody sweeps by mistake
     // Instead of what is stored, or of the rules that go with the list; nullopt: no word about it.
     std::optional<bool> dotUnderscore;
     std::optional<bool> iconFiles;
+    std::optional<bool> spareCarriers;
     std::optional<bool> force;
     std::optional<bool> confirm;
     std::optional<bool> trash;
@@ -26,6 +29,7 @@ struct CommandLine {
     bool help = false;
     bool version = false;
     bool scan = false;
+    bool starterNames = false;
     ScanOptions scanOptions;
     std::string checkLanguage; ///< the language file to check; empty: none
     std::string programFolder; ///< empty: the usual one

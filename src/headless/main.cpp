@@ -1,12 +1,14 @@
 #include "headless/command_line.h"
 #include "headless/language_command.h"
 #include "headless/scan_command.h"
+#include "headless/starter_command.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/icu_regional.h"
 #include "posix/ini_settings_store.h"
 #include "posix/places.h"
 #include "posix/posix_file_system.h"
+#include "posix/posix_landmarks.h"
 #include "posix/standard_random.h"
 #include "posix/stop_signals.h"
 #include "posix/system_clock.h"
@@ -38,6 +40,9 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
     }
     for (std::string& folder : options.folders)
         folder = posix::absolutePath(folder);
+    for (std::string& entry : options.keep)
+        if (entry.find('/') != std::string::npos)
+            entry = posix::absolutePath(entry);
     posix::IniSettingsStore settings(places->settingsFile);
     posix::PosixFileSystem files;
     posix::DiskProgramFolder folder({places->installedFolder, places->ownFolder});
@@ -48,6 +53,7 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
     posix::StandardRandom random;
     random.seed(static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
     const posix::StopSignals signals;
+    const posix::PosixLandmarks landmarks(*places);
     const headless::Console console{std::cin,
                                     std::cout,
                                     std::cerr,
@@ -55,7 +61,7 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
                                     posix::isTerminal(STDERR_FILENO),
                                     [] { return posix::StopSignals::waitToRead(STDIN_FILENO); }};
     return headless::scanCommand(options,
-                                 {settings, files, folder, lock, regional, letters, clock, random,
+                                 {settings, files, landmarks, folder, lock, regional, letters, clock, random,
                                   settings.damaged(), &posix::StopSignals::caught},
                                  console, kInfo);
 }
@@ -67,6 +73,8 @@ ExitStatus run(const headless::CommandLine& line) {
     ExitStatus status = ExitStatus::Done;
     if (line.scan)
         status = scan(line.scanOptions, line.programFolder);
+    else if (line.starterNames)
+        headless::printStarterNames(std::cout);
     else if (!line.checkLanguage.empty())
         status = headless::checkLanguageCommand(line.checkLanguage, std::cout, std::cerr);
     else if (line.help)
@@ -97,6 +105,7 @@ int main(int argc, char** argv) {
         std::cerr << "brovin: " << line.problem << "\n" << headless::usage();
         return static_cast<int>(ExitStatus::BadUsage);
     }
-    const bool window = !line.scan && !line.help && !line.version && line.checkLanguage.empty();
+    const bool window =
+        !line.scan && !line.starterNames && !line.help && !line.version && line.checkLanguage.empty();
     return static_cast<int>(window ? becomeWindow(argv) : run(line));
 }

@@ -2,12 +2,14 @@
 
 #include "app/stored_controls.h"
 #include "cleaner/cleaner.h"
+#include "cleaner/folder_guard.h"
 #include "cleaner/preview_file_system.h"
 #include "companion/teller.h"
 #include "headless/scan_report.h"
 #include "headless/scan_settings.h"
 #include "language/language.h"
 #include "settings/settings.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <ostream>
@@ -50,6 +52,7 @@ public:
 private:
     bool chooseLanguage();
     bool useLanguage(const std::string& file);
+    bool refusesFolder();
     void restoreOptions();
     void applySwitches();
     void fillLists();
@@ -86,9 +89,9 @@ private:
          .speech = teller_.speech,
          .actor = teller_.actor,
          .program = program_,
-         .machine = {files_, machine_.folder, machine_.lock, dialogs_, shell_, clipboard_, pump_,
-                     machine_.clock, machine_.regional, machine_.letters}}};
-    ScanReport report_{options_, console_};
+         .machine = {files_, machine_.landmarks, machine_.folder, machine_.lock, dialogs_, shell_, clipboard_,
+                     pump_, machine_.clock, machine_.regional, machine_.letters}}};
+    ScanReport report_{options_, console_, language_.tables.messageTable};
     bool usable_ = true;    ///< the language file that was read last
     bool allStored_ = true; ///< the totals
 };
@@ -98,6 +101,8 @@ ExitStatus ScanProgram::run() {
         console_.err << "brovin: no usable language file in the program's folder\n";
         return ExitStatus::BadUsage;
     }
+    if (refusesFolder())
+        return ExitStatus::BadUsage;
     restoreOptions();
     applySwitches();
     fillLists();
@@ -109,6 +114,7 @@ ExitStatus ScanProgram::run() {
         console_.err << "brovin: the totals could not be saved in " << location << "\n";
         allStored_ = false;
     };
+    cleaner_.sweep.looksInto = options_.json;
     cleaner_.sweep.deletionTried = [this](const cleaner::Deletion& deletion) { report_.deletion(deletion); };
     cleaner_.sweep.folderFailed = [this](const std::string& path, const std::string& reason) {
         report_.folderFailed(path, reason);
@@ -145,6 +151,20 @@ bool ScanProgram::useLanguage(const std::string& file) {
     return entry && form_.lstLang.select(*entry) && usable_;
 }
 
+/// A script that has lost a variable names "/", or a home.
+bool ScanProgram::refusesFolder() {
+    if (options_.yesThisFolder)
+        return false;
+    for (const std::string& folder : options_.folders)
+        if (const auto risk = cleaner::riskText(cleaner::folderRisk(folder, machine_.landmarks))) {
+            console_.err << "brovin: " << text::displayText(folder) << ": "
+                         << language::MessageTable().getText(*risk)
+                         << " If that is what you want, add --yes-this-folder.\n";
+            return true;
+        }
+    return false;
+}
+
 void ScanProgram::restoreOptions() {
     // A value that its control refuses leaves it off.
     for (const auto rows : {app::storedControls(), app::storedRules()})
@@ -166,6 +186,7 @@ void ScanProgram::applySwitches() {
     const std::pair<ui::CheckBox*, std::optional<bool>> switches[] = {
         {&form_.chkDotDash, namesAlone ? options_.dotUnderscore.value_or(false) : options_.dotUnderscore},
         {&form_.chkIcon, namesAlone ? options_.iconFiles.value_or(false) : options_.iconFiles},
+        {&form_.chkSpare, options_.spareCarriers},
         {&form_.chkForce, options_.force},
         {&form_.chkConfirm, options_.confirm},
         {&form_.chkTrash, options_.trash},
@@ -182,6 +203,8 @@ void ScanProgram::applySwitches() {
 void ScanProgram::fillLists() {
     cleaner_.nastyFiles.load();
     cleaner_.keepList.load();
+    for (const std::string& entry : options_.keep)
+        cleaner_.keepList.addUnstored(entry);
     cleaner_.watchedFolders.load();
     if (!options_.folders.empty())
         cleaner_.watchedFolders.show(options_.folders);

@@ -5,6 +5,7 @@
 #include "headless/exit_status.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/landmarks.h"
 #include "platform/letters.h"
 #include "platform/program_folder.h"
 #include "platform/random.h"
@@ -21,6 +22,7 @@ namespace brovin::headless {
 struct ScanMachine {
     platform::SettingsStore& settings;
     platform::FileSystem& files;
+    const platform::Landmarks& landmarks;
     platform::ProgramFolder& folder;
     platform::ScanLock& lock;
     const platform::Regional& regional;

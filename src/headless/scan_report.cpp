@@ -1,6 +1,6 @@
 #include "headless/scan_report.h"
 
-#include "headless/json_text.h"
+#include "headless/deletion_json.h"
 #include "text/utf8.h"
 
 #include <ostream>
@@ -19,13 +19,7 @@ void ScanReport::deletion(const cleaner::Deletion& deletion) {
     kb_ += deletion.deleted ? deletion.kb : 0;
     clearProgress();
     if (options_.json) {
-        const bool folder = deletion.kind == platform::EntryKind::Folder;
-        console_.out << "{\"path\":" << jsonString(deletion.path()) << ",\"kind\":\""
-                     << (folder ? "folder" : "file") << "\",\"kb\":" << deletion.kb
-                     << ",\"deleted\":" << (deletion.deleted && !options_.dryRun ? "true" : "false");
-        if (!deletion.deleted)
-            console_.out << ",\"reason\":" << jsonString(deletion.reason);
-        console_.out << "}\n";
+        console_.out << deletionJson(deletion, options_.dryRun, messages_) << "\n";
         return;
     }
     const std::string path = text::displayText(deletion.path());
@@ -80,7 +74,12 @@ void ScanReport::summary(const cleaner::FolderSweep& sweep) {
                      << ",\"wouldDelete\":" << (options_.dryRun ? done : 0) << ",\"failed\":" << failed_
                      << ",\"kb\":" << kb_ << ",\"foldersSwept\":" << sweep.foldersOpened
                      << ",\"foldersFailed\":" << foldersFailed_
-                     << ",\"subfoldersNotVisited\":" << sweep.notVisited << "}}\n";
+                     << ",\"subfoldersNotVisited\":" << sweep.notVisited;
+        if (sweep.keeps())
+            console_.out << ",\"kept\":" << sweep.kept;
+        if (sweep.spares())
+            console_.out << ",\"spared\":" << sweep.spared;
+        console_.out << "}}\n";
         return;
     }
     console_.out << (options_.dryRun ? "Would delete " : "Deleted ") << done
@@ -88,6 +87,10 @@ void ScanReport::summary(const cleaner::FolderSweep& sweep) {
                  << (sweep.foldersOpened == 1 ? " folder.\n" : " folders.\n");
     if (failed_ > 0)
         console_.out << failed_ << " could not be deleted.\n";
+    if (sweep.keeps())
+        console_.out << sweep.kept << " kept, as the Keep List says.\n";
+    if (sweep.spared > 0)
+        console_.out << sweep.spared << " spared, because they carry something.\n";
     if (sweep.notVisited > 0)
         console_.out << sweep.notVisited << " subfolders were not visited: more than "
                      << cleaner::FolderSweep::kMostSubfolders << " in one folder.\n";

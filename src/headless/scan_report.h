@@ -3,6 +3,7 @@
 #include "cleaner/folder_sweep.h"
 #include "headless/command_line.h"
 #include "headless/console.h"
+#include "language/message_table.h"
 
 #include <chrono>
 #include <cstdint>
@@ -15,7 +16,8 @@ namespace brovin::headless {
 /// where it is.
 class ScanReport {
 public:
-    ScanReport(const ScanOptions& options, const Console& console) : options_(options), console_(console) {}
+    ScanReport(const ScanOptions& options, const Console& console, const language::MessageTable& messages)
+        : options_(options), console_(console), messages_(messages) {}
 
     void deletion(const cleaner::Deletion& deletion);
     void folderFailed(const std::string& path, const std::string& reason);
@@ -32,6 +34,7 @@ private:
 
     const ScanOptions& options_;
     Console console_;
+    const language::MessageTable& messages_;
     std::uint64_t tried_ = 0;
     std::uint64_t failed_ = 0;
     std::uint64_t foldersFailed_ = 0;

@@ -31,6 +31,17 @@ inline constexpr TextRow kTextRows[] = {
                        "is the right one, remove it from the list and add it again."},
     {"noTrash",
      "The disk of %1 has no trash, and none can be made there. What should have gone is still there."},
+    {"riskRoot", "This is the whole computer: every disk, every home and the system itself would be swept."},
+    {"riskHome", "This is your home: the settings of all your programs are in it and would be swept too."},
+    {"riskOthersHome", "This is the home of somebody else: what goes there is theirs."},
+    {"riskSystem", "This folder belongs to the system, or holds what does: programs can stop working when "
+                   "something goes from it."},
+    {"riskProgram",
+     "This folder is the program's own, or lies in one: it keeps its log and its language files there."},
+    {"riskDisk", "This is a whole disk: everything on it would be swept, whoever it belongs to."},
+    {"riskSure", "Shall it be watched all the same?\\n\\n%1"},
+    {"folderAnew", "Where %1 was when it was added, a folder of the same name stands on another disk, or on "
+                   "one that has been formatted or mounted anew. Is it the right one?"},
     {"logNotOpened", "The deletion log could not be opened:\\n\\n%1"},
     // The Keep List, and the preview of a scan
     {"logKept", "%1 kept by the Keep List"},

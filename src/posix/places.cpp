@@ -97,6 +97,10 @@ std::optional<Places> findPlaces(const std::string& programFolder) {
     return places;
 }
 
+std::string homeFolder() {
+    return home();
+}
+
 std::string homeTrashFolder() {
     const std::string data = baseFolder("XDG_DATA_HOME", "/.local/share");
     return data.empty() ? data : data + "/Trash";

@@ -22,6 +22,9 @@ struct Places {
 /// The user's trash on the disk of the home folder; empty: the environment names none.
 [[nodiscard]] std::string homeTrashFolder();
 
+/// The user's home; "": there is none.
+[[nodiscard]] std::string homeFolder();
+
 /// What the user starts, "brovin", whichever of its executables runs.
 [[nodiscard]] std::string programFile();
 

@@ -35,8 +35,8 @@ struct CharacterWorld : FakeMachine {
         return characters.only.requests;
     }
     void startUp() { EXPECT_TRUE(program.Form_Load()); }
-    Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, logOn, instance,
-                     scanLock, regional, letters, clock, random, pump},
+    Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
+                     instance, scanLock, regional, letters, clock, random, pump},
                     {"Brovin", 2, 7, 106},
                     "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();

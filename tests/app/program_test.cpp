@@ -20,8 +20,9 @@ using std::chrono::minutes;
 /// The whole program on a machine in memory.
 struct ProgramWorld : FakeMachine, fakes::FakeUpdates {
     explicit ProgramWorld(bool asksForUpdates = true)
-        : program({settings, files, folder, dialogs, shell, tray, clipboard, characters, logOn, instance,
-                   scanLock, regional, letters, clock, random, pump, asksForUpdates ? &machine : nullptr},
+        : program({settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
+                   instance, scanLock, regional, letters, clock, random, pump,
+                   asksForUpdates ? &machine : nullptr},
                   {"Brovin", 2, 7, 106}, "/opt/brovin") {
         folder.files["default.blp"] = fakes::testLanguage();
         clock.time = std::chrono::local_days(std::chrono::year(2026) / 11 / 21) + hours(10) + minutes(5);

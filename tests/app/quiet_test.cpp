@@ -53,8 +53,8 @@ struct QuietWorld : fakes::FakeMachine {
     }
 
     ToldSurroundings around;
-    Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, logOn, instance,
-                     scanLock, regional, letters, clock, random, pump, nullptr, &around},
+    Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
+                     instance, scanLock, regional, letters, clock, random, pump, nullptr, &around},
                     {"Brovin", 1, 0, 0},
                     "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();

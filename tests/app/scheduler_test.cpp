@@ -35,8 +35,8 @@ struct SchedulerWorld : FakeMachine {
         clock.time = at(iso);
         form.Timer1.tick();
     }
-    Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, logOn, instance,
-                     scanLock, regional, letters, clock, random, pump},
+    Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
+                     instance, scanLock, regional, letters, clock, random, pump},
                     {"Brovin", 1, 0, 0},
                     "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();

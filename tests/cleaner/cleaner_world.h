@@ -42,14 +42,14 @@ struct CleanerWorld : fakes::FakeMachine {
     companion::Actor& actor = teller.actor;
     settings::ProgramInfo info{"Brovin", 2, 7, 106};
     ui::TrayTip tip{tray};
-    Cleaner cleaner{
-        {.pages = {form, form, form, form, form, form},
-         .tip = tip,
-         .settings = options,
-         .speech = teller.speech,
-         .actor = actor,
-         .program = info,
-         .machine = {files, folder, scanLock, dialogs, shell, clipboard, pump, clock, regional, letters}}};
+    Cleaner cleaner{{.pages = {form, form, form, form, form, form},
+                     .tip = tip,
+                     .settings = options,
+                     .speech = teller.speech,
+                     .actor = actor,
+                     .program = info,
+                     .machine = {files, landmarks, folder, scanLock, dialogs, shell, clipboard, pump, clock,
+                                 regional, letters}}};
     Preview preview{{form, form, form, cleaner.scan, teller.speech, cleaner.scanRun, cleaner.watchedFolders,
                      files, dialogs, pump, regional, letters}};
     ScanState& scan = cleaner.scan;

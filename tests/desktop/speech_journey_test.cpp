@@ -31,8 +31,8 @@ struct PageWorld : fakes::FakeMachine {
         journey.then(
             "the window", [this] { return window.isActiveWindow(); }, std::move(then));
     }
-    app::Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, logOn,
-                          instance, scanLock, regional, letters, clock, random, pump},
+    app::Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters,
+                          logOn, instance, scanLock, regional, letters, clock, random, pump},
                          {"Brovin", 1, 2, 3},
                          "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();

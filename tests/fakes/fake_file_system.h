@@ -46,6 +46,7 @@ public:
         friend bool operator==(const Asked&, const Asked&) = default;
     };
 
+    std::uint64_t device = 1; ///< the number that this disk has
     std::vector<Asked> asked; ///< every call in order, whether it failed or not
     bool hasTrash = true;
     std::vector<std::string> deleted; ///< what deleteFile and deleteFolder took away, in order
@@ -149,7 +150,7 @@ private:
             const Item* folder = disk_.find(path_);
             if (folder == nullptr)
                 return failure(ENOENT);
-            return platform::FolderIdentity{1, folder->inode, path_};
+            return platform::FolderIdentity{disk_.device, folder->inode, path_};
         }
 
         platform::Result<std::span<const platform::Entry>> list() override {
@@ -195,7 +196,8 @@ private:
             const auto item = ask(FileOperation::Facts, trueName, std::nullopt);
             if (!item)
                 return item.failure();
-            return platform::EntryFacts{(*item)->kind, (*item)->bytes, (*item)->modified, 1, (*item)->inode};
+            return platform::EntryFacts{(*item)->kind, (*item)->bytes, (*item)->modified, disk_.device,
+                                        (*item)->inode};
         }
 
         platform::Result<std::size_t> head(std::string_view trueName,

@@ -9,6 +9,7 @@
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
+#include "platform/landmarks.h"
 #include "platform/log_on_entry.h"
 #include "platform/notification_area.h"
 #include "platform/random.h"
@@ -157,10 +158,21 @@ public:
     bool remove() override { return !refuses && !std::exchange(program, {}).empty(); }
 };
 
+/// Homes, a system folder and a disk; no links.
+struct FakeLandmarks final : platform::Landmarks {
+    [[nodiscard]] std::string realPath(const std::string& path) const override { return path; }
+    [[nodiscard]] std::string home() const override { return "/home/jo"; }
+    [[nodiscard]] std::vector<std::string> otherHomes() const override { return {"/root", "/home/al"}; }
+    [[nodiscard]] std::vector<std::string> systemFolders() const override { return {"/usr", "/var/lib"}; }
+    [[nodiscard]] std::vector<std::string> programFolders() const override { return {"/home/jo/.data/b"}; }
+    [[nodiscard]] bool isDisk(const std::string& path) const override { return path == "/mnt/stick"; }
+};
+
 /// A whole machine in memory.
 struct FakeMachine {
     FakeSettingsStore settings;
     FakeFileSystem files;
+    FakeLandmarks landmarks;
     FakeProgramFolder folder;
     FakeDialogs dialogs;
     FakeShell shell;

@@ -30,9 +30,10 @@ struct World : fakes::FakeMachine {
     }
 
     ExitStatus scan() {
-        return scanCommand(options,
-                           {settings, files, folder, scanLock, regional, letters, clock, random, damaged},
-                           {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
+        return scanCommand(
+            options,
+            {settings, files, landmarks, folder, scanLock, regional, letters, clock, random, damaged},
+            {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
     }
 
     ScanOptions options;
@@ -80,14 +81,66 @@ TEST(ScanCommand, tellsTheTruthAboutAFailedDeletion) {
     world.options.json = true;
     world.files.failing.insert({fakes::FileOperation::DeleteFile, "/Share/Thumbs.DB"});
     EXPECT_EQ(ExitStatus::SomeFailed, world.scan());
-    EXPECT_EQ("{\"path\":\"/Share/Thumbs.DB\",\"kind\":\"file\",\"kb\":5,\"deleted\":false,"
-              "\"reason\":\"Permission denied\"}\n"
-              "{\"path\":\"/Share/Old/__MACOSX\",\"kind\":\"folder\",\"kb\":20,\"deleted\":true}\n"
-              "{\"summary\":{\"dryRun\":false,\"deleted\":1,\"wouldDelete\":0,\"failed\":1,\"kb\":20,"
-              "\"foldersSwept\":2,\"foldersFailed\":0,\"subfoldersNotVisited\":0}}\n",
-              world.out.str());
+    EXPECT_EQ(
+        "{\"path\":\"/Share/Thumbs.DB\",\"kind\":\"file\",\"why\":\"name\",\"kb\":5,\"deleted\":false,"
+        "\"reason\":\"Permission denied\",\"known\":\"safe\",\"lost\":\"Windows made it: small pictures of "
+        "the files "
+        "beside it. Safe to delete; they are drawn again when needed.\"}\n"
+        "{\"path\":\"/Share/Old/__MACOSX\",\"kind\":\"folder\",\"why\":\"name\",\"kb\":20,\"deleted\":true,"
+        "\"known\":\"caution\",\"lost\":\"Unpacked from a Mac's archive: what its files carried beside their "
+        "contents. Mostly nothing, sometimes an old font.\"}\n"
+        "{\"summary\":{\"dryRun\":false,\"deleted\":1,\"wouldDelete\":0,\"failed\":1,\"kb\":20,"
+        "\"foldersSwept\":2,\"foldersFailed\":0,\"subfoldersNotVisited\":0}}\n",
+        world.out.str());
     EXPECT_EQ("2", world.settings.setting("TotalNuked"))
         << "the totals count the try, as they do in the window";
+}
+
+TEST(ScanCommand, tellsWhatIsKeptAndSparedAndWhatIsLost) {
+    World world;
+    world.options.json = true;
+    world.options.spareCarriers = world.options.dotUnderscore = true;
+    world.options.nasty = {"thumbs.db", "__macosx"};
+    world.options.keep = {"JUNK"};
+    std::string forked("\0\5\x16\7\0\2\0\0", 8); // an AppleDouble with a resource fork of 9 bytes
+    forked.append(16, '\0').append("\0\1\0\0\0\2\0\0\0\x26\0\0\0\x09", 14).append(9, 'x');
+    std::string empty = forked.substr(0, 24).append(2, '\0');
+    for (const auto& [name, content] : {std::pair("/Share/._forked", forked), {"/Share/._empty", empty}}) {
+        world.files.addFile(name);
+        world.files.setContent(name, content);
+    }
+    EXPECT_EQ(ExitStatus::Done, world.scan());
+    EXPECT_EQ((Paths{"/Share/Thumbs.DB", "/Share/._empty"}), world.files.deleted)
+        << "a folder is kept that holds what is kept";
+    EXPECT_NE(
+        std::string::npos,
+        world.out.str().find("\"appledouble\":{\"nothingLost\":true,\"resourceFork\":0,"
+                             "\"finderInfo\":false,\"otherParts\":0,\"damaged\":false,\"attributes\":[]}"));
+    EXPECT_NE(std::string::npos, world.out.str().find(",\"kept\":1,\"spared\":1}}"));
+    EXPECT_FALSE(world.settings.values.contains({"keeplist.txt", "Number"}));
+
+    World dry;
+    dry.options = world.options;
+    dry.options.dryRun = true;
+    dry.options.keep.clear();
+    dry.options.spareCarriers = false;
+    dry.files.addFile("/Share/._forked");
+    dry.files.setContent("/Share/._forked", forked);
+    EXPECT_EQ(ExitStatus::Done, dry.scan());
+    EXPECT_NE(std::string::npos, dry.out.str().find("\"nothingLost\":false,\"resourceFork\":9"));
+}
+
+TEST(ScanCommand, sweepsNoHomeByMistake) {
+    for (const char* folder : {"/", "/home/jo", "/home", "/mnt/stick"}) {
+        World world;
+        world.options.folders = {folder};
+        world.files.addFolder(folder);
+        EXPECT_EQ(ExitStatus::BadUsage, world.scan()) << folder;
+        EXPECT_NE(std::string::npos, world.err.str().find("--yes-this-folder"));
+        EXPECT_TRUE(world.files.asked.empty());
+        world.options.yesThisFolder = true;
+        EXPECT_EQ(ExitStatus::Done, world.scan()) << folder;
+    }
 }
 
 TEST(ScanCommand, asksOnlyWhereSomebodyCanAnswer) {

@@ -32,9 +32,9 @@ struct PackWorld : fakes::FakeMachine, fakes::FakeUpdates {
         dialogs.answers = {Button::Yes};
     }
     void check() {
-        program.emplace(app::Machine{settings, files, folder, dialogs, shell, tray, clipboard, characters,
-                                     logOn, instance, scanLock, regional, letters, clock, random, pump,
-                                     &machine},
+        program.emplace(app::Machine{settings, files, landmarks, folder, dialogs, shell, tray, clipboard,
+                                     characters, logOn, instance, scanLock, regional, letters, clock, random,
+                                     pump, &machine},
                         settings::ProgramInfo{"Brovin", 1, 0, 0}, "/opt/brovin");
         program->Form_Load();
         program->frmOptions().cmdUpdate.click();

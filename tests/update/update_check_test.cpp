@@ -43,8 +43,8 @@ struct CheckWorld : FakeMachine, FakeUpdates {
     }
     [[nodiscard]] const fakes::FakeDialogs::Box& lastBox() const { return dialogs.boxes.back(); }
 
-    app::Program program{{settings, files, folder, dialogs, shell, tray, clipboard, characters, logOn,
-                          instance, scanLock, regional, letters, clock, random, pump, &machine},
+    app::Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters,
+                          logOn, instance, scanLock, regional, letters, clock, random, pump, &machine},
                          {"Brovin", 2, 7, 106},
                          "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();
