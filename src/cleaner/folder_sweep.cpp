@@ -5,6 +5,7 @@
 
 #include <limits>
 #include <optional>
+#include <system_error>
 
 namespace brovin::cleaner {
 namespace {
@@ -319,6 +320,11 @@ bool FolderSweep::confirmed(const platform::Entry& entry) {
 }
 
 Status FolderSweep::remove(const platform::Entry& entry, EntryKind kind) {
+    // Every disk refuses that. Said here, it is so where nothing is really deleted, too.
+    if (kind == EntryKind::File && entry.kind == EntryKind::Folder) {
+        const std::error_code refused = std::make_error_code(std::errc::is_a_directory);
+        return Failure{refused.value(), refused.message()};
+    }
     const Force force = needs_.scanningPage.chkForce.checked() ? Force::Yes : Force::No;
     if (!needs_.scanningPage.chkTrash.checked())
         return kind == EntryKind::Folder ? walk_->deleteFolder(entry.trueName, force)

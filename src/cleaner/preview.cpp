@@ -21,6 +21,8 @@ Preview::Preview(const Needs& needs)
     };
     sweep_.folderFailed = [this](const std::string&, const std::string&) { ++foldersFailed_; };
     sweep_.deletionTried = [this](const Deletion& deletion) {
+        if (!deletion.deleted)
+            return; // a scan would try it in vain
         full_ = rows.size() == kMostRows;
         if (full_)
             sweep_.cancel();
