@@ -20,7 +20,7 @@ packages_bench=(
     bfs curl fd-find findutils fuse3 libbenchmark-dev libfuse3-dev linux-perf
 )
 packages_test=(
-    appstream at-spi2-core dbus-daemon desktop-file-utils groff-base man-db
+    appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db
     clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev openssl
     libxml2-utils
@@ -29,5 +29,5 @@ packages_test=(
 )
 # What makes packages of it, and judges them.
 packages_package=(
-    appstream debhelper desktop-file-utils dpkg-dev fakeroot librsvg2-bin lintian man-db reuse systemd
+    appstream debhelper debootstrap desktop-file-utils dpkg-dev fakeroot librsvg2-bin lintian man-db reuse systemd
 )

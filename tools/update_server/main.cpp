@@ -1,5 +1,6 @@
 #include "server.h"
 #include "signing.h"
+#include "static_answers.h"
 
 #include "language/language_catalogue.h"
 #include "text/date_text.h"
@@ -24,6 +25,8 @@ constexpr std::string_view kUsage = R"(The maker's side of the updates.
 
   brovin_update_server serve --folder DIR [--address 127.0.0.1] [--port 8080] [--public-url URL]
       answers the programs that ask for updates; port 0 takes a free one and tells it
+  brovin_update_server publish --folder DIR --public-url URL --to TARGET
+      writes all answers as files, with an nginx.conf that hands them out, into a folder that is not there yet
   brovin_update_server keys --secret FILE
       makes a pair of keys; the secret one goes into FILE, the public one is printed for BROVIN_UPDATE_KEY
   brovin_update_server sign --secret FILE [--version VERSION] DOCUMENT
@@ -68,6 +71,13 @@ int serve(const Arguments& arguments) {
         return complain("the port cannot be used");
     std::cout << "listening on http://" << address << ":" << port << std::endl;
     return server.listen() ? 0 : complain("the server has stopped");
+}
+
+int publish(const Arguments& arguments) {
+    return update_server::publish(arguments.get("folder"), arguments.get("public-url"), arguments.get("to"))
+               ? 0
+               : complain(
+                     "publish wants --folder, --public-url, and a folder for --to that is not there yet");
 }
 
 int makeKeys(const Arguments& arguments) {
@@ -119,6 +129,8 @@ int main(int argc, char** argv) {
     const Arguments arguments = parse({words.begin() + (words.empty() ? 0 : 1), words.end()});
     if (command == "serve")
         return serve(arguments);
+    if (command == "publish")
+        return publish(arguments);
     if (command == "keys")
         return makeKeys(arguments);
     if (command == "sign")

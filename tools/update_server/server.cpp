@@ -62,6 +62,7 @@ void Server::answer(const httplib::Request& request, httplib::Response& response
     else if (who == "lang")
         text = offers_.pack(request.get_param_value("mylang"), request.get_param_value("myver"),
                             baseUrl(request));
+    response.set_header("Cache-Control", "public, max-age=3600"); // a cache in front may answer for an hour
     response.set_content(text, "text/plain; charset=utf-8");
 }
 
