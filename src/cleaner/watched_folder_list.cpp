@@ -3,6 +3,7 @@
 #include "cleaner/folder_guard.h"
 #include "cleaner/folder_identity.h"
 #include "cleaner/shown_path.h"
+#include "cleaner/unshown_folders.h"
 
 namespace brovin::cleaner {
 namespace {
@@ -98,8 +99,10 @@ bool WatchedFolderList::wanted(const std::string& path) const {
 void WatchedFolderList::cmdAddFolder_Click() {
     if (needs_.scan.busy())
         return;
+    const auto& messages = needs_.speech.messages;
     const std::string path =
-        needs_.dialogs.browseForFolder(needs_.speech.messages.getMessage(Message::ChooseFolder));
+        throughUnshownFolders(needs_.dialogs.browseForFolder(messages.getMessage(Message::ChooseFolder)),
+                              needs_.files, needs_.dialogs, messages);
     if (!path.empty() && paths_.size() < kMostEntries && wanted(path)) {
         const auto found = identityOf(path);
         const std::string identity = found ? identityText(*found) : std::string();

@@ -37,6 +37,10 @@ public:
         return std::nullopt;
     }
     std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
+    std::optional<std::size_t> choose(const std::string& /*prompt*/,
+                                      const std::vector<std::string>& /*lines*/) override {
+        return std::nullopt;
+    }
 
     /// How many questions nobody was there to answer.
     [[nodiscard]] std::uint64_t unanswered() const { return unanswered_; }
@@ -63,6 +67,10 @@ public:
         return std::nullopt;
     }
     std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
+    std::optional<std::size_t> choose(const std::string& /*prompt*/,
+                                      const std::vector<std::string>& /*lines*/) override {
+        return std::nullopt;
+    }
 };
 
 class NoShell final : public platform::Shell {

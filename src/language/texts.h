@@ -29,6 +29,8 @@ inline constexpr TextRow kTextRows[] = {
     {"anotherFolder", "Another folder stands in its place"},
     {"folderReplaced", "Where %1 was when it was added, another folder stands now. It was left alone. If it "
                        "is the right one, remove it from the list and add it again."},
+    {"unshownFolders", "The folder picker cannot show every folder in here, since some have names in an old "
+                       "encoding. Which one do you want?"},
     {"noTrash",
      "The disk of %1 has no trash, and none can be made there. What should have gone is still there."},
     {"riskRoot", "This is the whole computer: every disk, every home and the system itself would be swept."},

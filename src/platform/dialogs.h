@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace brovin::platform {
 
@@ -43,6 +45,10 @@ public:
 
     /// Lets the user choose a folder: its full path as the disk spells it, or empty when it is cancelled.
     virtual std::string browseForFolder(const std::string& prompt) = 0;
+
+    /// Lets the user choose one of these lines, by its index; nullopt when it is cancelled.
+    virtual std::optional<std::size_t> choose(const std::string& prompt,
+                                              const std::vector<std::string>& lines) = 0;
 };
 
 } // namespace brovin::platform

@@ -26,6 +26,33 @@ TEST(AddFolder, showsItAsItIsAndInLowerCaseFromTheNextLoadOn) {
     EXPECT_EQ("/Share/Photos", world.watchedFolders.truePath(0));
 }
 
+TEST(AddFolder, leadsOnToFoldersThatNoPickerShows) {
+    CleanerWorld world;
+    for (const char* folder : {"/Share/plain", "/Share/caf\xE9/Sub", "/Share/caf\xE9/\xFF"})
+        world.files.addFolder(folder);
+    using Lines = std::vector<Texts>;
+    const std::tuple<std::deque<std::size_t>, std::string, Lines, std::string_view> cases[] = {
+        {{}, "", {{"/Share", "caf\uFFFD"}}, "cancelled"},
+        {{0}, "/Share", {{"/Share", "caf\uFFFD"}}, "the picked one itself"},
+        {{1, 1},
+         "/Share/caf\xE9/Sub",
+         {{"/Share", "caf\uFFFD"}, {"/Share/caf\uFFFD", "Sub", "\uFFFD"}},
+         "a plain name where no picker comes"},
+    };
+    for (const auto& [choices, added, offered, why] : cases) {
+        world.watchedFolders.show({});
+        world.dialogs.folders = {"/Share"};
+        world.dialogs.choices = choices;
+        world.dialogs.offered.clear();
+        world.watchedFolders.cmdAddFolder_Click();
+        EXPECT_EQ(added.empty() ? 0 : 1, world.form.lstFolders.count()) << why;
+        EXPECT_EQ(offered, world.dialogs.offered) << why;
+        if (!added.empty()) {
+            EXPECT_EQ(added, world.watchedFolders.truePath(0)) << why;
+        }
+    }
+}
+
 TEST(RemoveFolder, leavesTheOthersTheirTrueSpelling) {
     CleanerWorld world;
     world.watchedFolders.show({"/A", "/B", "/C"});

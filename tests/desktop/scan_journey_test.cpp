@@ -11,6 +11,9 @@
 #include <QListWidget>
 #include <QMessageBox>
 
+#include <filesystem>
+#include <fstream>
+
 namespace brovin::tests {
 namespace {
 
@@ -110,6 +113,34 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
     EXPECT_EQ("Items deleted: 3 (13 KB)", lines[5]);
     EXPECT_TRUE(lines[6].startsWith("Scan finished at "));
     EXPECT_EQ(QByteArray(48, '-'), lines[7]) << "the second run";
+}
+
+TEST(ScanJourney, reachesAFolderThatNoPickerShows) {
+    DesktopWorld world;
+    world.makeFile("Share/plain/Thumbs.db");
+    const std::string odd = world.path("Share").toStdString() + "/caf\xE9";
+    std::filesystem::create_directories(odd);
+    std::ofstream(odd + "/Thumbs.db") << "x";
+    world.start();
+    world.form().lstFiles.setItems({{"thumbs.db", 0}});
+    world.form().mPopRestore.click();
+
+    Journey journey;
+    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
+    journey.then(
+        "the list of folders", [] { return shownAndReady(openDialog<QInputDialog>()); },
+        [] {
+            Journey::takePicture("unshown-folders");
+            pressKeys({"Down", "Return"});
+        });
+    journey.then(
+        "the folder in the list", [&world] { return world.form().lstFolders.count() == 1; },
+        [&world] { click(world.widget("cmdNuke")); });
+    closeMessage(journey, "unshown-folders-result", [](const QString& /*text*/) {});
+    journey.run();
+    EXPECT_FALSE(std::filesystem::exists(odd + "/Thumbs.db"));
+    EXPECT_TRUE(std::filesystem::remove(odd)) << "the toolkit cannot tidy it up either";
+    EXPECT_TRUE(world.exists("Share/plain/Thumbs.db"));
 }
 
 TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {

@@ -30,6 +30,8 @@ public:
     std::deque<platform::Button> answers;
     std::deque<std::optional<std::string>> typed;
     std::deque<std::string> folders;
+    std::vector<std::vector<std::string>> offered; ///< the lines of each choice
+    std::deque<std::size_t> choices;
     long language = 0;
     std::function<void(const Box&)> onBox; ///< what happens while a box is open
 
@@ -54,6 +56,11 @@ public:
     std::string browseForFolder(const std::string& prompt) override {
         prompts.push_back(prompt);
         return next(folders).value_or("");
+    }
+    std::optional<std::size_t> choose(const std::string& /*prompt*/,
+                                      const std::vector<std::string>& lines) override {
+        offered.push_back(lines);
+        return next(choices);
     }
 
 private:

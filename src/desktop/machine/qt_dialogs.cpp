@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QListView>
 #include <QMessageBox>
 #include <QScreen>
 
@@ -135,6 +136,27 @@ std::string QtDialogs::browseForFolder(const std::string& prompt) {
     const QString folder =
         QFileDialog::getExistingDirectory(visibleOwner(), qtLines(prompt), QDir::homePath());
     return QFile::encodeName(folder).toStdString();
+}
+
+std::optional<std::size_t> QtDialogs::choose(const std::string& prompt,
+                                             const std::vector<std::string>& lines) {
+    const Opening opening(open_);
+    QInputDialog choice(visibleOwner());
+    choice.setWindowTitle(titleOf({}));
+    choice.setLabelText(qtLines(prompt));
+    choice.setOption(QInputDialog::UseListViewForComboBoxItems);
+    QStringList items;
+    for (const std::string& line : lines)
+        items.append(qt(line));
+    choice.setComboBoxItems(items);
+    choice.setTextValue(items.value(0));
+    if (choice.exec() != QDialog::Accepted)
+        return std::nullopt;
+    // By the row, since two lines may look the same.
+    const auto* const list = choice.findChild<QListView*>();
+    if (list == nullptr || !list->currentIndex().isValid())
+        return std::nullopt;
+    return static_cast<std::size_t>(list->currentIndex().row());
 }
 
 } // namespace brovin::desktop

@@ -27,6 +27,8 @@ public:
     std::optional<std::string> inputBox(const std::string& prompt, const std::string& title,
                                         const std::string& text) override;
     std::string browseForFolder(const std::string& prompt) override;
+    std::optional<std::size_t> choose(const std::string& prompt,
+                                      const std::vector<std::string>& lines) override;
 
 private:
     [[nodiscard]] QWidget* visibleOwner() const;
