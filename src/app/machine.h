@@ -3,6 +3,7 @@
 #include "platform/character_service.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
+#include "platform/deletion_history.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
 #include "platform/file_system.h"
@@ -43,6 +44,7 @@ struct Machine {
     platform::EventPump& pump;
     const update::Machine* updates = nullptr;       ///< null: this build or machine never asks for any
     platform::Surroundings* surroundings = nullptr; ///< null: nothing is known of them
+    platform::DeletionHistory* history = nullptr;   ///< null: none is kept
 };
 
 } // namespace brovin::app

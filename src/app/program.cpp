@@ -47,15 +47,16 @@ struct Program::Rooms {
                                     machine.regional,
                                     machine.letters,
                                     machine.random}};
-    cleaner::Cleaner cleaner{{.pages = {form, form, form, form, form, form},
-                              .tip = tip,
-                              .settings = settings,
-                              .speech = teller.speech,
-                              .actor = teller.actor,
-                              .program = info,
-                              .machine = {machine.files, machine.landmarks, machine.folder, machine.scanLock,
-                                          machine.dialogs, machine.shell, machine.clipboard, machine.pump,
-                                          machine.clock, machine.regional, machine.letters}}};
+    cleaner::Cleaner cleaner{
+        {.pages = {form, form, form, form, form, form},
+         .tip = tip,
+         .settings = settings,
+         .speech = teller.speech,
+         .actor = teller.actor,
+         .program = info,
+         .machine = {machine.files, machine.landmarks, machine.folder, machine.scanLock, machine.dialogs,
+                     machine.shell, machine.clipboard, machine.pump, machine.clock, machine.regional,
+                     machine.letters, machine.history}}};
     ui::FrmPreview frmPreview;
     cleaner::Preview preview{{form, form, form, cleaner.scan, teller.speech, cleaner.scanRun,
                               cleaner.watchedFolders, machine.files, machine.dialogs, machine.pump,

@@ -64,7 +64,8 @@ Cleaner::Cleaner(const Needs& needs)
                .tip = needs.tip,
                .shell = needs.machine.shell,
                .clock = needs.machine.clock,
-               .regional = needs.machine.regional}) {
+               .regional = needs.machine.regional,
+               .history = needs.machine.history}) {
     needs.pages.frame.cmdStopScan.click = [this] { scanRun.cmdStopScan_Click(); };
     tie(needs.pages.folders);
     tie(needs.pages.nasty);

@@ -28,6 +28,7 @@ public:
         const platform::Clock& clock;
         const platform::Regional& regional;
         const platform::Letters& letters;
+        platform::DeletionHistory* history = nullptr; ///< null: none is kept
     };
     /// What of the form.
     struct Pages {

@@ -57,6 +57,7 @@ void FolderSweep::beginRun(platform::LineWriter* log, Choice* choice) {
     gone = 0;
     strangers.clear();
     trashless.clear();
+    shares.clear();
     cancelled_ = false;
     names_ = NameSet(needs_.nastyPage.lstFiles.items());
     keeps_ = KeepRules(needs_.nastyPage.lstKeep.items(), needs_.files, needs_.letters);
@@ -72,6 +73,7 @@ void FolderSweep::sweepFolder(const std::string& shownPath, const std::string& t
     entryName_.clear();
     if (choice_ != nullptr && !choice_->begin(truePath))
         return;
+    shares.enter(shownPath);
     showFolder("");
     auto walk = needs_.files.open(truePath);
     if (!walk) {
@@ -319,6 +321,13 @@ bool FolderSweep::confirmed(const platform::Entry& entry) {
            platform::Button::Yes;
 }
 
+/// What an entry is deleted for: its own name where that is on the list, else the rule.
+std::string_view FolderSweep::causeOf(const platform::Entry& entry) const {
+    if (names_.contains(entry.name))
+        return entry.name;
+    return entry.name.starts_with("._") ? "._*" : "icon?";
+}
+
 Status FolderSweep::remove(const platform::Entry& entry, EntryKind kind) {
     // Every disk refuses that. Said here, it is so where nothing is really deleted, too.
     if (kind == EntryKind::File && entry.kind == EntryKind::Folder) {
@@ -344,8 +353,10 @@ Status FolderSweep::tryDeletion(const platform::Entry& entry, EntryKind kind, st
     if (looksInto && !carried_)
         static_cast<void>(carriesSomething(entry));
     Status outcome = remove(entry, kind);
-    if (outcome)
+    if (outcome) {
         ++gone;
+        shares.add(causeOf(entry), kb);
+    }
     if (choice_ != nullptr)
         choice_->tried(static_cast<bool>(outcome));
     if (!deletionTried)

@@ -4,6 +4,7 @@
 #include "cleaner/choice.h"
 #include "cleaner/delete_rules.h"
 #include "cleaner/keep_rules.h"
+#include "cleaner/run_shares.h"
 #include "companion/speech.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
@@ -84,6 +85,7 @@ public:
     std::uint64_t entriesSeen = 0;      ///< entries looked at in this run
     std::uint64_t gone = 0;             ///< entries really deleted in this run, however many
     std::vector<std::string> strangers; ///< folders of this run that are not those that were added
+    RunShares shares;                   ///< what this run has really deleted, for the score
     std::vector<std::string> trashless; ///< shown folders of this run in which something found no trash
 
     /// Sets the counts to nothing and takes over the names of `lstFiles` for the run. Deletions are logged
@@ -137,6 +139,7 @@ private:
     void ascend();
 
     bool confirmed(const platform::Entry& entry);
+    [[nodiscard]] std::string_view causeOf(const platform::Entry& entry) const;
     platform::Status remove(const platform::Entry& entry, platform::EntryKind kind);
     platform::Result<platform::EntryFacts> look(const platform::Entry& entry);
     platform::Status tryDeletion(const platform::Entry& entry, platform::EntryKind kind, std::int32_t kb);

@@ -76,6 +76,7 @@ void ScanRun::scanFolders(Choice* choice) {
         needs_.statistics.showLastScanned();
         needs_.tip.show(needs_.frame.sbStatus.panel());
     }
+    addToHistory(needs_.clock.now());
     needs_.statistics.updateStatistics();
 }
 
@@ -152,6 +153,19 @@ void ScanRun::storeTotals() {
     needs_.settings.write(setting::kKb, added(needs_.settings.read(setting::kKb), needs_.sweep.scanKB));
 }
 
+void ScanRun::addToHistory(platform::DateTime now) {
+    historyTrouble_.clear();
+    const std::vector<platform::DeletedShare> shares = needs_.sweep.shares.take();
+    if (needs_.history == nullptr || shares.empty())
+        return;
+    const auto& messages = needs_.speech.messages;
+    const platform::Status added = needs_.history->append(now, shares);
+    if (const std::string aside = needs_.history->takeDamaged(); !aside.empty())
+        historyTrouble_ = messages.getText("scoreDamaged", {aside});
+    if (!added)
+        historyTrouble_ = messages.getText("scoreNotKept", {added.failure().reason});
+}
+
 std::string ScanRun::timedMessage(Message message) const {
     const platform::DateTime now = needs_.clock.now();
     return needs_.speech.messages.getMessage(message,
@@ -221,6 +235,8 @@ void ScanRun::tellOfStrangers() {
     for (const std::string& path : needs_.sweep.trashless)
         needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("noTrash", {shownPath(path, "")}),
                                             box::kExclamation, "", ForceBox::No);
+    if (!historyTrouble_.empty())
+        needs_.speech.announcer.agentMsgBox(historyTrouble_, box::kExclamation, "", ForceBox::No);
 }
 
 } // namespace brovin::cleaner

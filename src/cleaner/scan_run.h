@@ -7,6 +7,7 @@
 #include "companion/actor.h"
 #include "companion/speech.h"
 #include "platform/clock.h"
+#include "platform/deletion_history.h"
 #include "platform/program_folder.h"
 #include "platform/regional.h"
 #include "platform/scan_lock.h"
@@ -55,6 +56,7 @@ public:
         platform::Shell& shell;
         const platform::Clock& clock;
         const platform::Regional& regional;
+        platform::DeletionHistory* history = nullptr; ///< null: none is kept
     };
     explicit ScanRun(const Needs& needs);
 
@@ -72,6 +74,8 @@ public:
     /// Tells of each folder that the last run left alone because another one stands in its place, and of
     /// each where something could not go for want of a trash.
     void tellOfStrangers();
+    /// What was wrong with the history when the last run added to it; "": nothing.
+    [[nodiscard]] const std::string& historyTrouble() const { return historyTrouble_; }
 
 private:
     void showStatus(const std::string& text);
@@ -83,10 +87,12 @@ private:
     void sweepAll();
     void writeSummary(platform::LineWriter& log);
     void storeTotals();
+    void addToHistory(platform::DateTime now);
     void report();
     [[nodiscard]] std::string timedMessage(language::Message message) const;
 
     Needs needs_;
+    std::string historyTrouble_;
     std::chrono::milliseconds shownAt_{};                    ///< when the progress was shown last
     std::optional<std::chrono::milliseconds> buttonEndedAt_; ///< when the button's last run was over
 };

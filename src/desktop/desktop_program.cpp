@@ -1,6 +1,7 @@
 #include "desktop/desktop_program.h"
 
 #include "app/program.h"
+#include "cleaner/deletion_log.h"
 #include "desktop/character/desktop_character_service.h"
 #include "desktop/machine/autostart_entry.h"
 #include "desktop/machine/box_manners.h"
@@ -11,6 +12,8 @@
 #include "desktop/machine/qt_shell.h"
 #include "desktop/machine/timer_binding.h"
 #include "desktop/machine/tray_icon.h"
+#include "desktop/records/log_window.h"
+#include "desktop/records/score_window.h"
 #include "desktop/voice/espeak_voice.h"
 #include "desktop/voice/sound_player.h"
 #include "desktop/widgets/pictures.h"
@@ -25,12 +28,14 @@
 #include "posix/make_folders.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_landmarks.h"
+#include "posix/sqlite_history.h"
 #include "posix/standard_random.h"
 #include "posix/system_clock.h"
 #include "posix/unicode_letters.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QPointer>
 
 #include <functional>
 #include <memory>
@@ -72,7 +77,8 @@ struct DesktopMachine {
           folder({places.installedFolder, places.ownFolder}),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
           logOn(pathOf(places.autostartFolder) + QStringLiteral("/brovin.desktop")),
-          instance(pathOf(places.runningLock)), scanLock(places.settingsFolder), updates(source) {}
+          instance(pathOf(places.runningLock)), scanLock(places.settingsFolder),
+          history(places.ownFolder + posix::kScoreFile), updates(source) {}
 
     Initiative initiative;
     posix::IniSettingsStore settings;
@@ -93,15 +99,16 @@ struct DesktopMachine {
     posix::SystemClock clock;
     posix::StandardRandom random;
     QtEventPump pump;
+    posix::SqliteHistory history;
     Updates updates;
 
     /// Whether the program waits for an answer, and other events have to wait for the program.
     [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
     [[nodiscard]] app::Machine pieces() {
-        return {settings, files,    landmarks,         folder,       dialogs,
-                shell,    tray,     clipboard,         characters,   logOn,
-                instance, scanLock, regional,          letters,      clock,
-                random,   pump,     updates.machine(), &surroundings};
+        return {settings, files,    landmarks,         folder,        dialogs,
+                shell,    tray,     clipboard,         characters,    logOn,
+                instance, scanLock, regional,          letters,       clock,
+                random,   pump,     updates.machine(), &surroundings, &history};
     }
 };
 
@@ -124,6 +131,9 @@ struct DesktopProgram::Parts {
     app::Program program;
     std::function<bool()> busy = [this] { return machine.busy(); };
     OptionsWindow window{program.frmOptions()};
+    cleaner::ScoreBook score{{machine.history, program.messages(), machine.regional}};
+    QPointer<QDialog> scoreWindow; ///< null: not open
+    QPointer<QDialog> logWindow;
     TimerBinding tick{program.frmOptions().Timer1, machine.initiative, busy};
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
@@ -148,6 +158,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     machine.dialogs.asked = [&machine] { return machine.initiative.userAsked(); };
     machine.tray.tie(form(), parts_->program.mainWindow(),
                      {[&machine] { machine.initiative.userActs(); }, parts_->busy, [this] { comeUp(); }});
+    tieRecords();
     form().imgBrovin.setPicture("imgBrovin");
     form().imgLogo.setPicture("imgLogo");
     form().picAdd.setPicture("picAdd");
@@ -155,6 +166,28 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
 }
 
 DesktopProgram::~DesktopProgram() = default;
+
+void DesktopProgram::tieRecords() {
+    const auto show = [](QPointer<QDialog>& shown, auto make) {
+        if (!shown) {
+            shown = make();
+            shown->setAttribute(Qt::WA_DeleteOnClose);
+        }
+        shown->show();
+        bringBack(*shown);
+    };
+    form().cmdScore.click = [this, show] {
+        show(parts_->scoreWindow, [this] { return new ScoreWindow(parts_->score, &parts_->window); });
+    };
+    form().cmdSearchLog.click = [this, show] {
+        DesktopMachine& machine = parts_->machine;
+        const QString log = pathOf(machine.folder.path(std::string(cleaner::kLogFile)));
+        show(parts_->logWindow, [&] {
+            return new LogWindow({log, parts_->program.messages(), machine.regional, machine.letters},
+                                 &parts_->window);
+        });
+    };
+}
 
 bool DesktopProgram::start() {
     parts_->machine.initiative.userActs(); // by starting it

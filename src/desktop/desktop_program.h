@@ -38,6 +38,7 @@ public:
     [[nodiscard]] QRect trayIcon() const;
 
 private:
+    void tieRecords();
     /// Brings the window to the front, or the question that is open before it.
     void comeUp();
 

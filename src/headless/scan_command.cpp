@@ -90,7 +90,8 @@ private:
          .actor = teller_.actor,
          .program = program_,
          .machine = {files_, machine_.landmarks, machine_.folder, machine_.lock, dialogs_, shell_, clipboard_,
-                     pump_, machine_.clock, machine_.regional, machine_.letters}}};
+                     pump_, machine_.clock, machine_.regional, machine_.letters,
+                     options_.dryRun ? nullptr : &machine_.history}}};
     ScanReport report_{options_, console_, language_.tables.messageTable};
     bool usable_ = true;    ///< the language file that was read last
     bool allStored_ = true; ///< the totals
@@ -127,6 +128,8 @@ ExitStatus ScanProgram::run() {
         return ExitStatus::Busy;
     }
     report_.summary(cleaner_.sweep);
+    if (const std::string& trouble = cleaner_.scanRun.historyTrouble(); !trouble.empty())
+        console_.err << "brovin: " << trouble << "\n";
     if (const int number = machine_.stopSignal ? machine_.stopSignal() : 0;
         cleaner_.sweep.cancelled() && number != 0)
         return endedBySignal(number);

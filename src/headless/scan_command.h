@@ -4,6 +4,7 @@
 #include "headless/console.h"
 #include "headless/exit_status.h"
 #include "platform/clock.h"
+#include "platform/deletion_history.h"
 #include "platform/file_system.h"
 #include "platform/landmarks.h"
 #include "platform/letters.h"
@@ -29,6 +30,7 @@ struct ScanMachine {
     const platform::Letters& letters;
     const platform::Clock& clock;
     platform::Random& random;
+    platform::DeletionHistory& history;
     bool settingsDamaged = false; ///< nobody knows for certain what the user has chosen
     /// The number of the signal by which the user wants the scan stopped; 0: none. Empty: nobody can.
     std::function<int()> stopSignal = {};

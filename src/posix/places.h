@@ -5,6 +5,9 @@
 
 namespace brovin::posix {
 
+/// What was deleted day by day, in the user's own part of the program's folder.
+inline constexpr const char* kScoreFile = "/score.db";
+
 /// Where this user's files of the program are (XDG Base Directory Specification).
 struct Places {
     std::string settingsFile;

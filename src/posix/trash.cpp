@@ -109,17 +109,17 @@ int renameInto(int from, const char* name, int to, const char* kept) {
 
 /// A folder can only be moved by whom it lets write in it; with force that is granted for the moment.
 int renameForced(int from, const char* name, int to, const char* kept, const Descriptor& entry) {
-    constexpr mode_t kPermissionBits = 07777;
+    constexpr mode_t kModeBits = 07777;
     struct stat facts {};
     const std::string handle = "/proc/self/fd/" + std::to_string(entry.number());
     if (::fstat(entry.number(), &facts) != 0 || !S_ISDIR(facts.st_mode) ||
-        ::chmod(handle.c_str(), (facts.st_mode & kPermissionBits) | S_IRWXU) != 0) {
+        ::chmod(handle.c_str(), (facts.st_mode & kModeBits) | S_IRWXU) != 0) {
         errno = EACCES;
         return -1;
     }
     const int renamed = renameInto(from, name, to, kept);
     const int why = errno;
-    static_cast<void>(::chmod(handle.c_str(), facts.st_mode & kPermissionBits));
+    static_cast<void>(::chmod(handle.c_str(), facts.st_mode & kModeBits));
     errno = why;
     return renamed;
 }

@@ -49,7 +49,7 @@ struct CleanerWorld : fakes::FakeMachine {
                      .actor = actor,
                      .program = info,
                      .machine = {files, landmarks, folder, scanLock, dialogs, shell, clipboard, pump, clock,
-                                 regional, letters}}};
+                                 regional, letters, &history}}};
     Preview preview{{form, form, form, cleaner.scan, teller.speech, cleaner.scanRun, cleaner.watchedFolders,
                      files, dialogs, pump, regional, letters}};
     ScanState& scan = cleaner.scan;

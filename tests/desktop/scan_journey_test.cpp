@@ -3,8 +3,10 @@
 #include "desktop/real_input.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QImage>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -55,12 +57,94 @@ void closeMessage(Journey& journey, const QString& picture,
         "the message's end", [] { return openDialog<QMessageBox>() == nullptr; }, nullptr);
 }
 
+/// A window beside the options window, by its name.
+template <class Widget = QWidget>
+Widget* recordsPart(const char* window, const char* name) {
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top->objectName() == QLatin1String(window) && top->isVisible() && top->isActiveWindow())
+            return top->findChild<Widget*>(QLatin1String(name));
+    return nullptr;
+}
+
+int rowsOf(const char* window, const char* view) {
+    const auto* const shown = recordsPart<QAbstractItemView>(window, view);
+    return shown == nullptr ? 0 : shown->model()->rowCount();
+}
+
+void saveScore(Journey& journey, const DesktopWorld& world, const char* button, const QString& file) {
+    journey.then(
+        "the score's window", [] { return rowsOf("scoreWindow", "scoreTable") == 3; },
+        [button] { click(recordsPart("scoreWindow", button)); });
+    journey.then(
+        "the dialog", [] { return shownAndReady(openDialog<QFileDialog>()); },
+        [&world, file] { typeText(world.path(file), true); });
+    journey.then(
+        "the file", [&world, file] { return world.exists(file); }, nullptr);
+}
+
+/// From the page Scanning: the score, in both forms of a file, and the log.
+void lookAtTheRecords(Journey& journey, const DesktopWorld& world) {
+    journey.then(
+        "the page", [&world] { return shownAndReady(world.widget("imgTabs2")); },
+        [&world] { click(world.widget("imgTabs2")); });
+    journey.then(
+        "the button of the score", [&world] { return shownAndReady(world.widget("cmdScore")); },
+        [&world] { click(world.widget("cmdScore")); });
+    journey.then(
+        "the week", [] { return rowsOf("scoreWindow", "scoreTable") == 1; },
+        [] {
+            const auto* model = recordsPart<QAbstractItemView>("scoreWindow", "scoreTable")->model();
+            EXPECT_EQ("3", model->index(0, 1).data().toString().toStdString());
+            EXPECT_EQ("13", model->index(0, 2).data().toString().toStdString());
+            pressKeys({"alt+b", "Down", "Down"});
+        });
+    journey.then(
+        "the names", [] { return rowsOf("scoreWindow", "scoreTable") == 3; },
+        [] { Journey::takePicture("score"); });
+    saveScore(journey, world, "scoreSaveTable", "score.csv");
+    saveScore(journey, world, "scoreSavePicture", "score.png");
+    journey.then(
+        "the window again", [] { return rowsOf("scoreWindow", "scoreTable") == 3; },
+        [] { pressKeys({"Escape"}); });
+    journey.then(
+        "the button of the log", [&world] { return shownAndReady(world.widget("cmdSearchLog")); },
+        [&world] { click(world.widget("cmdSearchLog")); });
+    journey.then(
+        "the log", [] { return rowsOf("logWindow", "logLines") > 9; }, [] { typeText("SONG", false); });
+    journey.then(
+        "what was found", [] { return rowsOf("logWindow", "logLines") == 1; },
+        [] {
+            const auto* model = recordsPart<QAbstractItemView>("logWindow", "logLines")->model();
+            EXPECT_TRUE(model->index(0, 0).data().toString().endsWith("/music/._song"));
+            Journey::takePicture("log");
+            pressKeys({"Escape"});
+        });
+}
+
+/// From the page Scanning, too.
+void throwIntoTheTrash(Journey& journey, const DesktopWorld& world) {
+    journey.then(
+        "the box of the trash", [&world] { return shownAndReady(world.widget("chkTrash")); },
+        [&world] {
+            world.makeFile("Share/Photos/Thumbs.DB", "kept");
+            click(world.widget("chkTrash"));
+        });
+    journey.then(
+        "its tick", [&world] { return world.form().chkTrash.checked(); },
+        [&world] { click(world.widget("imgTabs0")); });
+    journey.then(
+        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
+        [&world] { click(world.widget("cmdNuke")); });
+    closeMessage(journey, "trash", [](const QString& /*text*/) {});
+}
+
 TEST(ScanJourney, cleansAFolderByRealClicks) {
     DesktopWorld world;
     world.makeFile("Share/Photos/Thumbs.DB", QByteArray(6000, 'x'));
     world.makeFile("Share/Photos/beach.jpg");
     world.makeFile("Share/Music/._song");
     world.makeFile("Share/Icon\r");
+    qputenv("XDG_DATA_HOME", world.path("share").toUtf8());
     world.start();
 
     Journey journey;
@@ -96,7 +180,16 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
         },
         [&world] { click(world.widget("cmdNuke")); });
     closeMessage(journey, "second-scan", [](const QString& text) { EXPECT_FALSE(text.contains("3")); });
+    lookAtTheRecords(journey, world);
+    throwIntoTheTrash(journey, world);
     journey.run();
+
+    QFile csv(world.path("score.csv"));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+    EXPECT_EQ("\"Name\",\"Items\",\"KB\"\r\n\"._*\",1,4\r\n\"icon?\",1,4\r\n\"thumbs.db\",1,5\r\n",
+              csv.readAll().toStdString());
+    EXPECT_LT(600, QImage(world.path("score.png")).width());
+    EXPECT_TRUE(world.exists("share/Trash/files/Thumbs.DB"));
 
     EXPECT_FALSE(world.exists("Share/Photos/Thumbs.DB"));
     EXPECT_FALSE(world.exists("Share/Music/._song"));

@@ -8,6 +8,7 @@
 #include "fakes/fake_settings_store.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
+#include "platform/deletion_history.h"
 #include "platform/event_pump.h"
 #include "platform/landmarks.h"
 #include "platform/log_on_entry.h"
@@ -20,6 +21,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -168,6 +170,28 @@ struct FakeLandmarks final : platform::Landmarks {
     [[nodiscard]] bool isDisk(const std::string& path) const override { return path == "/mnt/stick"; }
 };
 
+/// Keeps what it is told.
+class FakeHistory final : public platform::DeletionHistory {
+public:
+    std::vector<platform::DeletedShare> shares;
+    std::vector<platform::Score> bars;
+    std::string refusal; ///< "": it takes all
+    std::string damaged;
+
+    platform::Status append(platform::DateTime /*when*/,
+                            std::span<const platform::DeletedShare> more) override {
+        if (!refusal.empty())
+            return platform::Failure{5, refusal};
+        shares.insert(shares.end(), more.begin(), more.end());
+        return platform::Done{};
+    }
+    platform::Result<std::vector<platform::Score>> score(platform::ScoreBy /*by*/,
+                                                         std::size_t /*most*/) override {
+        return bars;
+    }
+    std::string takeDamaged() override { return std::exchange(damaged, {}); }
+};
+
 /// A whole machine in memory.
 struct FakeMachine {
     FakeSettingsStore settings;
@@ -187,6 +211,7 @@ struct FakeMachine {
     FakeClock clock;
     FakeRandom random;
     FakeEventPump pump;
+    FakeHistory history;
 };
 
 } // namespace brovin::fakes

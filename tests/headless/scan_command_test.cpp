@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 namespace brovin::headless {
@@ -30,10 +31,10 @@ struct World : fakes::FakeMachine {
     }
 
     ExitStatus scan() {
-        return scanCommand(
-            options,
-            {settings, files, landmarks, folder, scanLock, regional, letters, clock, random, damaged},
-            {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
+        return scanCommand(options,
+                           {settings, files, landmarks, folder, scanLock, regional, letters, clock, random,
+                            history, damaged},
+                           {in, out, err, interactive, false}, {"Brovin", 1, 0, 0});
     }
 
     ScanOptions options;
@@ -246,6 +247,34 @@ TEST(ScanCommand, obeysSwitchesBeforeSettings) {
         EXPECT_EQ(settings + (expected.damaged ? 0 : 3), world.settings.values.size())
             << "totals and time alone";
     }
+}
+
+TEST(ScanCommand, addsWhatIsReallyGoneToTheHistory) {
+    const auto kept = [](const World& world) {
+        std::vector<std::string> shares;
+        for (const auto& [name, folder, items, kilobytes] : world.history.shares)
+            shares.push_back(name + " " + folder + " " + std::to_string(items) + " " +
+                             std::to_string(kilobytes));
+        std::sort(shares.begin(), shares.end());
+        return shares;
+    };
+    World world;
+    for (const char* file :
+         {"/Share/._a", "/Share/b/._b", "/Share/b/Icon\r", "/Share/b/Thumbs.db", "/Share/c/Thumbs.db"})
+        world.files.addFile(file);
+    world.files.failing = {{fakes::FileOperation::DeleteFile, "/Share/c/Thumbs.db"}};
+    world.options.dryRun = true;
+    EXPECT_EQ(ExitStatus::Done, world.scan());
+    EXPECT_EQ(Paths(), kept(world)) << "a dry run deletes nothing";
+    world.options.dryRun = false;
+    EXPECT_EQ(ExitStatus::SomeFailed, world.scan());
+    EXPECT_EQ((Paths{"._* /share 2 8", "__macosx /share 1 20", "icon? /share 1 4", "thumbs.db /share 2 9"}),
+              kept(world));
+
+    World locked;
+    locked.history.refusal = "database is locked";
+    EXPECT_EQ(ExitStatus::Done, locked.scan()) << "the scan itself went well";
+    EXPECT_NE(std::string::npos, locked.err.str().find("database is locked")) << locked.err.str();
 }
 
 } // namespace

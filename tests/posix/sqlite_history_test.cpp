@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 namespace brovin::posix {
@@ -74,6 +75,18 @@ TEST_F(HistoryTest, movesADamagedFileAsideAndBeginsAnew) {
     add("2026-11-03", {"thumbs.db", "/srv/a", 5, 20});
     EXPECT_NE(history.takeDamaged(), "");
     EXPECT_EQ(bars(ScoreBy::Name), (std::vector<Score>{{"thumbs.db", 5, 20}}));
+}
+
+TEST_F(HistoryTest, leavesWhatSomebodyElseHolds) {
+    add("2026-11-02", {"thumbs.db", "/srv/a", 1, 4});
+    sqlite3* other = nullptr;
+    ASSERT_EQ(SQLITE_OK, sqlite3_open(file.c_str(), &other));
+    ASSERT_EQ(SQLITE_OK, sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr));
+    const DeletedShare share{"thumbs.db", "/srv/a", 1, 4};
+    EXPECT_FALSE(history.append(at("2026-11-03"), std::span(&share, 1)));
+    EXPECT_EQ("", history.takeDamaged()) << "it is sound";
+    sqlite3_close(other);
+    EXPECT_EQ(bars(ScoreBy::Name), (std::vector<Score>{{"thumbs.db", 1, 4}}));
 }
 
 TEST_F(HistoryTest, tellsWhatTheDiskRefuses) {

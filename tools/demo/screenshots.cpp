@@ -4,10 +4,13 @@
 #include "demo_world.h"
 #include "desktop/desktop_program.h"
 #include "desktop/window/options_window.h"
+#include "posix/sqlite_history.h"
+#include "posix/system_clock.h"
 #include "ui/frm_options.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QPalette>
 #include <QPixmap>
 #include <QTemporaryDir>
@@ -15,6 +18,7 @@
 
 #include <functional>
 #include <iostream>
+#include <iterator>
 #include <vector>
 
 namespace {
@@ -36,6 +40,35 @@ QPalette darkPalette() {
     return dark;
 }
 
+/// Half a year of scans, for the windows of the score and the log.
+void makeRecords(const posix::Places& places) {
+    constexpr int kWeeks = 26;
+    constexpr int kRhythm[] = {41, 12, 0, 33, 67, 25, 18};
+    const char* const names[] = {".ds_store", "._*", "thumbs.db", "desktop.ini", "__macosx", "icon?"};
+    posix::SqliteHistory history(places.ownFolder + posix::kScoreFile);
+    const auto today = posix::SystemClock().now();
+    for (int week = kWeeks; week > 0; --week) {
+        std::vector<platform::DeletedShare> shares;
+        std::int64_t items = kRhythm[week % std::size(kRhythm)];
+        for (const char* name : names) {
+            if (items > 0)
+                shares.push_back(
+                    {name, week % 3 == 0 ? "/srv/share/holiday" : "/srv/share", items, 6 * items});
+            items = items * 2 / 3;
+        }
+        static_cast<void>(history.append(today - std::chrono::days(7 * week), shares));
+    }
+    QFile log(QString::fromStdString(places.ownFolder + "/deletions.log"));
+    if (!log.open(QIODevice::WriteOnly))
+        return;
+    for (int scan = 1; scan < kWeeks; ++scan) {
+        log.write(QByteArray(48, '-') + "\r\nScan begun at 04:00:01 on Saturday, 21 November 2026\r\n");
+        for (const char* name : names)
+            log.write("Deleted file /srv/share/holiday/" + QByteArray(name) + "\r\n");
+        log.write("Items deleted: 6 (36 KB)\r\nScan finished at 04:00:02 on Saturday, 21 November 2026\r\n");
+    }
+}
+
 /// One picture after another, each when the window has settled.
 class Series {
 public:
@@ -48,6 +81,10 @@ public:
             shots_.push_back({theme, QStringLiteral("starter"), "frmStarter",
                               [&form] { form.cmdStarter.click(); },
                               [&form] { form.frmStarter.window.close(); }});
+            shots_.push_back(
+                {theme, QStringLiteral("score"), "scoreWindow", [&form] { form.cmdScore.click(); }, nullptr});
+            shots_.push_back(
+                {theme, QStringLiteral("log"), "logWindow", [&form] { form.cmdSearchLog.click(); }, nullptr});
         }
         QObject::connect(&timer_, &QTimer::timeout, [this] { advance(); });
         timer_.start(250);
@@ -103,7 +140,9 @@ int main(int argc, char** argv) {
     const QString folder = QDir::current().filePath(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString());
     QDir().mkpath(folder);
     const QTemporaryDir world(QDir::temp().filePath(QStringLiteral("brovin-demo-XXXXXX")));
-    desktop::DesktopProgram program(tools::makeDemoWorld(world.path()), {"Brovin", 1, 0, 0});
+    const posix::Places places = tools::makeDemoWorld(world.path());
+    makeRecords(places);
+    desktop::DesktopProgram program(places, {"Brovin", 1, 0, 0});
     if (!program.start())
         return 1;
     program.form().mPopRestore.click();

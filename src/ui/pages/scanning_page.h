@@ -14,8 +14,10 @@ struct ScanningPage : virtual Form {
     Panel frmLog{*this, "frmLog"};
     CheckBox chkLog{*this, "chkLog"};
     Button cmdInspect{*this, "cmdInspect"};
+    Button cmdSearchLog{*this, "cmdSearchLog"};
     Button cmdEmpty{*this, "cmdEmpty"};
     Panel frmNumbers{*this, "frmNumbers"};
+    Button cmdScore{*this, "cmdScore"};
     Button cmdResetCounter{*this, "cmdResetCounter"};
     Button cmdCopyNumbers{*this, "cmdCopyNumbers"};
 };

@@ -24,14 +24,16 @@ QWidget* makeScanningPage(ui::FrmOptions& form, QWidget* parent) {
     auto* logging = new QVBoxLayout(log);
     logging->addWidget(bound<QCheckBox>(form.chkLog, log));
     logging->addLayout(
-        row({bound<QPushButton>(form.cmdInspect, log), bound<QPushButton>(form.cmdEmpty, log)}));
+        row({bound<QPushButton>(form.cmdInspect, log), bound<QPushButton>(form.cmdSearchLog, log),
+             bound<QPushButton>(form.cmdEmpty, log)}));
     layout->addWidget(log);
 
     auto* numbers = bound<QGroupBox>(form.frmNumbers, page);
     auto* counting = new QVBoxLayout(numbers);
     counting->addWidget(statisticsLine(form.sbScore, numbers));
-    counting->addLayout(row({bound<QPushButton>(form.cmdResetCounter, numbers),
-                             bound<QPushButton>(form.cmdCopyNumbers, numbers)}));
+    counting->addLayout(
+        row({bound<QPushButton>(form.cmdScore, numbers), bound<QPushButton>(form.cmdResetCounter, numbers),
+             bound<QPushButton>(form.cmdCopyNumbers, numbers)}));
     layout->addWidget(numbers);
     layout->addStretch();
     return page;
