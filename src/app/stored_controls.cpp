@@ -32,6 +32,7 @@ constexpr StoredControl kControls[] = {
     {&setting::kTrash, &FrmOptions::chkTrash, Stores::Always, kGuidesScan},
     {&setting::kLog, &FrmOptions::chkLog, Stores::Always, kGuidesScan},
     {&setting::kDude, &FrmOptions::chkDude, Stores::WhenLoaded, kGuidesScan},
+    {&setting::kCallMe, &FrmOptions::txtUser, Stores::WhenLoaded},
     {&setting::kCheck, &FrmOptions::chkCheck},
     {&setting::kReminderMsgBox, &FrmOptions::chkMsgBox},
     {&setting::kWordMsgBox, &FrmOptions::chkWordMsgBox},

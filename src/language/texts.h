@@ -133,6 +133,9 @@ inline constexpr TextRow kTextRows[] = {
     // What happened while it was quiet: when, and what
     {"whileQuiet", "While it was quiet (%1): %2"},
     // The desktop
+    {"noPlaceForIcon",
+     "This desktop has no place for my icon, so you find my window in the task bar. To get one, "
+     "add a notification area to your panel, or your desktop's extension for indicators."},
     {"helpNotOpened", "The manual could not be opened:\\n\\n%1"},
     {"linkNotOpened", "This address could not be opened:\\n\\n%1"},
     // Settings: where they are; where the copy is

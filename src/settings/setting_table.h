@@ -25,6 +25,7 @@ inline constexpr Setting kSpeechFreq{"SpeechFreq", "25"};
 inline constexpr Setting kDude{"Dude", "0"};
 inline constexpr Setting kDudeSex{"DudeSex", "0"};
 inline constexpr Setting kUser{"User", "Fool"};
+inline constexpr Setting kCallMe{"User", ""}; ///< as it is shown: a name that is not known is empty
 inline constexpr Setting kQuiet{"Quiet",
                                 "0"}; ///< 1 until it is switched off, 2 for an hour, 3 until tomorrow
 inline constexpr Setting kQuietUntil{"QuietUntil", ""}; ///< when 2 and 3 end
@@ -65,7 +66,8 @@ inline constexpr Setting kTab{"Tab", "0"};
 inline constexpr Setting kUpdateOnStart{"UpdateOnStart", "1"};
 inline constexpr Setting kCheckFreq{"CheckFreq", "0"};
 inline constexpr Setting kLastUpdateCheck{"LastUpdateCheck", ""};
-inline constexpr Setting kNoCheck{"NoCheck", ""}; ///< written, read by nobody
+inline constexpr Setting kIconHint{"IconHint", "0"}; ///< 1: has been told how to get a place for the icon
+inline constexpr Setting kNoCheck{"NoCheck", ""};    ///< written, read by nobody
 } // namespace setting
 
 } // namespace brovin::settings

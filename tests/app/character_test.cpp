@@ -43,6 +43,28 @@ struct CharacterWorld : FakeMachine {
     fakes::FakeCharacter& character = characters.only;
 };
 
+TEST(ProgramWithACharacter, callsTheUserAsHeWishes) {
+    for (const auto& [typed, called, stored] :
+         std::initializer_list<std::tuple<Texts, std::string, std::string>>{{{}, "Fool", "<missing>"},
+                                                                            {{"jo doe"}, "Jo", "jo doe"},
+                                                                            {{"Jo", ""}, "Fool", ""},
+                                                                            {{" "}, "Fool", " "}}) {
+        CharacterWorld world;
+        world.folder.files["default.blp"] += "spkClick= there&dude&\n";
+        world.startUp();
+        EXPECT_EQ("", world.form.txtUser.text());
+        for (const std::string& text : typed)
+            world.form.txtUser.setText(text);
+        world.random.draws = {0.5, 0.9, 0.0, 0.0};
+        const Texts answer = world.after([&] { world.characters.events.click({"Peedy", 1}); });
+        EXPECT_EQ("speak ouch there, " + called, answer.back());
+        EXPECT_EQ(stored, world.settings.read("Settings", "User").value_or("<missing>"));
+        CharacterWorld next(world.settings);
+        next.startUp();
+        EXPECT_EQ(typed.empty() ? "" : typed.back(), next.form.txtUser.text());
+    }
+}
+
 TEST(ProgramWithACharacter, livesThroughItsDays) {
     CharacterWorld first;
     EXPECT_EQ((Texts{"languageId 1033", "show", "speak hello"}), first.after([&] { first.startUp(); }));
@@ -83,13 +105,6 @@ TEST(ProgramWithACharacter, livesThroughItsDays) {
     EXPECT_EQ((Texts{"show", "play Think", "speak m11(, Fool,%2)", "hide"}),
               second.after([&] { second.form.cmdExit.click(); }));
     EXPECT_EQ("False", second.settings.setting("AgentShow"));
-}
-
-TEST(ProgramWithACharacter, greetsOnceEvenWhereItsWindowIsShown) {
-    CharacterWorld world;
-    world.tray.present = false;
-    EXPECT_EQ((Texts{"languageId 1033", "show", "speak hello"}), world.after([&] { world.startUp(); }));
-    EXPECT_TRUE(world.form.window.visible());
 }
 
 TEST(ProgramWithACharacter, changesItsVoiceWithTheLanguage) {

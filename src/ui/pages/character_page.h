@@ -11,6 +11,8 @@ struct CharacterPage : virtual Form {
     Label lblChars{*this, "lblChars"};
     ListBox lstChars{*this, "lstChars"};
     Button cmdCheckChars{*this, "cmdCheckChars"};
+    Label lblUser{*this, "lblUser"};
+    TextBox txtUser{*this, "txtUser"}; ///< what the phrases call the user; may be empty
     CheckBox chkDude{*this, "chkDude"};
     Label lblDudeSex{*this, "lblDudeSex"};
     ComboBox cmbDudeSex{*this, "cmbDudeSex"};

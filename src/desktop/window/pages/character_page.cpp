@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
@@ -18,6 +19,11 @@ QWidget* makeCharacterPage(ui::FrmOptions& form, QWidget* parent) {
     layout->addWidget(labelFor(characters, form.lblChars, page));
     layout->addWidget(characters, 1);
     layout->addLayout(row({bound<QPushButton>(form.cmdCheckChars, page)}));
+    auto* user = bound<QLineEdit>(form.txtUser, page);
+    auto* naming = new QHBoxLayout;
+    naming->addWidget(labelFor(user, form.lblUser, page));
+    naming->addWidget(user, 1);
+    layout->addLayout(naming);
     layout->addWidget(bound<QCheckBox>(form.chkDude, page));
     auto* sex = bound<QComboBox>(form.cmbDudeSex, page);
     layout->addLayout(row({labelFor(sex, form.lblDudeSex, page), sex}));
