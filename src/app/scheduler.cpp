@@ -79,8 +79,28 @@ void Scheduler::Timer1_Timer() {
     scanWhenDue();
     if (needs_.form.exitConfirmed)
         return; // the scan has ended with an update that takes the program's place
-    needs_.tip.addIconAgain();
+    stayInReach();
     checkWhenDue();
+}
+
+/// A desktop whose panel is slow to come has its place for the icon by the first tick. Where it has none, the
+/// window is in the task bar; nothing comes up unasked. When there is a place after all, it leaves it again.
+void Scheduler::stayInReach() {
+    ui::Window& window = needs_.form.window;
+    if (needs_.tip.addIconAgain()) {
+        if (window.visible() && window.state() == ui::WindowState::Minimized)
+            window.setVisible(false);
+        return;
+    }
+    if (!window.visible()) {
+        window.setState(ui::WindowState::Minimized);
+        window.setVisible(true);
+    }
+    if (needs_.settings.read(setting::kIconHint) == "1")
+        return;
+    needs_.settings.write(setting::kIconHint, "1");
+    needs_.speech.announcer.agentMsgBox(needs_.speech.messages.getText("noPlaceForIcon"), box::kInformation,
+                                        "", ForceBox::No);
 }
 
 void Scheduler::chatter() {

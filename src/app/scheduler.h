@@ -49,6 +49,7 @@ private:
     void remind();
     void announceWord();
     void scanWhenDue();
+    void stayInReach();
     void checkWhenDue();
 
     Needs needs_;

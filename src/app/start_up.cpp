@@ -36,7 +36,7 @@ bool StartUp::run() {
         &StartUp::showFolderHint,      &StartUp::enterTray,
         &StartUp::restoreReminder,     &StartUp::enableRemoveFolder,
         &StartUp::endLoading,          &StartUp::bringCharacter,
-        &StartUp::startTabFrame,       &StartUp::showWindowWithoutTray,
+        &StartUp::startTabFrame,
     };
     for (const Step step : kSteps) {
         const Status outcome = (this->*step)();
@@ -239,8 +239,9 @@ Status StartUp::showFolderHint() {
     return Done{};
 }
 
+/// Whether or not there is a place for the icon yet: a panel may come later than the program.
 Status StartUp::enterTray() {
-    inTray_ = needs_.tip.addIcon(needs_.form.sbStatus.panel());
+    needs_.tip.addIcon(needs_.form.sbStatus.panel());
     needs_.form.window.setVisible(false);
     return Done{};
 }
@@ -270,14 +271,6 @@ Status StartUp::bringCharacter() {
         return Done{};
     needs_.companion.host.lstChars_Click();
     needs_.companion.host.chkAgent_Click();
-    return Done{};
-}
-
-/// Without a notification area a hidden window could never be reached. It comes last: to the character's
-/// handlers a visible window means that the user acts in it.
-Status StartUp::showWindowWithoutTray() {
-    if (!inTray_)
-        needs_.form.window.setVisible(true);
     return Done{};
 }
 

@@ -63,7 +63,6 @@ private:
     platform::Status endLoading();
     platform::Status bringCharacter();
     platform::Status startTabFrame();
-    platform::Status showWindowWithoutTray();
 
     void restoreRow(const StoredControl& row);
     void switchCharacterOff();
@@ -72,7 +71,6 @@ private:
 
     Needs needs_;
     bool ended_ = false;
-    bool inTray_ = false;
 };
 
 } // namespace brovin::app

@@ -30,8 +30,9 @@ public:
         keep(text);
         return tray_.add(tip_);
     }
-    /// Adds the icon again as it was, for a panel that was started anew; else nothing changes.
-    void addIconAgain() { tray_.add(tip_); }
+    /// Adds the icon again as it was, for a panel that was started anew; else nothing changes. False: this
+    /// desktop has no place for it.
+    bool addIconAgain() { return tray_.add(tip_); }
 
 private:
     static constexpr std::size_t kMost = 64;

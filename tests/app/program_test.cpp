@@ -233,11 +233,30 @@ TEST(Program, asksForTheFirstOnesWindowWhereItCouldNotBeClicked) {
     }
 }
 
-TEST(Program, showsItsWindowWhereThereIsNoNotificationArea) {
+TEST(Program, isInTheTaskBarWhereThereIsNoNotificationArea) {
     ProgramWorld world;
     world.tray.present = false;
     ASSERT_TRUE(world.program.Form_Load());
+    EXPECT_FALSE(world.form.window.visible()) << "the panel may be slow to come";
+    world.form.Timer1.tick();
     EXPECT_TRUE(world.form.window.visible());
+    EXPECT_EQ(ui::WindowState::Minimized, world.form.window.state()) << "nothing comes up unasked";
+    ASSERT_EQ(1U, world.dialogs.boxes.size()) << "how to get an icon";
+    world.form.Timer1.tick();
+    EXPECT_EQ(1U, world.dialogs.boxes.size()) << "is told once";
+    world.form.mPopRestore.click();
+    world.tray.present = true;
+    world.form.Timer1.tick();
+    EXPECT_TRUE(world.form.window.visible()) << "the user is in it";
+    world.form.window.setState(ui::WindowState::Minimized);
+    EXPECT_FALSE(world.form.window.visible());
+    world.tray.present = false; // the panel is gone
+    world.form.Timer1.tick();
+    EXPECT_TRUE(world.form.window.visible());
+    world.tray.present = true;
+    world.form.Timer1.tick();
+    EXPECT_FALSE(world.form.window.visible()) << "there is an icon again";
+    EXPECT_EQ(1U, world.dialogs.boxes.size());
 }
 
 TEST(Program, saysOnceThatSettingsCannotBeSaved) {

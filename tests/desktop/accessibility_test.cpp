@@ -197,6 +197,7 @@ TEST(Accessibility, everyControlHasANameAndARole) {
     ASSERT_TRUE(bus.connected());
     const QTemporaryDir root;
     const Process program(root.path(), {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"});
+    bringUp(root.path());
     const auto window = bus.waitForWindow();
     ASSERT_TRUE(window);
 

@@ -2,6 +2,7 @@
 
 #include "desktop/real_input.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
@@ -65,6 +66,19 @@ inline const QString kWindow = "^Brovin v";
 
 inline bool windowOnScreen() {
     return !askDesktop({"search", "--onlyvisible", "--name", kWindow}).isEmpty();
+}
+
+/// Whether a program gets on so far that another one finds it running.
+inline bool startedIn(const QString& root) {
+    return waitUntil([&root] { return QFile::exists(root + "/config/Brovin/Brovin.conf"); });
+}
+
+/// Brings up the window of a program that has no icon: by starting it again.
+inline void bringUp(const QString& root, const QStringList& environment = {}) {
+    EXPECT_TRUE(startedIn(root));
+    Process second(root, environment);
+    EXPECT_TRUE(second.ends(10'000)) << "without a word";
+    EXPECT_TRUE(waitForWindow(kWindow));
 }
 
 } // namespace brovin::tests

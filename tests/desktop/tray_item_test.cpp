@@ -145,6 +145,15 @@ private:
     QDBusInterface item_;
 };
 
+constexpr const char* kLabels = "_Help|_Options|E_xit...||_Quiet|Quiet _for an Hour|Quiet until _Tomorrow";
+
+std::string labelsOf(const QList<MenuEntry>& menu) {
+    QStringList labels;
+    for (const MenuEntry& entry : menu)
+        labels += entry.properties.value("label").toString();
+    return labels.join('|').toStdString();
+}
+
 TEST(TrayItem, worksInAPanelThatKeepsItemsOnTheBus) {
     const WatcherThread watcher;
     const QTemporaryDir root;
@@ -166,17 +175,40 @@ TEST(TrayItem, worksInAPanelThatKeepsItemsOnTheBus) {
     EXPECT_TRUE(waitUntil([] { return !windowOnScreen(); }));
 
     const QList<MenuEntry> menu = panel.menu();
-    QStringList labels;
-    for (const MenuEntry& entry : menu)
-        labels += entry.properties.value("label").toString();
-    EXPECT_EQ("_Help|_Options|E_xit...||_Quiet|Quiet _for an Hour|Quiet until _Tomorrow",
-              labels.join('|').toStdString());
+    EXPECT_EQ(kLabels, labelsOf(menu));
     panel.choose(menu.value(1));
     EXPECT_TRUE(waitUntil(windowOnScreen)) << "so does the menu's entry";
     panel.choose(menu.value(2));
     EXPECT_TRUE(waitForWindow("Leaving So Soon"));
     press("Leaving So Soon", "alt+y");
     EXPECT_TRUE(waitUntil([&program] { return program.ends(10); })) << "it left when told to";
+}
+
+TEST(TrayItem, joinsAPanelThatComesLaterThanTheProgramAndOneThatComesBack) {
+    const QTemporaryDir root;
+    Process program(root.path());
+    ASSERT_TRUE(startedIn(root.path()));
+    for (const char* const panelIs : {"late", "back"}) {
+        const WatcherThread watcher;
+        ASSERT_TRUE(waitUntil([&watcher] { return !watcher.item().isEmpty(); })) << panelIs;
+        Panel panel(watcher.item());
+        EXPECT_EQ("Active", panel.property("Status").toString());
+        EXPECT_TRUE(panel.property("ToolTip").isValid());
+        const auto icon = panel.property("IconPixmap").value<QDBusArgument>();
+        EXPECT_EQ("a(iiay)", icon.currentSignature().toStdString());
+        EXPECT_FALSE(windowOnScreen());
+        panel.activate();
+        EXPECT_TRUE(waitUntil(windowOnScreen)) << panelIs;
+        press(kWindow, "Escape");
+        EXPECT_TRUE(waitUntil([] { return !windowOnScreen(); })) << "there is an icon to bring it back by";
+        const QList<MenuEntry> menu = panel.menu();
+        EXPECT_EQ(kLabels, labelsOf(menu));
+        panel.choose(menu.value(4));
+        EXPECT_TRUE(waitUntil([&panel, panelIs] { // it is switched on, and off again
+            return panel.menu().value(4).properties.value("toggle-state").toInt() ==
+                   (panelIs[0] == 'l' ? 1 : 0);
+        }));
+    }
 }
 
 } // namespace

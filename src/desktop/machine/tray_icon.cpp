@@ -13,6 +13,7 @@ namespace brovin::desktop {
 TrayIcon::TrayIcon() : icon_(programIcon()) {
     icon_.setContextMenu(&menu_);
     connect(&icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
+    host_.changed = [this] { joinLate(); };
 }
 
 void TrayIcon::tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception) {
@@ -67,15 +68,37 @@ bool TrayIcon::add(const std::string& tip) {
     icon_.setToolTip(qt(tip));
     icon_.show(); // where an area appears later, the icon joins it by itself
     keepInReach();
+    joinLate();
     return available();
+}
+
+/// An item goes with its panel, and joins the next one as another.
+void TrayIcon::joinLate() {
+    if (toolkitUsesBus_)
+        return;
+    if (!icon_.isVisible() || !host_.present() || QSystemTrayIcon::isSystemTrayAvailable()) {
+        late_.reset();
+        return;
+    }
+    if (late_)
+        return;
+    late_ = std::make_unique<StatusItem>(icon_.icon(), icon_.toolTip(), menu_);
+    late_->activated = [this] { activated(QSystemTrayIcon::Trigger); };
+    late_->menuWanted = [this](QPoint at) {
+        menu_.popup(at);
+        activated(QSystemTrayIcon::Context);
+    };
 }
 
 void TrayIcon::setTip(const std::string& tip) {
     icon_.setToolTip(qt(tip));
+    if (late_)
+        late_->setTip(qt(tip));
 }
 
 void TrayIcon::remove() {
     icon_.hide();
+    joinLate();
 }
 
 /// A box that is open keeps clicks from all usual windows, and the one that the toolkit makes for the icon is

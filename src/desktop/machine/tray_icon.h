@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/machine/status_host.h"
+#include "desktop/machine/status_item.h"
 #include "platform/notification_area.h"
 #include "ui/frm_options.h"
 #include "window/main_window.h"
@@ -8,10 +10,13 @@
 #include <QSystemTrayIcon>
 
 #include <functional>
+#include <memory>
 
 namespace brovin::desktop {
 
-/// The program's icon in the notification area and the menu that it opens.
+/// The program's icon in the notification area and the menu that it opens: by the toolkit, which embeds it in
+/// panels of the older kind or puts it on the bus, and on the bus also where the panel came after the
+/// program.
 class TrayIcon final : public QObject, public platform::NotificationArea {
     Q_OBJECT
 public:
@@ -26,7 +31,9 @@ public:
     /// Ties icon and menu to the program.
     void tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception);
 
-    [[nodiscard]] bool available() const override { return QSystemTrayIcon::isSystemTrayAvailable(); }
+    [[nodiscard]] bool available() const override {
+        return icon_.isSystemTrayAvailable() || late_ != nullptr;
+    }
     bool add(const std::string& tip) override;
     void setTip(const std::string& tip) override;
     void remove() override;
@@ -46,8 +53,15 @@ private:
     [[nodiscard]] bool admitted() const;
     void activated(QSystemTrayIcon::ActivationReason reason);
 
+    void joinLate();
+
+    StatusHost host_;
+    /// The toolkit decides once, with its first icon, whether icons live on the bus; where no panel has asked
+    /// for them by then, it never puts one there.
+    bool toolkitUsesBus_ = host_.present();
     QMenu menu_;
     QSystemTrayIcon icon_;
+    std::unique_ptr<StatusItem> late_; ///< in a panel that came later
     window::MainWindow* window_ = nullptr;
     Reception reception_;
 };

@@ -153,7 +153,10 @@ void OptionsWindow::showOnScreen() {
         move(place.topLeft());
         placed_ = true;
     }
-    showNormal();
+    if (form_.window.state() == ui::WindowState::Minimized)
+        showMinimized();
+    else
+        showNormal();
 }
 
 void OptionsWindow::changeEvent(QEvent* event) {
