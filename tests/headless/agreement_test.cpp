@@ -96,7 +96,7 @@ PathSet dryRun(const Draw& draw) {
     static_cast<void>(
         scanCommand(options,
                     {machine.settings, machine.files, machine.landmarks, machine.folder, machine.scanLock,
-                     machine.regional, machine.letters, machine.clock, machine.random},
+                     machine.regional, machine.letters, machine.clock, machine.random, machine.history},
                     {in, out, err, false, false}, {"Brovin", 1, 0, 0}));
     PathSet paths;
     const std::string begin = "{\"path\":\"";
