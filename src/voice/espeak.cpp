@@ -3,6 +3,7 @@
 #include <espeak-ng/speak_lib.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -23,6 +24,20 @@ std::string_view phonemeName(const espeak_EVENT& event) {
     return {begin, strnlen(begin, sizeof event.id.string)};
 }
 
+/// Where loud sounds begin to be held back, and what none gets beyond: 1 dB below full scale.
+constexpr double kKnee = 20'000;
+constexpr double kCeiling = 29'000;
+
+/// As it is while it is not loud, and softly held below the ceiling: some voices have peaks beyond full
+/// scale.
+std::int16_t limited(std::int16_t sample) {
+    const double size = std::abs(static_cast<double>(sample));
+    if (size <= kKnee)
+        return sample;
+    const double held = kKnee + (kCeiling - kKnee) * std::tanh((size - kKnee) / (kCeiling - kKnee));
+    return static_cast<std::int16_t>(std::copysign(held, sample));
+}
+
 /// Hands what the synthesizer makes of one utterance on to a stream.
 class Transcript {
 public:
@@ -30,7 +45,8 @@ public:
         : utterance_(utterance), stream_(stream), start_(stream.written()) {}
 
     /// False: nobody listens any more.
-    bool take(std::span<const std::int16_t> samples, const espeak_EVENT* events) {
+    bool take(std::span<std::int16_t> samples, const espeak_EVENT* events) {
+        std::ranges::transform(samples, samples.begin(), limited);
         for (; events->type != espeakEVENT_LIST_TERMINATED; ++events)
             note(*events);
         return stream_.append(samples, std::exchange(events_, {}));

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kSlowest = 80;
 constexpr int kFastest = 600;
-constexpr int kLoudest = 100; // more would clip some voices
+constexpr int kLoudest = 200;
 constexpr int kStyleLoudest = 65535;
 constexpr int kStrong = 3;
 constexpr double kReducedLoudness = 0.65;
@@ -38,10 +38,10 @@ int pitchFor(double factor) {
     return 99;
 }
 
-int volumeFor(const character::VoiceStyle& style) {
+int volumeFor(const character::VoiceStyle& style, const Timbre& timbre) {
     if (style.volume <= 0)
         return 0;
-    double volume = static_cast<double>(style.volume) * kLoudest / kStyleLoudest;
+    double volume = static_cast<double>(style.volume) * timbre.loudness / kStyleLoudest;
     if (style.emphasis == character::Emphasis::Reduced)
         volume *= kReducedLoudness;
     return std::clamp(static_cast<int>(std::lround(volume)), 1, kLoudest);
@@ -53,11 +53,11 @@ Prosody prosodyOf(const character::VoiceStyle& style, const Timbre& timbre) {
     Prosody prosody;
     const double rate = style.wordsPerMinute.value_or(timbre.wordsPerMinute) * (style.speedPercent / 100.0);
     prosody.rate = static_cast<int>(std::clamp(std::round(rate), 1.0 * kSlowest, 1.0 * kFastest));
-    const bool flat = style.tone == character::Tone::Monotone || !style.melody;
+    const bool flat = style.tone == character::Tone::Monotone || !style.melody || timbre.range == 0;
     prosody.range = flat ? 0 : timbre.range;
     const double hertz = style.pitchHertz.value_or(timbre.ownHertz) * (style.pitchPercent / 100.0);
     prosody.pitch = pitchFor(hertz / timbre.middleHertz / (flat ? kMonotoneDrop : 1.0));
-    prosody.volume = volumeFor(style);
+    prosody.volume = volumeFor(style, timbre);
     prosody.emphasis = style.emphasis == character::Emphasis::Strong ? kStrong : 0;
     prosody.spelled = style.spelled;
     return prosody;

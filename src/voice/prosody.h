@@ -10,7 +10,7 @@ struct Prosody {
     int rate = 165;   ///< words per minute, 80 to 600
     int pitch = 50;   ///< 0 to 99; 50 is the voice's own
     int range = 50;   ///< 0 to 99; 0 is a monotone
-    int volume = 100; ///< 0 to 100
+    int volume = 100; ///< 0 to 200; 100 is the voice's own
     int emphasis = 0; ///< 0 none, 3 strong
     bool spelled = false;
 

@@ -1,7 +1,9 @@
 #include "voice/timbre.h"
 
+#include "voice/manner.h"
 #include "voice/mode_ids.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -21,6 +23,15 @@ struct Variant {
 constexpr Variant kMen[] = {{"m1", 97},  {"m2", 103}, {"m3", 110}, {"m4", 96},
                             {"m5", 106}, {"m6", 104}, {"m7", 110}, {"m8", 89}};
 constexpr Variant kWomen[] = {{"f1", 184}, {"f2", 200}, {"f3", 216}, {"f4", 182}, {"f5", 208}};
+
+/// Others whose pitch or loudness is not that of the plain voice, in case a file names them.
+constexpr Variant kOthers[] = {{"UniRobot", 137}};
+
+/// What makes these as loud as the others, in per cent.
+constexpr struct {
+    const char* name;
+    int loudness;
+} kLoudness[] = {{"m8", 150}, {"m3", 90}, {"UniRobot", 115}};
 
 /// Above this a man's variant would have to be strained; a woman's carries the voice better, be it a man's.
 constexpr int kHighHertz = 150;
@@ -52,7 +63,11 @@ private:
 };
 
 Timbre made(const Variant& variant, bool female) {
-    return {variant.name, variant.hertz, variant.hertz, 50, 165, female};
+    Timbre timbre{variant.name, variant.hertz, variant.hertz, 50, 165, female};
+    for (const auto& [name, loudness] : kLoudness)
+        if (timbre.variant == name)
+            timbre.loudness = loudness;
+    return timbre;
 }
 
 /// What the file says, or else the voice that it names; without either, as chance will have it.
@@ -72,19 +87,17 @@ double ageFactor(const character::VoiceSettings& settings) {
     return years >= kOldYears ? 0.92 : 1.0;
 }
 
-} // namespace
-
-Timbre numberedTimbre(Gender gender, unsigned number) {
-    const bool female = gender == Gender::Female;
-    const std::span<const Variant> variants = female ? std::span<const Variant>(kWomen) : kMen;
-    return made(variants[number % variants.size()], female);
+void obey(const Manner& manner, Timbre& timbre) {
+    if (manner.whispers)
+        timbre.variant = timbre.female ? "whisperf" : "whisper";
+    timbre.range = std::min(timbre.range * manner.melody / 100, 99);
+    timbre.wordsPerMinute = timbre.wordsPerMinute * manner.speed / 100;
+    timbre.ownHertz = timbre.ownHertz * manner.pitch / 100;
+    timbre.loudness = timbre.loudness * manner.loudness / 100;
 }
 
-Timbre ownTimbre(const character::CharacterData& character) {
-    const character::VoiceSettings settings = character.voice.value_or(character::VoiceSettings{});
-    Mixer mixer;
-    mixer.add(character.guid);
-    mixer.add(settings.mode);
+/// In a stable way one of those of a kind, with a pitch, a melody and a pace of its own.
+Timbre drawn(const character::VoiceSettings& settings, Mixer& mixer) {
     const bool female = isFemale(settings, mixer);
     const bool high = female || settings.pitchHertz.value_or(0) > kHighHertz;
     Timbre timbre = numberedTimbre(
@@ -98,6 +111,27 @@ Timbre ownTimbre(const character::CharacterData& character) {
     return timbre;
 }
 
+} // namespace
+
+Timbre numberedTimbre(Gender gender, unsigned number) {
+    const bool female = gender == Gender::Female;
+    const std::span<const Variant> variants = female ? std::span<const Variant>(kWomen) : kMen;
+    return made(variants[number % variants.size()], female);
+}
+
+Timbre ownTimbre(const character::CharacterData& character) {
+    const character::VoiceSettings settings = character.voice.value_or(character::VoiceSettings{});
+    Mixer mixer;
+    mixer.add(character.guid);
+    mixer.add(settings.mode);
+    const Manner manner = mannerOf(settings.traits ? settings.traits->style : std::string());
+    Timbre timbre = manner.variant.empty() ? drawn(settings, mixer) : namedTimbre(manner.variant);
+    if (!manner.variant.empty() && settings.traits)
+        timbre.female = settings.traits->gender == Gender::Female;
+    obey(manner, timbre);
+    return timbre;
+}
+
 Timbre namedTimbre(const std::string& variant) {
     for (const Variant& man : kMen)
         if (variant == man.name)
@@ -105,9 +139,10 @@ Timbre namedTimbre(const std::string& variant) {
     for (const Variant& woman : kWomen)
         if (variant == woman.name)
             return made(woman, true);
-    Timbre timbre;
-    timbre.variant = variant;
-    return timbre;
+    for (const Variant& other : kOthers)
+        if (variant == other.name)
+            return made(other, false);
+    return made({variant.c_str(), Timbre{}.middleHertz}, false);
 }
 
 } // namespace brovin::voice

@@ -14,6 +14,7 @@ struct Timbre {
     int range = 50;           ///< of the melody, 0 to 99
     int wordsPerMinute = 165; ///< where nothing else is asked for
     bool female = false;
+    int loudness = 100; ///< per cent of what the variant has by itself
 
     bool operator==(const Timbre&) const = default;
 };
@@ -22,8 +23,8 @@ struct Timbre {
 /// more. A neutral one is taken from the men's.
 [[nodiscard]] Timbre numberedTimbre(character::Gender gender, unsigned number);
 
-/// The character's own: of the gender, age and pitch that its file says, and otherwise its very own in a
-/// stable way.
+/// The character's own: the variant that the style in its file names (`manner.h`), else one of the gender,
+/// age and pitch that the file says, and otherwise its very own in a stable way.
 [[nodiscard]] Timbre ownTimbre(const character::CharacterData& character);
 
 /// The timbre of a variant that the synthesizer knows, by its name.

@@ -35,9 +35,9 @@ struct Synthesis {
     [[nodiscard]] static bool audible(std::int16_t sample) { return std::abs(sample) > 150; }
 };
 
-inline Synthesis synthesise(const VoiceChoice& voice, std::string_view text) {
+inline Synthesis synthesise(const VoiceChoice& voice, const std::vector<character::SpokenRun>& runs) {
     const auto engine = SpeechEngine::shared();
-    SpeechJob job = voice.jobFor(runsOf(text));
+    SpeechJob job = voice.jobFor(runs);
     const auto stream = job.stream = std::make_shared<SpeechStream>();
     engine->speak(std::move(job));
     Synthesis result;
@@ -54,6 +54,10 @@ inline Synthesis synthesise(const VoiceChoice& voice, std::string_view text) {
     }
     result.over = stream->over();
     return result;
+}
+
+inline Synthesis synthesise(const VoiceChoice& voice, std::string_view text) {
+    return synthesise(voice, runsOf(text));
 }
 
 } // namespace brovin::voice

@@ -90,6 +90,15 @@ TEST(VoiceChoice, givesEachCharacterAVoiceOfItsOwn) {
     EXPECT_EQ(bird.variant.front(), 'f') << "no man's voice is as high";
     EXPECT_FALSE(bird.female);
 
+    character::CharacterData named = characterOf(Gender::Male, 0, 1);
+    named.voice->traits->style = "Monotone, voice UniRobot";
+    EXPECT_EQ(ownTimbre(named).variant, "UniRobot");
+    EXPECT_EQ(prosodyOf({}, ownTimbre(named)).range, 0);
+    named.voice->traits->style = "calm,voice ../../etc/passwd, QUIET";
+    EXPECT_EQ(ownTimbre(named).variant, wizard.variant) << "no name, so as without";
+    EXPECT_LT(ownTimbre(named).range, wizard.range);
+    EXPECT_LT(prosodyOf({}, ownTimbre(named)).volume, prosodyOf({}, wizard).volume);
+
     character::CharacterData child = characterOf(Gender::Female, 0, 1);
     child.voice->traits->ageYears = 8;
     EXPECT_GT(ownTimbre(child).ownHertz, ownTimbre(characterOf(Gender::Female, 0, 1)).ownHertz);
