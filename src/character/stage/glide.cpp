@@ -10,12 +10,18 @@ namespace {
 
 constexpr Milliseconds kScreenStep{16};
 
+/// Of the way, at a part of the time: it sets out and arrives gently, and is fastest in the middle.
+double eased(double part) {
+    return part * part * (3 - 2 * part);
+}
+
 } // namespace
 
 Place Glide::at(Moment now) const {
     if (over(now))
         return to_;
-    const double part = static_cast<double>((now - start_).count()) / static_cast<double>(time_.count());
+    const double part =
+        eased(static_cast<double>((now - start_).count()) / static_cast<double>(time_.count()));
     const auto between = [part](int from, int to) {
         return from + static_cast<int>(std::lround((to - from) * part));
     };

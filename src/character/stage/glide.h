@@ -5,7 +5,7 @@
 
 namespace brovin::character {
 
-/// A straight and even way from one place to another. Coordinates are within 16 bits.
+/// A straight way from one place to another, gone gently at both ends. Coordinates are within 16 bits.
 class Glide {
 public:
     /// `time` is above zero.
