@@ -1,6 +1,8 @@
 #include "acsc/command.h"
 #include "acsc/dot.h"
 #include "acsc/drawing/edges.h"
+#include "acsc/file/unpack.h"
+#include "character/acs_writer.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -27,6 +29,47 @@ TEST(Compile, givesTheSameBytesAgainAndAfterUnpacking) {
     EXPECT_EQ(contentOf(first), contentOf(second));
     EXPECT_EQ(contentOf(first), contentOf(third));
     EXPECT_EQ(1, run({QStringLiteral("--unpack"), first, sources})) << "the folder is not empty";
+}
+
+/// Taken apart and compiled again.
+std::vector<std::uint8_t> throughTheSources(const character::CharacterData& data) {
+    const QTemporaryDir folder;
+    Problems problems;
+    unpackCharacter(data, folder.filePath(QStringLiteral("sources")), problems);
+    const CharacterSource source = readCharacterSource(folder.filePath(QStringLiteral("sources")), problems);
+    const character::CharacterData again = compileCharacter(source, problems);
+    EXPECT_EQ(QString(), problems.list().join(QLatin1Char('\n')));
+    return *character::writeCharacter(again);
+}
+
+TEST(Compile, keepsWhatOnlySomeFilesHave) {
+    character::CharacterData data = DotFolder().compile();
+    data.trayIcon = {character::SharedBytes(std::vector<std::uint8_t>(40, 1)),
+                     character::SharedBytes(std::vector<std::uint8_t>(99, 2))};
+    data.info[1].language = 0;
+    EXPECT_EQ(*character::writeCharacter(data), throughTheSources(data));
+    data.animations.clear();
+    data.states.clear();
+    data.images.clear();
+    data.sounds.clear();
+    EXPECT_EQ(*character::writeCharacter(data), throughTheSources(data)) << "no animations at all";
+}
+
+TEST(Example, compilesUnderItsOwnNameAndCanBeExported) {
+    const QTemporaryDir folder;
+    const QString sources = folder.filePath(QStringLiteral("Pip \"the\" Dot"));
+    const QString file = folder.filePath(QStringLiteral("pip.acs"));
+    const QString picture = folder.filePath(QStringLiteral("hop.png"));
+    ASSERT_EQ(0, run({QStringLiteral("--new"), sources}));
+    EXPECT_EQ(1, run({QStringLiteral("--new"), sources})) << "it is there already";
+    ASSERT_EQ(0, run({sources, QStringLiteral("-o"), file}));
+    EXPECT_TRUE(contentOf(file).contains(QByteArray("P\0i\0p\0 \0\"\0", 10)));
+    ASSERT_EQ(0, run({QStringLiteral("--export"), file, QStringLiteral("hop"), picture}));
+    const QByteArray png = contentOf(picture);
+    EXPECT_EQ(QSize(32, 32), QImage(picture).size());
+    EXPECT_EQ(9, png.count("fcTL")) << "in and once round";
+    EXPECT_EQ(8, png.count("fdAT"));
+    EXPECT_EQ(1, run({QStringLiteral("--export"), file, QStringLiteral("Nothing"), picture}));
 }
 
 TEST(Compile, leavesTheOldFileWhenTheSourceIsBad) {
@@ -87,6 +130,25 @@ TEST(Compile, leadsFromEveryFrameBackToNeutral) {
         }
 }
 
+TEST(Compile, takesTheAuthorsWayBackAndWarnsAboutWhatNobodySees) {
+    DotFolder dot;
+    const character::CharacterData data = dot.compile();
+    const Animation& wave = animation(data, "Wave");
+    std::size_t shown = 0;
+    for (std::size_t at = 15; at < wave.frames.size() - 1; ++shown)
+        at = wave.frames[at].exitFrame.value_or(static_cast<std::uint16_t>(at + 1));
+    EXPECT_EQ(8U, shown) << "from where it stands, frame by frame, and not back through the way in";
+
+    dot.replace(QStringLiteral("animations/all.json"), QStringLiteral("\"speaks\": true,\n"),
+                QStringLiteral("\"exits\": [{\"at\": 8, \"to\": 13}], \"speaks\": true,\n"));
+    Problems problems;
+    const CharacterSource source = dot.read(problems);
+    (void)compileCharacter(source, problems);
+    EXPECT_TRUE(problems.none());
+    EXPECT_EQ(QStringList{QStringLiteral("animations/all.json, Wave: nothing leads to frame 9, 10, 11, 12")},
+              problems.warnings());
+}
+
 TEST(Check, failsAboveItsLimitOnly) {
     const DotFolder dot;
     EXPECT_EQ(0, run({QStringLiteral("--check"), dot.path(), QStringLiteral("3")}));
@@ -108,6 +170,9 @@ TEST(Sheet, hasARowForEachAnimationThatIsNamed) {
     ASSERT_EQ(0, run({QStringLiteral("--sheet"), dot.path(), sheet, QStringLiteral("Blink")}));
     EXPECT_EQ(6 * 34, QImage(sheet).width());
     EXPECT_EQ(1, run({QStringLiteral("--sheet"), dot.path(), sheet, QStringLiteral("Nobody")}));
+    ASSERT_EQ(0, run({QStringLiteral("--silhouettes"), dot.path(), sheet, QStringLiteral("Wave")}));
+    EXPECT_EQ(0xFF000000U, QImage(sheet).pixel(16, 16)) << "black on white";
+    EXPECT_EQ(0xFFFFFFFFU, QImage(sheet).pixel(0, 0));
     const QString pictures = dot.path(QStringLiteral("film-%02d.png"));
     ASSERT_EQ(0, run({QStringLiteral("--film"), dot.path(), QStringLiteral("Blink"), pictures}));
     EXPECT_EQ(6, QDir(dot.path()).entryList({QStringLiteral("film-*.png")}).size());

@@ -1,8 +1,11 @@
 #include "acsc/command.h"
 
 #include "acsc/drawing/edges.h"
+#include "acsc/drawing/moving_picture.h"
 #include "acsc/drawing/sheet.h"
+#include "acsc/drawing/silhouettes.h"
 #include "acsc/file/compile.h"
+#include "acsc/file/example.h"
 #include "acsc/file/listing.h"
 #include "acsc/file/unpack.h"
 #include "acsc/movement/smoothness.h"
@@ -25,14 +28,19 @@ namespace {
 constexpr const char* kUsage =
     "Usage:\n"
     "  acsc FOLDER -o FILE.acs                     compile a character\n"
+    "  acsc --new FOLDER                           write a small complete example, named like its folder\n"
     "  acsc --sheet FOLDER OUT.png [ANIMATION...]  draw a contact sheet\n"
+    "  acsc --silhouettes FOLDER OUT.png [ANIMATION...]  each animation in black on white\n"
     "  acsc --film FOLDER ANIMATION OUT            OUT.gif (needs ffmpeg) or OUT-%03d.png\n"
     "  acsc --check FOLDER [PIXELS]                show the largest jump of a part; fail above PIXELS\n"
     "  acsc --edges FOLDER                         show where pictures touch the frame's edges\n"
     "  acsc --list FILE.acs                        tell what is in a character file\n"
+    "  acsc --export FILE.acs ANIMATION OUT.png    an animation as an animated PNG\n"
     "  acsc --unpack FILE.acs FOLDER               take a character file apart into sources\n";
 
 int report(const Problems& problems) {
+    for (const QString& warning : problems.warnings())
+        std::fprintf(stderr, "acsc: warning: %s\n", qUtf8Printable(warning));
     for (const QString& problem : problems.list())
         std::fprintf(stderr, "acsc: %s\n", qUtf8Printable(problem));
     return problems.none() ? 0 : 1;
@@ -64,6 +72,12 @@ void sheet(const QStringList& arguments, Problems& problems) {
     const CharacterSource source = readCharacterSource(arguments[1], problems);
     if (problems.none())
         writeSheet(source, arguments[2], arguments.mid(3), problems);
+}
+
+void silhouettes(const QStringList& arguments, Problems& problems) {
+    const CharacterSource source = readCharacterSource(arguments[1], problems);
+    if (problems.none())
+        writeSilhouettes(source, arguments[2], arguments.mid(3), problems);
 }
 
 void film(const QStringList& arguments, Problems& problems) {
@@ -120,14 +134,26 @@ void unpack(const QStringList& arguments, Problems& problems) {
         unpackCharacter(*data, arguments[2], problems);
 }
 
+void exportFilm(const QStringList& arguments, Problems& problems) {
+    if (const auto data = load(arguments[1], problems))
+        exportAnimation(*data, arguments[2], arguments[3], problems);
+}
+
+void example(const QStringList& arguments, Problems& problems) {
+    writeExample(arguments[1], problems);
+}
+
 const struct {
     const char* name;
     int fewest; ///< arguments, with the name
     int most;
     void (*run)(const QStringList&, Problems&);
 } kCommands[] = {
-    {"--sheet", 3, 10000, sheet}, {"--film", 4, 4, film}, {"--check", 2, 3, check},
-    {"--edges", 2, 2, edges},     {"--list", 2, 2, list}, {"--unpack", 3, 3, unpack},
+    {"--sheet", 3, 10000, sheet}, {"--silhouettes", 3, 10000, silhouettes},
+    {"--film", 4, 4, film},       {"--check", 2, 3, check},
+    {"--edges", 2, 2, edges},     {"--list", 2, 2, list},
+    {"--unpack", 3, 3, unpack},   {"--export", 4, 4, exportFilm},
+    {"--new", 2, 2, example},
 };
 
 } // namespace

@@ -8,4 +8,10 @@ void Problems::add(const QString& where, const QString& what) {
         list_.append(line);
 }
 
+void Problems::warn(const QString& where, const QString& what) {
+    const QString line = where + QStringLiteral(": ") + what;
+    if (!warnings_.contains(line))
+        warnings_.append(line);
+}
+
 } // namespace brovin::acsc

@@ -33,7 +33,10 @@ FilmedAnimation Camera::film(const AnimationSource& animation) {
         result.poses = posesOf(animation, *source_.rig);
         checkEnds(animation, result.poses, *source_.rig, problems_);
     }
-    for (RouteFrame& planned : planRoute(animation, result.poses, source_.rig.get())) {
+    std::vector<RouteFrame> route = planRoute(animation, result.poses, source_.rig.get());
+    if (const QString frames = neverSeen(route); !frames.isEmpty())
+        problems_.warn(animation.where, QStringLiteral("nothing leads to frame %1").arg(frames));
+    for (RouteFrame& planned : route) {
         FilmedFrame frame;
         if (planned.source && animation.fromRig) {
             const bool speaks = animation.speaks && *planned.source == animation.standing();

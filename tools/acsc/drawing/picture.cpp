@@ -10,7 +10,7 @@ namespace brovin::acsc {
 namespace {
 
 /// Samples a pixel, each way; the renderer's own smooth edges come on top.
-constexpr int kSamples = 4;
+constexpr int kSamples = 2;
 
 /// Sums of premultiplied samples.
 struct Sum {

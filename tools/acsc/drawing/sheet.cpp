@@ -28,20 +28,6 @@ QImage checker(QSize size) {
     return image;
 }
 
-std::vector<const AnimationSource*> chosen(const CharacterSource& source, const QStringList& names,
-                                           Problems& problems) {
-    std::vector<const AnimationSource*> result;
-    for (const AnimationSource& animation : source.animations)
-        if (names.isEmpty() || names.contains(animation.name, Qt::CaseInsensitive))
-            result.push_back(&animation);
-    for (const QString& name : names)
-        if (std::none_of(result.begin(), result.end(), [&](const AnimationSource* animation) {
-                return animation->name.compare(name, Qt::CaseInsensitive) == 0;
-            }))
-            problems.add(name, QStringLiteral("there is no animation of this name"));
-    return result;
-}
-
 QString titleOf(const AnimationSource& animation) {
     int hundredths = 0;
     for (const FrameSource& frame : animation.frames)
@@ -52,16 +38,11 @@ QString titleOf(const AnimationSource& animation) {
         .arg(hundredths / 100.0);
 }
 
-void save(const QImage& image, const QString& path, Problems& problems) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit())
-        problems.add(path, QStringLiteral("cannot be written (%1)").arg(file.errorString()));
-}
-
 /// Frames are numbered from 0, as the sources do.
 bool saveSeries(const std::vector<QImage>& frames, const QString& pattern, Problems& problems) {
     for (std::size_t i = 0; i < frames.size() && problems.none(); ++i)
-        save(frames[i], QString::asprintf(pattern.toUtf8().constData(), static_cast<int>(i)), problems);
+        savePicture(frames[i], QString::asprintf(pattern.toUtf8().constData(), static_cast<int>(i)),
+                    problems);
     return problems.none();
 }
 
@@ -90,9 +71,29 @@ void encode(const std::vector<QImage>& frames, int hundredths, const QString& pa
 
 } // namespace
 
+std::vector<const AnimationSource*> chosenAnimations(const CharacterSource& source, const QStringList& names,
+                                                     Problems& problems) {
+    std::vector<const AnimationSource*> result;
+    for (const AnimationSource& animation : source.animations)
+        if (names.isEmpty() || names.contains(animation.name, Qt::CaseInsensitive))
+            result.push_back(&animation);
+    for (const QString& name : names)
+        if (std::none_of(result.begin(), result.end(), [&](const AnimationSource* animation) {
+                return animation->name.compare(name, Qt::CaseInsensitive) == 0;
+            }))
+            problems.add(name, QStringLiteral("there is no animation of this name"));
+    return result;
+}
+
+void savePicture(const QImage& image, const QString& path, Problems& problems) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit())
+        problems.add(path, QStringLiteral("cannot be written (%1)").arg(file.errorString()));
+}
+
 void writeSheet(const CharacterSource& source, const QString& path, const QStringList& animations,
                 Problems& problems) {
-    const auto rows = chosen(source, animations, problems);
+    const auto rows = chosenAnimations(source, animations, problems);
     int columns = 1;
     int lines = 0;
     for (const AnimationSource* animation : rows) {
@@ -128,12 +129,12 @@ void writeSheet(const CharacterSource& source, const QString& path, const QStrin
         top += (animation->length() + kMostColumns - 1) / kMostColumns * cell.height();
     }
     painter.end();
-    save(sheet, path, problems);
+    savePicture(sheet, path, problems);
 }
 
 void writeFilm(const CharacterSource& source, const QString& animation, const QString& path,
                Problems& problems) {
-    const auto found = chosen(source, {animation}, problems);
+    const auto found = chosenAnimations(source, {animation}, problems);
     if (!problems.none())
         return;
     Camera camera(source, problems);

@@ -120,6 +120,10 @@ QString settingsText(const character::CharacterData& data) {
     settings.addText(QStringLiteral("texts"), textsText(data));
     settings.add(QStringLiteral("voice"), voiceOf(data));
     settings.add(QStringLiteral("balloon"), balloonOf(data));
+    if (data.trayIcon)
+        settings.add(QStringLiteral("icon"),
+                     QJsonObject{{QStringLiteral("mask"), QString::fromLatin1(kIconMask)},
+                                 {QStringLiteral("picture"), QString::fromLatin1(kIconPicture)}});
     settings.addText(QStringLiteral("states"), statesText(data));
     settings.add(QStringLiteral("palette"), paletteOf(data));
     return settings.text() + QLatin1Char('\n');

@@ -20,6 +20,10 @@ private:
     QStringList members_;
 };
 
+/// Where the pictures of a character's own icon lie, below its folder.
+inline constexpr const char* kIconMask = "icon/mask.dib";
+inline constexpr const char* kIconPicture = "icon/picture.dib";
+
 /// The text of `character.json` without a drawing; the opposite of `readSettings`.
 [[nodiscard]] QString settingsText(const character::CharacterData& data);
 

@@ -26,6 +26,11 @@ QJsonObject placed(std::size_t image, int x, int y) {
     return {{QStringLiteral("png"), pictureName(image)}, {QStringLiteral("x"), x}, {QStringLiteral("y"), y}};
 }
 
+QByteArray bytesOf(const character::SharedBytes& bytes) {
+    const auto view = bytes.view();
+    return {reinterpret_cast<const char*>(view.data()), static_cast<qsizetype>(view.size())};
+}
+
 /// The pixels of an image; what is damaged or empty becomes one pixel of nothing.
 Picture pictureOf(const character::EncodedImage& image, const character::CharacterData& data) {
     const auto decoded = character::decodeImage(image);
@@ -48,7 +53,7 @@ public:
         : data_(data), folder_(folder), problems_(problems) {}
 
     void run() {
-        for (const char* name : {"pictures", "sounds", "animations"})
+        for (const char* name : {"pictures", "sounds", "animations", "icon"})
             folder_.mkpath(QString::fromLatin1(name));
         for (std::size_t i = 0; i < data_.images.size(); ++i)
             if (!toImage(pictureOf(data_.images[i], data_)).save(folder_.filePath(pictureName(i)), "PNG"))
@@ -59,6 +64,10 @@ public:
         for (std::size_t i = 0; i < data_.animations.size(); ++i)
             write(QStringLiteral("animations/%1.json").arg(i, 4, 10, QLatin1Char('0')),
                   animationText(data_.animations[i]).toUtf8());
+        if (data_.trayIcon) {
+            write(QString::fromLatin1(kIconMask), bytesOf(data_.trayIcon->mask));
+            write(QString::fromLatin1(kIconPicture), bytesOf(data_.trayIcon->picture));
+        }
         write(QStringLiteral("character.json"), settingsText(data_).toUtf8());
     }
 
@@ -70,11 +79,9 @@ private:
     }
 
     void writeSound(std::size_t index) {
-        const auto wave = data_.sounds[index].wave.view();
-        if (!wave.empty())
-            write(
-                QStringLiteral("sounds/%1.wav").arg(soundName(index)),
-                QByteArray(reinterpret_cast<const char*>(wave.data()), static_cast<qsizetype>(wave.size())));
+        const character::SharedBytes& wave = data_.sounds[index].wave;
+        if (!wave.view().empty())
+            write(QStringLiteral("sounds/%1.wav").arg(soundName(index)), bytesOf(wave));
     }
 
     QString animationText(const character::Animation& animation) const {

@@ -2,6 +2,8 @@
 
 #include "acsc/movement/movement.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <limits>
 
@@ -11,19 +13,23 @@ namespace {
 /// Frames whose parts are no further apart than this look almost the same.
 constexpr double kAlmostSamePixels = 1.5;
 
-/// Finds the shortest ways out, by the author's frames.
+/// Finds the ways out, by the author's frames: from where the animation stands or has been round, the
+/// author's own way back to its end; before that the shortest.
 class WaysOut {
 public:
     WaysOut(const AnimationSource& animation, const std::vector<Pose>& poses, const Rig* rig)
-        : animation_(animation), poses_(poses), rig_(rig), exits_(animation.frames.size()),
-          times_(animation.frames.size(), std::numeric_limits<long>::max()) {}
+        : animation_(animation), poses_(poses), rig_(rig), turn_(animation.length() - 1),
+          exits_(animation.frames.size()), times_(animation.frames.size(), std::numeric_limits<long>::max()) {
+        if (animation.holds || animation.loop)
+            turn_ = animation.holds ? *animation.holds : animation.loop->to;
+    }
 
     /// By frame: where to go; the number of frames stands for "the end".
     std::vector<int> find() {
         const int end = animation_.length();
         std::vector<bool> done(exits_.size(), false);
         leave(end - 1);
-        if (leadsBackToBegin())
+        if (leadsBackToBegin() && turn_ > 0)
             leave(0);
         for (;;) {
             const int nearest = nearestOf(done);
@@ -67,6 +73,9 @@ private:
     bool reaches(int from, int to) const {
         if (to == from + 1)
             return true;
+        const bool onTheLoop = animation_.loop && from >= animation_.loop->from;
+        if (from >= turn_ || (onTheLoop && (to < animation_.loop->from || to > turn_ + 1)))
+            return false;
         if (poses_.empty())
             return false;
         if (to == from - 1)
@@ -79,6 +88,7 @@ private:
     const AnimationSource& animation_;
     const std::vector<Pose>& poses_;
     const Rig* rig_;
+    int turn_; ///< the frame behind which the author's way back begins; the last: there is none
     std::vector<int> exits_;
     std::vector<long> times_; ///< hundredths of a second to the end
 };
@@ -135,7 +145,44 @@ bool needsEndPoint(const std::vector<RouteFrame>& route) {
     });
 }
 
+/// By the file's frames: whether it is ever shown, played from the beginning and left anywhere.
+std::vector<bool> seen(const std::vector<RouteFrame>& route) {
+    std::vector<bool> result(route.size(), false);
+    std::vector<int> next{0};
+    while (!next.empty()) {
+        const int frame = next.back();
+        next.pop_back();
+        if (frame >= static_cast<int>(route.size()) || result[static_cast<std::size_t>(frame)])
+            continue;
+        result[static_cast<std::size_t>(frame)] = true;
+        const RouteFrame& at = route[static_cast<std::size_t>(frame)];
+        int left = 100;
+        for (const BranchSource& branch : at.branches) {
+            next.push_back(branch.to);
+            left -= branch.percent;
+        }
+        if (left > 0)
+            next.push_back(frame + 1);
+        if (at.exit)
+            next.push_back(*at.exit);
+    }
+    return result;
+}
+
 } // namespace
+
+QString neverSeen(const std::vector<RouteFrame>& route) {
+    std::vector<int> frames;
+    const std::vector<bool> reached = seen(route);
+    for (std::size_t i = 0; i < route.size(); ++i)
+        if (!reached[i] && route[i].source)
+            frames.push_back(*route[i].source);
+    std::sort(frames.begin(), frames.end());
+    QStringList numbers;
+    for (const int frame : frames)
+        numbers.append(QString::number(frame));
+    return numbers.join(QStringLiteral(", "));
+}
 
 std::vector<RouteFrame> planRoute(const AnimationSource& animation, const std::vector<Pose>& poses,
                                   const Rig* rig) {

@@ -39,6 +39,27 @@ void readSize(JsonSource& character, CharacterSource& result) {
     result.data.height = static_cast<std::uint16_t>(result.size.height());
 }
 
+/// A Windows bitmap from its header on, without the head of a file.
+character::SharedBytes bitmapOf(const JsonSource& name, const QDir& folder) {
+    constexpr qint64 kMost = 256 * 1024;
+    QFile file(folder.filePath(name.text()));
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMost) {
+        name.report(QStringLiteral("cannot be read, or is larger than 256 KiB"));
+        return {};
+    }
+    const QByteArray bytes = file.readAll();
+    return character::SharedBytes(std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+}
+
+void readIcon(JsonSource icon, CharacterSource& result) {
+    if (!icon.present())
+        return;
+    const JsonSource mask = icon.at(QStringLiteral("mask"));
+    const JsonSource picture = icon.at(QStringLiteral("picture"));
+    result.data.trayIcon = {bitmapOf(mask, result.folder), bitmapOf(picture, result.folder)};
+    icon.expectNoMore();
+}
+
 void readRig(JsonSource& character, CharacterSource& result, Problems& problems) {
     const JsonSource named = character.at(QStringLiteral("rig"));
     const QString file = named.isText() ? named.text() : QStringLiteral("rig.svg");
@@ -66,7 +87,7 @@ void readAnimations(CharacterSource& result, Problems& problems) {
             result.animations.push_back(readAnimation(name, animation, result.rig.get()));
         }
     }
-    if (files.isEmpty())
+    if (files.isEmpty() && !folder.exists()) // an empty folder says that there are to be none
         problems.add(folder.path(), QStringLiteral("there are no animations"));
 }
 
@@ -123,6 +144,7 @@ CharacterSource readCharacterSource(const QString& folder, Problems& problems) {
     readSettings(character, result.data);
     readSize(character, result);
     result.palette = readPaletteWishes(character.at(QStringLiteral("palette")));
+    readIcon(character.at(QStringLiteral("icon")), result);
     readRig(character, result, problems);
     readAnimations(result, problems);
     readStates(character.at(QStringLiteral("states")), result);

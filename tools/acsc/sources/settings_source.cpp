@@ -62,8 +62,9 @@ void readTexts(JsonSource& character, character::CharacterData& data) {
     for (const QString& language : texts.keys()) {
         JsonSource entry = texts.at(language);
         character::LocalizedInfo info;
-        info.language = languageId(language);
-        if (info.language == 0)
+        const auto id = languageId(language);
+        info.language = id.value_or(0);
+        if (!id)
             entry.report(QStringLiteral("the language is unknown; its number \"0x0409\" will do as well"));
         info.name = entry.text(QStringLiteral("name"), name).toStdString();
         info.description = entry.text(QStringLiteral("description")).toStdString();
@@ -80,8 +81,9 @@ void readTraits(JsonSource& voice, character::VoiceSettings& settings) {
         return;
     character::VoiceTraits traits;
     const QString language = voice.text(QStringLiteral("language"), QStringLiteral("en"));
-    traits.language = languageId(language);
-    if (traits.language == 0)
+    const auto id = languageId(language);
+    traits.language = id.value_or(0);
+    if (!id)
         voice.report(QStringLiteral("the language \"%1\" is unknown").arg(language));
     const QStringList genders{QStringLiteral("neutral"), QStringLiteral("female"), QStringLiteral("male")};
     const auto gender = genders.indexOf(voice.text(QStringLiteral("gender"), genders.first()));
@@ -164,12 +166,12 @@ PaletteWishes readPaletteWishes(JsonSource palette) {
     return wishes;
 }
 
-character::LanguageId languageId(const QString& name) {
+std::optional<character::LanguageId> languageId(const QString& name) {
     if (const auto known = text::languageId(name.toStdString()))
-        return *known;
+        return known;
     bool good = false;
     const auto number = name.startsWith(QLatin1String("0x")) ? name.mid(2).toUShort(&good, 16) : ushort{0};
-    return good ? number : 0;
+    return good ? std::optional<character::LanguageId>(number) : std::nullopt;
 }
 
 QString languageName(character::LanguageId language) {

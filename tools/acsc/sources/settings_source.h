@@ -4,6 +4,8 @@
 #include "acsc/sources/json_source.h"
 #include "character/character_data.h"
 
+#include <optional>
+
 namespace brovin::acsc {
 
 /// The members of `character.json` that say who the character is: identifier, versions, texts, voice and
@@ -12,8 +14,8 @@ void readSettings(JsonSource& character, character::CharacterData& data);
 
 [[nodiscard]] PaletteWishes readPaletteWishes(JsonSource palette);
 
-/// The identifier of a language such as "en" or "pt-BR", or "0x0409"; 0: unknown.
-[[nodiscard]] character::LanguageId languageId(const QString& name);
+/// The identifier of a language such as "en" or "pt-BR", or "0x0409"; nullopt: unknown.
+[[nodiscard]] std::optional<character::LanguageId> languageId(const QString& name);
 /// The other way; "0x1234" for those without a name.
 [[nodiscard]] QString languageName(character::LanguageId language);
 
