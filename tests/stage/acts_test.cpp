@@ -179,9 +179,9 @@ TEST(MoveTo, isSeenNoMoreOftenThanAScreenShowsIt) {
     ShownWorld world;
     world.calls = 0;
     world.stage->moveTo({3'000, 2'000}, Milliseconds{1'600});
-    world.pass(Milliseconds{160});
+    world.pass(Milliseconds{360});
     EXPECT_NEAR(84, world.stage->place().x, 30) << "it sets out gently";
-    world.pass(Milliseconds{1'840});
+    world.pass(Milliseconds{1'640});
     EXPECT_EQ((Place{3'000, 2'000}), world.stage->place());
     EXPECT_NEAR(100, world.calls, 10);
 }

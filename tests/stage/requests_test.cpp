@@ -63,7 +63,7 @@ TEST(RequestQueue, stopsEveryKindOfRequest) {
         {"Speak", kSpeak, -1, {}},
         {"Speak", kSpeak, 50, {"silence", "frame RestPose0", "balloon gone", "balloon hidden"}},
         {"MoveTo, taking the pose", kMove, 50, {}},
-        {"MoveTo, half-way", kMove, 700, {"move 50,0 2"}},
+        {"MoveTo, half-way", kMove, 700, {"move 49,0 2"}},
         {"GestureAt", kGesture, 50, {}},
     };
     for (const auto& [what, call, after, effects] : cases)
