@@ -34,7 +34,7 @@ bool write(const fs::path& file, const std::string& text) {
 }
 
 constexpr std::string_view kHead =
-    R"(# To be included where nginx.conf has its "server" blocks. Only "root" is to be filled in.
+    R"(# To be included in the block "http" of nginx.conf. Where the folder is moved to, "root" is changed.
 map $args $brovin_answer {
     default /answers/none;
     ~^myid=brovin(&|$) /answers/program;
