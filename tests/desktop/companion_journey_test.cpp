@@ -153,6 +153,37 @@ TEST(CompanionJourney, answersTheHandThatTouchesIt) {
     EXPECT_EQ("621", world.stored("AgentY"));
 }
 
+TEST(CompanionJourney, staysOnTheMonitorThatItWasDraggedTo) {
+    const auto xrandr = [](const QString& command) {
+        EXPECT_EQ(0, QProcess::execute("xrandr", command.split(QLatin1Char(' '))));
+    };
+    xrandr("--setmonitor left 512/100x768/200+0+0 screen");
+    xrandr("--setmonitor right 512/100x600/200+512+0 none");
+    ASSERT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 2; }));
+    {
+        CompanionWorld world;
+        world.makeFile("config/Brovin/Brovin.conf", "[Settings]\nAgentX=150\nAgentY=300\n");
+        world.start();
+        ASSERT_TRUE(waitUntil([] { return CompanionWorld::figure() != nullptr; }));
+        ASSERT_EQ(QPoint(150, 300), CompanionWorld::figure()->place());
+        const QPoint grip = gripOn();
+        const QPoint to = grip + QPoint(500, -50);
+        input(at(grip) + QStringList{"mousedown", "1"} + at((grip + to) / 2) + at(to) +
+              QStringList{"mouseup", "1"});
+        EXPECT_TRUE(waitUntil([&world] { return world.stored("AgentX") == "650"; }));
+        letPass(500);
+        Journey::takePicture("on the other monitor");
+        EXPECT_EQ(QPoint(650, 250), CompanionWorld::figure()->place());
+        world.program.reset();
+        world.start();
+        ASSERT_TRUE(waitUntil([] { return CompanionWorld::figure() != nullptr; }));
+        EXPECT_EQ(QPoint(650, 250), CompanionWorld::figure()->place());
+    }
+    xrandr("--delmonitor right");
+    xrandr("--delmonitor left");
+    EXPECT_TRUE(waitUntil([] { return QGuiApplication::screens().size() == 1; }));
+}
+
 /// The windows of the binary itself that are on the screen, of this title alone where one is given.
 QByteArray windowsOf(const Process& program, const QStringList& title = {}) {
     return askDesktop(

@@ -138,6 +138,7 @@ struct CompanionWorld : DesktopWorld {
             return desktop::CharacterAudio{std::move(voice),
                                            std::make_unique<NotingSounds>(heard),
                                            [noting](auto language) { noting->setLanguage(language); },
+                                           {},
                                            {}};
         };
     }
