@@ -20,6 +20,7 @@
 #include "desktop/window/accessibility.h"
 #include "desktop/window/form_window.h"
 #include "desktop/window/options_window.h"
+#include "desktop/window/preview_window.h"
 #include "desktop/window/starter_window.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
@@ -148,6 +149,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     DesktopMachine& machine = parts_->machine;
     OptionsWindow& window = parts_->window;
     showWhileVisible<StarterWindow>(form().frmStarter, window);
+    showWhileVisible<PreviewWindow>(parts_->program.frmPreview(), window);
     window.company = [&machine] { return machine.characters.company(); };
     machine.dialogs.setOwner(&window);
     machine.updates.setOwner(&window);

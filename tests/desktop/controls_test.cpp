@@ -3,14 +3,18 @@
 #include "desktop/desktop_world.h"
 #include "desktop/machine/qt_dialogs.h"
 #include "desktop/machine/timer_binding.h"
+#include "desktop/widgets/table_view.h"
 
 #include <QDateTimeEdit>
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTest>
 #include <QValidator>
+
+#include <ctime>
 
 namespace brovin::tests {
 namespace {
@@ -118,6 +122,48 @@ TEST(Ticks, comeWhenTheyAreDue) {
     form.timer.setEnabled(true);
     EXPECT_LE(binding.untilNextTick(), form.timer.interval()) << "not rounded to whole seconds";
     EXPECT_GT(binding.untilNextTick(), std::chrono::seconds(30));
+}
+
+TEST(TableView, answersAtOnceWithAMillionLines) {
+    ui::Form form;
+    ui::Table table(form, "tblFound");
+    std::vector<std::string> told;
+    table.setColumns({{"Name"}, {"Size", true}});
+    table.line = [](std::size_t line) {
+        return ui::Table::Line{line % 100 == 0, true, line == 1, {"line " + std::to_string(line), "4 KB"}};
+    };
+    table.titleClick = [&told](std::size_t column) { told.push_back("title " + std::to_string(column)); };
+    table.tick = [&told](std::size_t line, bool on) {
+        told.push_back("tick " + std::to_string(line) + (on ? " on" : " off"));
+    };
+    table.activate = [&told](std::size_t line) { told.push_back("open " + std::to_string(line)); };
+    desktop::TableView view(table);
+    view.resize(600, 400);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    std::clock_t longest = 0; // of the processor: the machine may be busy with something else
+    const auto timed = [&longest](const std::function<void()>& act) {
+        const std::clock_t begun = std::clock();
+        act();
+        QCoreApplication::processEvents();
+        longest = std::max(longest, std::clock() - begun);
+    };
+    constexpr std::size_t kLines = 1'000'000;
+    for (std::size_t lines = 50'000; lines <= kLines; lines += 50'000)
+        timed([&] { table.setLines(lines); });
+    timed([&] { table.renew(kLines); });
+    view.selectRow(0);
+    timed([&] { QTest::keyClick(&view, Qt::Key_End, Qt::ControlModifier); });
+    EXPECT_EQ(kLines - 1, table.selected());
+    timed([&] { table.refresh(); });
+    EXPECT_LE(longest * 1000 / CLOCKS_PER_SEC, 50) << "milliseconds";
+
+    view.selectRow(1);
+    QTest::keyClick(&view, Qt::Key_Space);
+    QTest::keyClick(&view, Qt::Key_Return);
+    const QRect title(view.horizontalHeader()->sectionViewportPosition(1), 0, 20, 10);
+    QTest::mouseClick(view.horizontalHeader()->viewport(), Qt::LeftButton, {}, title.center());
+    EXPECT_EQ((std::vector<std::string>{"tick 1 off", "open 1", "title 1"}), told);
 }
 
 } // namespace

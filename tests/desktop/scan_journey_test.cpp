@@ -285,7 +285,7 @@ TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
 
 TEST(ScanJourney, showsHowFarItIsAndStopsByItsButton) {
     DesktopWorld world;
-    constexpr int kFiles = 12'000;
+    constexpr int kFiles = 6000;
     for (int i = 0; i < kFiles; ++i)
         world.makeFile(QString("Share/%1/._%2").arg(i / 500).arg(i));
     world.start();

@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QPalette>
 #include <QPixmap>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -85,6 +86,8 @@ public:
                 {theme, QStringLiteral("score"), "scoreWindow", [&form] { form.cmdScore.click(); }, nullptr});
             shots_.push_back(
                 {theme, QStringLiteral("log"), "logWindow", [&form] { form.cmdSearchLog.click(); }, nullptr});
+            shots_.push_back({theme, QStringLiteral("preview"), "frmPreview", [this] { openPreview(); },
+                              [this] { closePreview(); }});
         }
         QObject::connect(&timer_, &QTimer::timeout, [this] { advance(); });
         timer_.start(250);
@@ -111,6 +114,14 @@ private:
             QApplication::setPalette(darkPalette());
         shots_[next_].pose();
     }
+
+    /// With a line chosen, so that it tells what is lost.
+    void openPreview() {
+        program_.form().cmdPreview.click();
+        program_.window().findChild<QTableView*>(QStringLiteral("tblFound"))->selectRow(2);
+    }
+    /// By its close box.
+    void closePreview() { program_.window().findChild<QWidget*>(QStringLiteral("frmPreview"))->close(); }
 
     void take(const Shot& shot) {
         QWidget* shown = &program_.window();

@@ -49,8 +49,12 @@ QWidget* makeFoldersPage(ui::FrmOptions& form, QWidget* parent) {
     large.setBold(true);
     scan->setFont(large);
     scan->setMinimumHeight(scan->sizeHint().height() + 12);
-    layout->addWidget(scan);
-    layout->addWidget(bound<QPushButton>(form.cmdPreview, page));
+    auto* preview = bound<QPushButton>(form.cmdPreview, page);
+    preview->setMinimumHeight(scan->minimumHeight());
+    auto* scanning = new QHBoxLayout;
+    scanning->addWidget(scan, 1);
+    scanning->addWidget(preview);
+    layout->addLayout(scanning);
     auto* inVain = bound<QLabel>(form.lblNoNames, page);
     inVain->setWordWrap(true);
     layout->addWidget(inVain);

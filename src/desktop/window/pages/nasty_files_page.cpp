@@ -16,19 +16,23 @@ QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
     layout->addLayout(listWithHint(list, form.picAddFile), 1);
     QLabel* known = textLine(form.sbKnown, page, [&form] { return qt(form.sbKnown.panel()); });
     known->setObjectName(qt(form.sbKnown.name()));
-    known->setMinimumHeight(2 * known->fontMetrics().lineSpacing()); // nothing moves from name to name
+    known->setMinimumHeight(3 * known->fontMetrics().lineSpacing()); // nothing moves from name to name
     known->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(known);
+    auto* knowing = new QHBoxLayout;
+    knowing->addWidget(known, 1);
+    knowing->addWidget(bound<QPushButton>(form.cmdStarter, page), 0, Qt::AlignTop);
+    layout->addLayout(knowing);
     layout->addLayout(
-        row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page),
-             bound<QPushButton>(form.cmdStarter, page)}));
+        row({bound<QPushButton>(form.cmdAddFile, page), bound<QPushButton>(form.cmdRemoveFile, page)}));
     layout->addWidget(bound<QCheckBox>(form.chkDotDash, page));
     layout->addWidget(bound<QCheckBox>(form.chkIcon, page));
     layout->addWidget(bound<QCheckBox>(form.chkSpare, page));
-    auto* kept = bound<QListWidget>(form.lstKeep, page);
-    kept->setTextElideMode(Qt::ElideMiddle);
-    layout->addWidget(labelAbove(kept, form.lblKeep, page));
-    layout->addWidget(kept, 1);
+    auto* keep = bound<QListWidget>(form.lstKeep, page);
+    keep->setTextElideMode(Qt::ElideMiddle);
+    constexpr int kLinesKept = 3;
+    keep->setFixedHeight(kLinesKept * keep->fontMetrics().lineSpacing() + 2 * keep->frameWidth());
+    layout->addWidget(labelAbove(keep, form.lblKeep, page));
+    layout->addWidget(keep);
     layout->addLayout(
         row({bound<QPushButton>(form.cmdAddKeep, page), bound<QPushButton>(form.cmdRemoveKeep, page)}));
     return page;

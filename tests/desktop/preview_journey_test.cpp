@@ -1,0 +1,229 @@
+// What the next scan would delete, looked at, chosen from and deleted by real clicks; and the Keep List.
+
+#include "desktop/desktop_world.h"
+#include "desktop/journey.h"
+#include "desktop/real_input.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include <ctime>
+#include <iostream>
+
+namespace brovin::tests {
+namespace {
+
+/// A shared disk with clutter, which is watched, and the window shown.
+struct PreviewWorld : DesktopWorld {
+    PreviewWorld() {
+        for (const char* file : {"Share/Photos/Thumbs.db", "Share/Music/Thumbs.db", "Share/Music/._song"})
+            makeFile(file, QByteArray(5000, 'x'));
+        makeFile("config/Brovin/Brovin.conf", "[Settings]\n[filelist.txt]\nNumber=1\nEntry1=thumbs.db\n"
+                                              "[foldlist.txt]\nNumber=1\nEntry1=" +
+                                                  path("Share").toLower().toUtf8() +
+                                                  "\nPath1=" + path("Share").toUtf8() + "\n");
+        start();
+        form().mPopRestore.click();
+    }
+
+    [[nodiscard]] QTableView* table() const { return qobject_cast<QTableView*>(widget("tblFound")); }
+    [[nodiscard]] bool shows(int rows) const {
+        return table() != nullptr && table()->window()->isActiveWindow() &&
+               widget("cmdSearchAgain")->isEnabled() && table()->model()->rowCount() == rows;
+    }
+    /// The line with this text in its name or folder.
+    [[nodiscard]] QModelIndex line(const QString& text) const {
+        for (int row = 0; row < table()->model()->rowCount(); ++row)
+            for (const int column : {0, 1})
+                if (table()->model()->index(row, column).data().toString().contains(text))
+                    return table()->model()->index(row, 0);
+        return {};
+    }
+    [[nodiscard]] QPoint placeOf(const QModelIndex& index, int x) const {
+        const QRect cell = table()->visualRect(index);
+        return table()->viewport()->mapToGlobal(QPoint(cell.left() + x, cell.center().y()));
+    }
+    [[nodiscard]] bool ticked(const QString& text) const {
+        return line(text).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    }
+};
+
+/// Waits for the window and presses "Preview..."; goes on when `rows` lines are there.
+void openPreview(Journey& journey, const PreviewWorld& world, int rows) {
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); },
+        [&world] { click(world.widget("cmdPreview")); });
+    journey.then(
+        "what would go", [&world, rows] { return world.shows(rows); }, nullptr);
+}
+
+TEST(PreviewJourney, deletesWhatIsTickedAndNothingElse) {
+    const PreviewWorld world;
+    Journey journey;
+    openPreview(journey, world, 3);
+    journey.then(
+        "its box", [&world] { return world.ticked("/Photos/"); },
+        [&world] {
+            Journey::takePicture("preview");
+            EXPECT_TRUE(world.exists("Share/Photos/Thumbs.db")) << "looking deletes nothing";
+            clickAt(world.placeOf(world.line("/Photos/"), 12));
+        });
+    journey.then(
+        "the box cleared", [&world] { return !world.ticked("/Photos/"); },
+        [&world] { clickAt(world.placeOf(world.line("._song"), 60)); });
+    journey.then(
+        "the line chosen", [&world] { return world.widget("cmdKeepThis")->isEnabled(); },
+        [&world] {
+            EXPECT_NE("", qobject_cast<QLabel*>(world.widget("lblLost"))->text().toStdString());
+            click(world.widget("txtFilter"));
+        });
+    journey.then(
+        "the filter", [&world] { return world.widget("txtFilter")->hasFocus(); },
+        [] { typeText("MUSIC", false); });
+    journey.then(
+        "what fits", [&world] { return world.shows(2); },
+        [] {
+            pressKeys({"ctrl+a", "BackSpace"});
+        });
+    journey.then(
+        "all lines again", [&world] { return world.shows(3); },
+        [&world] { click(world.widget("cmdDeleteThese")); });
+    journey.then(
+        "the deletion", [&world] { return !world.exists("Share/Music/._song") && world.shows(3); },
+        [&world] {
+            letPass(100);
+            Journey::takePicture("preview-deleted");
+            pressKeys({"Escape"});
+        });
+    journey.then(
+        "the preview's end", [&world] { return world.table() == nullptr; }, nullptr);
+    journey.run();
+    EXPECT_TRUE(world.exists("Share/Photos/Thumbs.db")) << "its tick was taken away";
+    EXPECT_FALSE(world.exists("Share/Music/Thumbs.db"));
+    EXPECT_TRUE(world.program->window().windowTitle().contains(" - 2 (8 KB) "));
+    EXPECT_TRUE(world.logLines().join("|").contains("|Items deleted: 2 ("));
+}
+
+TEST(PreviewJourney, keepsANameThatTheScanThenSpares) {
+    const PreviewWorld world;
+    Journey journey;
+    openPreview(journey, world, 3);
+    journey.then(
+        "a line", [&world] { return world.line("/Music/").isValid(); },
+        [&world] { clickAt(world.placeOf(world.line("/Photos/"), 60), 3); });
+    journey.then(
+        "its menu", [] { return QApplication::activePopupWidget() != nullptr; },
+        [] {
+            Journey::takePicture("preview-menu");
+            pressKeys({"Down", "Down", "Return"});
+        });
+    journey.then(
+        "the name on the Keep List", [&world] { return world.form().lstKeep.count() == 1; },
+        [] { pressKeys({"Escape"}); });
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); },
+        [&world] { click(world.widget("cmdNuke")); });
+    journey.then(
+        "the result", [] { return QApplication::activeModalWidget() != nullptr; },
+        [&world] {
+            EXPECT_TRUE(world.exists("Share/Photos/Thumbs.db") && world.exists("Share/Music/Thumbs.db"));
+            EXPECT_FALSE(world.exists("Share/Music/._song"));
+            click(qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(QMessageBox::Ok));
+        });
+    journey.then(
+        "the window again", [&world] { return world.program->window().isActiveWindow(); },
+        [&world] { click(world.widget("imgTabs1")); });
+    journey.then(
+        "the page", [&world] { return world.widget("lstKeep")->isVisible(); },
+        [&world] {
+            letPass(100);
+            Journey::takePicture("keep-list");
+            const auto* list = qobject_cast<QListWidget*>(world.widget("lstKeep"));
+            clickAt(list->viewport()->mapToGlobal(list->visualItemRect(list->item(0)).center()));
+        });
+    journey.then(
+        "the button", [&world] { return world.widget("cmdRemoveKeep")->isEnabled(); },
+        [&world] { click(world.widget("cmdRemoveKeep")); });
+    journey.then(
+        "the question",
+        [] {
+            const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            return box != nullptr && box->isActiveWindow() && box->buttons().front()->isEnabled();
+        },
+        [] {
+            click(qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(QMessageBox::Yes));
+        });
+    journey.then(
+        "the empty list", [&world] { return world.form().lstKeep.count() == 0; }, nullptr);
+    journey.run();
+}
+
+/// Processor time of this thread in milliseconds: the machine may be busy with something else.
+double busyMilliseconds() {
+    timespec spent{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &spent);
+    return static_cast<double>(spent.tv_sec) * 1000 + static_cast<double>(spent.tv_nsec) / 1e6;
+}
+
+// BROVIN_PREVIEW_ROWS=1000000 makes it the whole number that the window is meant for.
+TEST(PreviewJourney, answersWhileItSearchesSortsAndFilters) {
+    const int rows = qEnvironmentVariableIsSet("BROVIN_PREVIEW_ROWS")
+                         ? qEnvironmentVariableIntValue("BROVIN_PREVIEW_ROWS")
+                         : 4000;
+    const PreviewWorld world;
+    for (int i = 0; i < rows; ++i)
+        world.makeFile(QString("Share/%1/._%2").arg(i / 2500).arg(i), {});
+    double before = busyMilliseconds();
+    double longest = 0;
+    std::string doing;
+    std::string worst;
+    QTimer beat;
+    QObject::connect(&beat, &QTimer::timeout, [&] {
+        const double now = busyMilliseconds();
+        if (now - before > longest) {
+            longest = now - before;
+            worst = doing;
+        }
+        before = now;
+    });
+    beat.start(1);
+    const auto act = [&](const char* what, const std::function<void()>& action) {
+        doing = what;
+        action();
+        letPass(60);
+    };
+    const auto press = [&world](const char* button) {
+        QTest::mouseClick(world.widget(button), Qt::LeftButton);
+    };
+    act("search", [&] { press("cmdPreview"); });
+    ASSERT_NE(nullptr, world.table());
+    EXPECT_EQ(rows + 3, world.table()->model()->rowCount());
+    for (int column = 0; column < 5; ++column)
+        act("sort", [&] {
+            const QHeaderView* header = world.table()->horizontalHeader();
+            QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                              {header->sectionViewportPosition(column) + 20, 8});
+        });
+    act("filter", [&] { QTest::keyClicks(world.widget("txtFilter"), "._99"); });
+    EXPECT_GT(rows, world.table()->model()->rowCount());
+    act("all again",
+        [&] { QTest::keyClick(world.widget("txtFilter"), Qt::Key_Backspace, Qt::ControlModifier); });
+    for (int group = 0; group < 2; ++group)
+        act("group", [&] { QTest::keyClick(world.widget("cmbGroup"), Qt::Key_Down); });
+    act("end", [&] { QTest::keyClick(world.table(), Qt::Key_End, Qt::ControlModifier); });
+    act("tick", [&] { press("cmdTickNone"); });
+    act("close", [&] { press("cmdClose"); });
+    beat.stop();
+    EXPECT_LE(longest, 50) << "milliseconds at: " << worst;
+    RecordProperty("longest", static_cast<int>(longest));
+    if (rows > 4000)
+        std::cerr << rows << " rows: " << longest << " ms at most, at: " << worst << "\n";
+}
+
+} // namespace
+} // namespace brovin::tests
