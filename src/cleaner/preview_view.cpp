@@ -74,9 +74,10 @@ void PreviewView::arrange(const Wish& wish) {
 /// False: superseded on the way.
 bool PreviewView::arrangeOnce() {
     needle_ = letters_.lowerCase(wish_.filter);
-    rankFolders();
-    findFolders();
     Items items;
+    if (!rankFolders())
+        return false;
+    findFolders();
     if (!select(items) || !sort(items, wish_.by, wish_.descending))
         return false;
     if (wish_.group != Group::None &&
@@ -85,6 +86,8 @@ bool PreviewView::arrangeOnce() {
     std::vector<Line> lines;
     lines.reserve(items.size());
     for (std::size_t i = 0; i < items.size(); ++i) {
+        if (i % kSlice == 0 && superseded())
+            return false;
         if (wish_.group != Group::None && (i == 0 || !sameGroup(items[i - 1].row, items[i].row)))
             lines.push_back({items[i].row, true});
         lines.push_back({items[i].row, false});
@@ -112,19 +115,21 @@ std::size_t PreviewView::endOfGroup(std::size_t heading) const {
 
 /// A folder comes behind the one above it, and beside others of that one by its name. A loop and not a
 /// recursion, since folders may be nested as deep as anybody likes.
-void PreviewView::rankFolders() {
+bool PreviewView::rankFolders() {
     ranks_.clear();
     if (wish_.by != By::Folder && wish_.group != Group::Folder)
-        return;
+        return true;
     const auto& folders = rows_.folders();
     std::vector<std::uint32_t> order(folders.size());
     for (std::uint32_t i = 0; i < order.size(); ++i)
         order[i] = i;
     // Those of one folder side by side, the last name first, so that the stack gives them in order.
-    std::sort(order.begin(), order.end(), [&folders](std::uint32_t a, std::uint32_t b) {
+    const auto less = [&folders](std::uint32_t a, std::uint32_t b) {
         return folders[a].parent != folders[b].parent ? folders[a].parent < folders[b].parent
                                                       : lessWithoutCase(folders[b].name, folders[a].name);
-    });
+    };
+    if (!slicedSort(order, less, [this] { return !superseded(); }))
+        return false;
     const auto parentOf = [&folders](std::uint32_t folder) { return folders[folder].parent; };
     std::vector<std::uint32_t> waiting;
     const auto take = [&](std::uint32_t parent) {
@@ -138,7 +143,10 @@ void PreviewView::rankFolders() {
         waiting.pop_back();
         ranks_[folder] = rank++;
         take(folder);
+        if (rank % kSlice == 0 && superseded())
+            return false;
     }
+    return true;
 }
 
 void PreviewView::findFolders() {

@@ -62,7 +62,7 @@ private:
 
     bool superseded();
     bool arrangeOnce();
-    void rankFolders();
+    bool rankFolders();
     void findFolders();
     [[nodiscard]] bool shows(const PreviewRow& row) const;
     bool select(Items& items);
