@@ -102,7 +102,7 @@ inline constexpr TextRow kTextRows[] = {
     {"knownNothing", "Nothing is known of this name."},
     {"folderNotOpened", "The folder could not be opened: %1"},
     {"scoreDamaged",
-     "The history of what was deleted was damaged. It was put aside, and a new one begun:\\n\\n%1"},
+     "The history of what was deleted was damaged. It was put aside, and a new one begun: %1"},
     {"scoreNotKept", "What this scan has deleted could not be added to the history of the score: %1"},
     // The windows of the score and the log: reasons, files, numbers
     {"scoreTitle", "The score"},

@@ -23,17 +23,18 @@ QWidget* makeScanningPage(ui::FrmOptions& form, QWidget* parent) {
     auto* log = bound<QGroupBox>(form.frmLog, page);
     auto* logging = new QVBoxLayout(log);
     logging->addWidget(bound<QCheckBox>(form.chkLog, log));
+    // Two beside each other at most: captions may be long, and letters large.
     logging->addLayout(
-        row({bound<QPushButton>(form.cmdInspect, log), bound<QPushButton>(form.cmdSearchLog, log),
-             bound<QPushButton>(form.cmdEmpty, log)}));
+        row({bound<QPushButton>(form.cmdInspect, log), bound<QPushButton>(form.cmdEmpty, log)}));
+    logging->addLayout(row({bound<QPushButton>(form.cmdSearchLog, log)}));
     layout->addWidget(log);
 
     auto* numbers = bound<QGroupBox>(form.frmNumbers, page);
     auto* counting = new QVBoxLayout(numbers);
     counting->addWidget(statisticsLine(form.sbScore, numbers));
-    counting->addLayout(
-        row({bound<QPushButton>(form.cmdScore, numbers), bound<QPushButton>(form.cmdResetCounter, numbers),
-             bound<QPushButton>(form.cmdCopyNumbers, numbers)}));
+    counting->addLayout(row({bound<QPushButton>(form.cmdScore, numbers)}));
+    counting->addLayout(row({bound<QPushButton>(form.cmdResetCounter, numbers),
+                             bound<QPushButton>(form.cmdCopyNumbers, numbers)}));
     layout->addWidget(numbers);
     layout->addStretch();
     return page;
