@@ -1,4 +1,5 @@
 #include "cleaner/cleaner_world.h"
+#include "cleaner/preview_view.h"
 
 #include <gtest/gtest.h>
 
@@ -95,6 +96,48 @@ TEST(Preview, canBeStoppedAndKeepsOthersAway) {
     EXPECT_EQ((Paths{"/d/JUNK", "/d/a/._x"}), world.paths());
     EXPECT_FALSE(world.scan.busy());
     EXPECT_TRUE(world.files.deleted.empty());
+}
+
+TEST(PreviewView, sortsFiltersAndGroupsAndTheLastWishCounts) {
+    PreviewRows rows;
+    rows.beginTop("/d");
+    const std::tuple<const char*, const char*, std::uint64_t> found[] = {
+        {"/d/", "b", 1}, {"/d/z/", "A", 3}, {"/d/a/", "B", 2}, {"/d/a/", "a", 3}};
+    for (const auto& [folder, name, bytes] : found) {
+        Deletion deletion{folder, name, name, Match::Listed};
+        deletion.bytes = bytes;
+        rows.add(deletion);
+    }
+    CleanerWorld world;
+    PreviewView view(rows, world.pump, world.letters);
+    std::string shown;
+    view.renewed = [&] {
+        shown.clear();
+        for (const PreviewView::Line& line : view.lines())
+            shown += (line.heading ? "#" : "") + rows.path(line.row) + " ";
+    };
+    using By = PreviewView::By;
+    using Group = PreviewView::Group;
+    const std::pair<PreviewView::Wish, const char*> wishes[] = {
+        {{}, "/d/b /d/z/A /d/a/B /d/a/a "},
+        {{By::Name, false, Group::None, ""}, "/d/z/A /d/a/a /d/b /d/a/B "},
+        {{By::Size, true, Group::None, ""}, "/d/z/A /d/a/a /d/a/B /d/b "},
+        {{By::Found, false, Group::None, "B"}, "/d/b /d/a/B "},
+        {{By::Found, false, Group::None, "/a/"}, "/d/a/B /d/a/a "},
+        {{By::Size, false, Group::Folder, ""}, "#/d/b /d/b #/d/a/B /d/a/B /d/a/a #/d/z/A /d/z/A "},
+        {{By::Found, false, Group::Name, ""}, "#/d/z/A /d/z/A /d/a/a #/d/b /d/b /d/a/B "},
+    };
+    for (const auto& [wish, order] : wishes) {
+        view.arrange(wish);
+        EXPECT_EQ(order, shown);
+    }
+    bool wished = false;
+    world.pump.onPump = [&] {
+        if (!std::exchange(wished, true))
+            view.arrange(wishes[1].first); // somebody clicks meanwhile
+    };
+    view.arrange(wishes[2].first);
+    EXPECT_EQ(wishes[1].second, shown);
 }
 
 } // namespace
