@@ -90,6 +90,7 @@ void Quiet::review() {
             actor.breakOff();
     }
     const ui::SpeechPage& page = needs_.page;
+    needs_.service.setPaused(behindLock());
     const bool mutedVoice = actor.quiet || page.chkMuteVoice.checked();
     const bool mutedSounds = actor.quiet || page.chkMuteSounds.checked();
     needs_.service.setLoudness({.voice = mutedVoice ? 0 : page.sldVoice.percent(),
@@ -109,9 +110,13 @@ bool Quiet::asked() {
     if (chosen_ != Switch::Off || (page.chkQuietHours.checked() && inHours()))
         return true;
     const platform::Surroundings* const around = needs_.surroundings;
-    return around != nullptr && ((page.chkQuietLocked.checked() && around->locked()) ||
-                                 (page.chkQuietDesktop.checked() && around->doNotDisturb()) ||
+    return around != nullptr && (behindLock() || (page.chkQuietDesktop.checked() && around->doNotDisturb()) ||
                                  (page.chkQuietFullScreen.checked() && behindFullScreen()));
+}
+
+bool Quiet::behindLock() const {
+    return needs_.surroundings != nullptr && needs_.page.chkQuietLocked.checked() &&
+           needs_.surroundings->locked();
 }
 
 /// From the first minute to the last, which may lie on the next day. The same for both means never.

@@ -41,7 +41,8 @@ public:
 
     /// Takes the switch from the settings.
     void restore();
-    /// Looks whether it is quiet at this moment. Where that begins, the character breaks off.
+    /// Looks whether it is quiet at this moment. Where that begins, the character breaks off; behind a locked
+    /// screen its time stands still as well.
     void review();
 
     /// The switch, the loudness or whether it is quiet has become another one.
@@ -50,6 +51,7 @@ public:
 private:
     [[nodiscard]] bool asked();
     [[nodiscard]] bool inHours() const;
+    [[nodiscard]] bool behindLock() const;
     [[nodiscard]] bool behindFullScreen() const;
     void showSwitch();
 

@@ -130,6 +130,9 @@ public:
     virtual void setMenu(const CharacterMenu& menu) = 0;
     /// At once, also for what is being said.
     virtual void setLoudness(const Loudness& loudness) = 0;
+    /// While nobody can see them their time stands still, and nothing of them costs anything. What they are
+    /// asked for begins, and goes on afterwards.
+    virtual void setPaused(bool paused) = 0;
     virtual void setEvents(CharacterEvents events) = 0;
 
     /// Loads a character file from the characters folder under an id; upper and lower case in the file's name

@@ -70,6 +70,7 @@ public:
     std::vector<platform::Area> screenAreas{{0, 0, 1024, 768}};
     platform::CharacterMenu menu;
     platform::Loudness loudness;
+    bool paused = false;
     platform::CharacterEvents events;
 
     [[nodiscard]] bool available() const override { return present; }
@@ -77,6 +78,7 @@ public:
     [[nodiscard]] std::vector<platform::Area> screens() const override { return screenAreas; }
     void setMenu(const platform::CharacterMenu& captions) override { menu = captions; }
     void setLoudness(const platform::Loudness& loud) override { loudness = loud; }
+    void setPaused(bool stands) override { paused = stands; }
     void setEvents(platform::CharacterEvents tied) override { events = std::move(tied); }
     bool load(const std::string& id, const std::string& fileName) override {
         const bool sound = present && std::find(broken.begin(), broken.end(), fileName) == broken.end();

@@ -34,6 +34,7 @@ public:
     [[nodiscard]] QRect frame() const { return {window_.place(), window_.size()}; }
     [[nodiscard]] QRect frameWithBalloon() const { return frame() | balloon_.reach(); }
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
+    void setPaused(bool paused) { driver_.setPaused(paused); }
     void setLoudness(const platform::Loudness& loudness) {
         if (audio_.setLoudness)
             audio_.setLoudness(loudness);

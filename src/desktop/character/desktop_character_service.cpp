@@ -42,6 +42,13 @@ void DesktopCharacterService::setLoudness(const platform::Loudness& loudness) {
         character->setLoudness(loudness_);
 }
 
+void DesktopCharacterService::setPaused(bool paused) {
+    if (std::exchange(paused_, paused) == paused)
+        return;
+    for (const auto& [id, character] : characters_)
+        character->setPaused(paused_);
+}
+
 bool DesktopCharacterService::load(const std::string& id, const std::string& fileName) {
     if (!available() || characters_.contains(id))
         return false;
@@ -69,6 +76,7 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
         characters_.emplace(id, std::make_unique<DesktopCharacter>(std::move(data), std::move(needs)));
     made.first->second->setMenu(menu_);
     made.first->second->setLoudness(loudness_);
+    made.first->second->setPaused(paused_);
     return true;
 }
 

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] std::vector<platform::Area> screens() const override;
     void setMenu(const platform::CharacterMenu& menu) override;
     void setLoudness(const platform::Loudness& loudness) override;
+    void setPaused(bool paused) override;
     /// What a window should keep clear of, for `placeBeside`.
     [[nodiscard]] QVector<QRect> company() const;
     void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
@@ -55,6 +56,7 @@ private:
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;
     platform::Loudness loudness_;
+    bool paused_ = false;
     QObject watch_; ///< over the screens; ends with the service
 };
 

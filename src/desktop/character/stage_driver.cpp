@@ -23,9 +23,14 @@ void StageDriver::callSoon() {
     timer_.start(0);
 }
 
+void StageDriver::setPaused(bool paused) {
+    paused_ = paused;
+    callSoon(); // and what was due meanwhile is not waited for
+}
+
 void StageDriver::call() {
     const character::Wake wake = stage_.advance(now());
-    if (wake)
+    if (wake && !paused_)
         timer_.start(std::max(*wake - now(), character::Milliseconds{0}));
     while (auto event = stage_.takeEvent())
         tell_(std::move(*event));

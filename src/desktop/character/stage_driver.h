@@ -18,12 +18,16 @@ public:
     /// What the stage is to call when it asks for attention.
     void callSoon();
 
+    /// While it is paused the stage has its attention, but no time passes for it.
+    void setPaused(bool paused);
+
 private:
     void call();
 
     character::Stage& stage_;
     std::function<void(character::Event)> tell_;
     QTimer timer_;
+    bool paused_ = false;
 };
 
 } // namespace brovin::desktop
