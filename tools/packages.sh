@@ -16,6 +16,10 @@ packages_run=(
 packages_virtual_desktop=(
     openbox picom trayer x11-utils x11-xserver-utils xdotool xvfb
 )
+# Further desktops, for tests/desktops/run.
+packages_desktops=(
+    foot grim sway wtype xwayland
+)
 packages_bench=(
     bfs curl fd-find findutils fuse3 libbenchmark-dev libfuse3-dev linux-perf
 )

@@ -2,11 +2,31 @@
 
 #include "desktop/character/x11_desktop.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 namespace brovin::desktop {
 
+namespace {
+
+/// The X server of a Wayland desktop names its screens so.
+bool behindWayland() {
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen != nullptr && screen->name().startsWith(QLatin1String("XWAYLAND"));
+}
+
+/// Wayland's desktops place the windows that they manage themselves, and say that they are where they asked
+/// to be. What they do not manage stands where it wants to, above the others, and never has the focus.
+Qt::WindowFlags unmanagedWhereMovesAreRefused() {
+    return behindWayland() ? Qt::BypassWindowManagerHint : Qt::WindowFlags();
+}
+
+} // namespace
+
 OverlayWindow::OverlayWindow()
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                           Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint) {
+    : QWidget(nullptr, unmanagedWhereMovesAreRefused() | Qt::Tool | Qt::FramelessWindowHint |
+                           Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
+                           Qt::NoDropShadowWindowHint) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
@@ -32,6 +52,10 @@ void OverlayWindow::appear() {
 
 void OverlayWindow::setShape(const QRegion& shape) {
     static const QRegion nowhere(-1, -1, 1, 1); // an empty one would stand for the whole window
+    if (behindWayland()) { // what leaves the shape would stay to be seen: there it is painted over beforehand
+        clearMask();
+        repaint();
+    }
     setMask(shape.isEmpty() ? nowhere : shape);
 }
 
