@@ -118,12 +118,15 @@ TEST(BoxJourney, aReminderLeavesTheKeyboardWhereItIs) {
         ASSERT_NE(nullptr, openMessage()) << "nobody has answered it";
         EXPECT_TRUE(other.active());
         EXPECT_EQ(4, other.keys());
-        QProcess state;
-        state.start("xprop", {"-id", idOf(openMessage()), "_NET_WM_STATE"});
-        state.waitForFinished();
+        QByteArray states;
+        EXPECT_TRUE(waitUntil([&states] {
+            QProcess state;
+            state.start("xprop", {"-id", idOf(openMessage()), "_NET_WM_STATE"});
+            state.waitForFinished();
+            states = state.readAllStandardOutput();
+            return states.contains("DEMANDS_ATTENTION") && states.contains("ABOVE");
+        })) << states.toStdString();
         Journey::takePicture("unasked");
-        const QByteArray states = state.readAllStandardOutput();
-        EXPECT_TRUE(states.contains("ABOVE")) << states.toStdString();
         clickOn(openMessage()->button(QMessageBox::Ok)->mapToGlobal(QPoint(-20, 5)));
         EXPECT_TRUE(waitUntil([] { return openMessage()->isActiveWindow(); }));
         input({"key", "Return"});

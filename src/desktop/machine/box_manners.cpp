@@ -1,5 +1,7 @@
 #include "desktop/machine/box_manners.h"
 
+#include "desktop/machine/attention.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
@@ -72,7 +74,7 @@ void UnaskedBox::admitFocus() {
     if (window == nullptr)
         return;
     window->setFlag(Qt::WindowDoesNotAcceptFocus, false);
-    window->alert(0); // until it is looked at
+    demandAttention(*window);
 }
 
 /// Some desktops give the keyboard to every new window. Where that happens too soon to be the user's wish, it
