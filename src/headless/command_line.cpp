@@ -130,9 +130,10 @@ The desktop companion and file cleaner. Without options it starts hidden behind 
   --help                 show this help
   --version              show the version
 
-Exit status: 0 done; 1 a deletion failed, a folder could not be swept, nobody could be asked, the settings are damaged
-or could not be stored; 2 bad usage; 3 another scan is running; 4 nothing to scan; 5 the output could not be written;
-127 the window is not installed.
+Exit status: 0 every folder was swept, and everything was reported; 1 a deletion failed, a folder was not swept or not
+as a whole, nobody could be asked, the settings are damaged, or totals or log could not be written; 2 bad usage, no home
+folder or no language file; 3 another scan is running; 4 nothing to scan; 5 the output could not be written; 127 the
+window is not installed; 128 + n ended by signal n.
 )";
 }
 

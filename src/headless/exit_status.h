@@ -5,10 +5,10 @@ namespace brovin::headless {
 /// How the program ends, for those who start it from a script.
 enum class ExitStatus : int {
     Done = 0,
-    SomeFailed = 1, ///< a deletion failed, a folder could not be swept, nobody could be asked, or the
-                    ///< settings are damaged or could not be stored
-    BadUsage = 2,
-    Busy = 3, ///< another scan is running
+    SomeFailed = 1, ///< a deletion failed, a folder was not swept or not as a whole, nobody could be asked,
+                    ///< the settings are damaged, or totals or log could not be written
+    BadUsage = 2,   ///< or there is no home folder, or no language file
+    Busy = 3,       ///< another scan is running
     NothingToScan = 4,
     OutputLost = 5, ///< what there was to say could not be written
     NoWindow = 127, ///< the executable with the windows is not installed

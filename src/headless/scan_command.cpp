@@ -5,6 +5,7 @@
 #include "cleaner/folder_guard.h"
 #include "cleaner/preview_file_system.h"
 #include "companion/teller.h"
+#include "headless/log_watch.h"
 #include "headless/scan_report.h"
 #include "headless/scan_settings.h"
 #include "language/language.h"
@@ -69,6 +70,7 @@ private:
                                                : ScanSettings::Stores::Totals};
     platform::FileSystem& files_ =
         options_.dryRun ? static_cast<platform::FileSystem&>(previewFiles_) : machine_.files;
+    LogWatch folder_{machine_.folder};
     ConsoleDialogs dialogs_{console_};
     NoDialogs noDialogs_;
     NoShell shell_;
@@ -82,19 +84,19 @@ private:
     language::Language language_{{form_, settings_, machine_.folder, noDialogs_, machine_.letters}};
     companion::Teller teller_{
         {form_, settings_, language_.tables, dialogs_, machine_.letters, machine_.random}};
-    cleaner::Cleaner cleaner_{
-        {.pages = {form_, form_, form_, form_, form_, form_},
-         .tip = tip_,
-         .settings = settings_,
-         .speech = teller_.speech,
-         .actor = teller_.actor,
-         .program = program_,
-         .machine = {files_, machine_.landmarks, machine_.folder, machine_.lock, dialogs_, shell_, clipboard_,
-                     pump_, machine_.clock, machine_.regional, machine_.letters,
-                     options_.dryRun ? nullptr : &machine_.history}}};
+    cleaner::Cleaner cleaner_{{.pages = {form_, form_, form_, form_, form_, form_},
+                               .tip = tip_,
+                               .settings = settings_,
+                               .speech = teller_.speech,
+                               .actor = teller_.actor,
+                               .program = program_,
+                               .machine = {files_, machine_.landmarks, folder_, machine_.lock, dialogs_,
+                                           shell_, clipboard_, pump_, machine_.clock, machine_.regional,
+                                           machine_.letters, options_.dryRun ? nullptr : &machine_.history}}};
     ScanReport report_{options_, console_, language_.tables.messageTable};
     bool usable_ = true;    ///< the language file that was read last
     bool allStored_ = true; ///< the totals
+    bool allLogged_ = true;
 };
 
 ExitStatus ScanProgram::run() {
@@ -116,6 +118,11 @@ ExitStatus ScanProgram::run() {
         allStored_ = false;
     };
     cleaner_.sweep.looksInto = options_.json;
+    folder_.lost = [this](const std::string& path, const platform::Failure& why) {
+        if (std::exchange(allLogged_, false))
+            console_.err << "brovin: the deletion log could not be written: " << path << ": " << why.reason
+                         << "\n";
+    };
     cleaner_.sweep.deletionTried = [this](const cleaner::Deletion& deletion) { report_.deletion(deletion); };
     cleaner_.sweep.folderFailed = [this](const std::string& path, const std::string& reason) {
         report_.folderFailed(path, reason);
@@ -133,8 +140,8 @@ ExitStatus ScanProgram::run() {
     if (const int number = machine_.stopSignal ? machine_.stopSignal() : 0;
         cleaner_.sweep.cancelled() && number != 0)
         return endedBySignal(number);
-    const bool allDone =
-        report_.complete() && allStored_ && dialogs_.unanswered() == 0 && !machine_.settingsDamaged;
+    const bool allDone = report_.complete() && allStored_ && allLogged_ && dialogs_.unanswered() == 0 &&
+                         !machine_.settingsDamaged;
     return allDone ? ExitStatus::Done : ExitStatus::SomeFailed;
 }
 

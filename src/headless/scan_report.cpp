@@ -67,6 +67,7 @@ void ScanReport::clearProgress() {
 
 void ScanReport::summary(const cleaner::FolderSweep& sweep) {
     clearProgress();
+    leftOut_ = sweep.notVisited > 0;
     const std::uint64_t done = tried_ - failed_;
     if (options_.json) {
         console_.out << "{\"summary\":{\"dryRun\":" << (options_.dryRun ? "true" : "false")

@@ -26,8 +26,8 @@ public:
     void waiting(const std::string& path);
     void summary(const cleaner::FolderSweep& sweep);
 
-    /// Whether all folders were swept and all that was tried is deleted.
-    [[nodiscard]] bool complete() const { return failed_ == 0 && foldersFailed_ == 0; }
+    /// Whether all folders were swept and all that was tried is deleted; known once there is a summary.
+    [[nodiscard]] bool complete() const { return failed_ == 0 && foldersFailed_ == 0 && !leftOut_; }
 
 private:
     void clearProgress();
@@ -38,7 +38,8 @@ private:
     std::uint64_t tried_ = 0;
     std::uint64_t failed_ = 0;
     std::uint64_t foldersFailed_ = 0;
-    std::int64_t kb_ = 0; ///< of what was really deleted
+    bool leftOut_ = false; ///< subfolders were not visited
+    std::int64_t kb_ = 0;  ///< of what was really deleted
     std::chrono::steady_clock::time_point nextProgress_{};
     bool progressShown_ = false;
     std::optional<std::chrono::steady_clock::time_point> waitingSince_; ///< in the folder where the sweep is

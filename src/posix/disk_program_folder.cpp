@@ -78,6 +78,7 @@ platform::Result<std::unique_ptr<platform::LineWriter>> DiskProgramFolder::openT
         return lastFailure();
     if (!isRegularFile(file))
         return systemFailure(EINVAL);
+    makePrivate(where); // what was deleted is nobody else's business
     if (mode == platform::OpenMode::Replace && ::ftruncate(file.number(), 0) != 0)
         return lastFailure();
     return std::unique_ptr<platform::LineWriter>(std::make_unique<LineFile>(std::move(file)));

@@ -5,6 +5,7 @@
 #include "posix/system_call.h"
 
 #include <sys/file.h>
+#include <sys/stat.h>
 
 namespace brovin::posix {
 namespace {
@@ -19,8 +20,14 @@ private:
 
 enum class Attempt { Held, HeldByAnother, NotPossible };
 
+/// Whether nobody else can open the folder, and with it keep the lock from this user for as long as he likes.
+bool isPrivate(int folder) {
+    struct stat facts {};
+    return ::fstat(folder, &facts) == 0 && (facts.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
 Attempt attempt(const platform::Result<Descriptor>& folder) {
-    if (!folder)
+    if (!folder || !isPrivate((*folder).number()))
         return Attempt::NotPossible;
     const int number = (*folder).number();
     if (uninterrupted([number] { return ::flock(number, LOCK_EX | LOCK_NB); }) == 0)
@@ -44,6 +51,7 @@ std::string folderAbove(const std::string& path) {
 std::unique_ptr<platform::ScanLock::Hold> FlockScanLock::tryHold() {
     // Whether it could be made shows below.
     static_cast<void>(makeFolders(folder_));
+    makePrivate(folder_);
     for (std::string path = folder_; !path.empty(); path = folderAbove(path)) {
         platform::Result<Descriptor> folder = openFolder(path);
         const Attempt result = attempt(folder);
@@ -52,7 +60,7 @@ std::unique_ptr<platform::ScanLock::Hold> FlockScanLock::tryHold() {
         if (result == Attempt::HeldByAnother)
             return nullptr;
     }
-    // Not even the topmost folder takes a lock here; a scan that never runs would serve nobody.
+    // No folder that is this user's alone takes a lock; a scan that never runs would serve nobody.
     return std::make_unique<FlockHold>(Descriptor());
 }
 

@@ -10,8 +10,8 @@ namespace brovin::posix {
 /// ends, and no file is left behind.
 class FlockScanLock final : public platform::ScanLock {
 public:
-    /// The folder is made when it is missing. Where it cannot be made or locked, the nearest folder above
-    /// that can takes its place.
+    /// The folder is made when it is missing, and taken from everybody else. Where it cannot be made or
+    /// locked, the nearest folder above takes its place that nobody else can open.
     explicit FlockScanLock(std::string folder) : folder_(std::move(folder)) {}
 
     [[nodiscard]] std::unique_ptr<Hold> tryHold() override;

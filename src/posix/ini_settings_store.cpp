@@ -53,11 +53,8 @@ std::string lockBeside(const std::string& file) {
 /// place is left as it is.
 void makeFolderOf(const std::string& path) {
     const std::string folder = path.substr(0, path.rfind('/'));
-    struct stat facts {};
-    if (!makeFolders(folder) || ::lstat(folder.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode))
-        return; // whether the file can be written shows when it is
-    if (facts.st_uid == ::geteuid() && (facts.st_mode & (S_IRWXG | S_IRWXO)) != 0)
-        static_cast<void>(::chmod(folder.c_str(), S_IRWXU));
+    static_cast<void>(makeFolders(folder)); // whether the file can be written shows when it is
+    makePrivate(folder);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "posix/system_call.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 
@@ -15,6 +16,13 @@ platform::Status makeFolders(const std::string& path) {
             return lastFailure();
     }
     return platform::Done{};
+}
+
+void makePrivate(const std::string& path) {
+    struct stat facts {};
+    if (::lstat(path.c_str(), &facts) == 0 && !S_ISLNK(facts.st_mode) && facts.st_uid == ::geteuid() &&
+        (facts.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        static_cast<void>(::chmod(path.c_str(), facts.st_mode & S_IRWXU));
 }
 
 } // namespace brovin::posix

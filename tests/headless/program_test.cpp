@@ -16,8 +16,10 @@ struct Ended {
 
 /// Runs a command of the shell in which $brovin is the program, with a home of its own in `scratch`.
 Ended run(const posix::ScratchFolder& scratch, const std::string& command) {
-    const std::string whole = "export brovin='" BROVIN_PROGRAM "' HOME='" + scratch.path() +
-                              "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C; { " + command + "; } 2>&1";
+    const std::string whole =
+        "export brovin='" BROVIN_PROGRAM "' HOME='" + scratch.path() +
+        "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C; scan=\"$brovin --scan --nasty x\"; { " + command +
+        "; } 2>&1";
     FILE* const output = ::popen(whole.c_str(), "r");
     std::string said;
     for (int c = std::getc(output); c != EOF; c = std::getc(output))
@@ -44,6 +46,7 @@ TEST(Program, needsNoToolkit) {
 TEST(Program, endsWithAStatusThatTellsWhy) {
     const posix::ScratchFolder scratch;
     scratch.addText("Share/Thumbs.db", "x");
+    scratch.addFolder("Empty");
     const struct {
         const char* command;
         int status;
@@ -60,6 +63,28 @@ TEST(Program, endsWithAStatusThatTellsWhy) {
         {"$brovin --version >/dev/full", 5, ""},
         {"$brovin --scan --folder $HOME/Share --nasty x --dry-run >/dev/full", 5, ""},
         {"{ sleep 0.1; $brovin --help; echo $? >&2; } | true; sleep 0.5", 0, "5\n"}, // nobody listens
+        {"$brovin --check-language /dev/null >/dev/full", 5, ""},
+        {"$scan --folder $HOME/Empty --folder $HOME/none", 1, "/none: "},
+        {"mkdir $HOME/Share/._x; $scan --folder $HOME/Share --confirm --nasty x </dev/null", 0, ""},
+        {"$scan --folder $HOME/Share --confirm --dot-underscore </dev/null", 1, "[y/N]"},
+        {"rm -r $HOME/.local; mkdir -p $HOME/.local/share/brovin/deletions.log; $scan --folder $HOME/Empty",
+         1, "log could not be"},
+        {"rmdir $HOME/.local/share/brovin/deletions.log; ln -s /dev/full "
+         "$HOME/.local/share/brovin/deletions.log; "
+         "$scan --folder $HOME/Empty; a=$?; rm $HOME/.local/share/brovin/deletions.log; exit $a",
+         1, "log could not be"},
+        {"mkdir -p $HOME/Many; (cd $HOME/Many; seq 505 | xargs mkdir); $scan --folder $HOME/Many", 1,
+         "4 subfolders were not visited"},
+        {"mkdir $HOME/Empty/x $HOME/.config/Brovin/Brovin.conf.new; $scan --folder $HOME/Empty; a=$?; rmdir "
+         "$HOME/.config/*/*.new; "
+         "exit $a",
+         1, "totals could not be saved"},
+        {"flock $HOME/.config/Brovin $scan --folder $HOME/Empty", 3, "another scan"},
+        {"mkdir $HOME/bare; $brovin --scan --program-folder $HOME/bare --folder $HOME/Empty", 2,
+         "language file"},
+        {"$scan --folder $HOME/Empty", 0, "in 1 folder"},
+        {"echo torn >>$HOME/.config/Brovin/Brovin.conf; $scan --folder $HOME/Empty", 1,
+         "settings are damaged"},
         {"cp $brovin $HOME; $HOME/brovin --program-folder /x", 127, "install the package brovin-desktop"},
         {"cp $brovin $HOME; printf '#!/bin/sh\\necho $HOME \"$@\"' >$HOME/brovin-desktop; chmod +x "
          "$HOME/brovin-desktop; cd $HOME; ./brovin --program-folder '/x  y' | sed \"s:$PWD:home:\"",
@@ -71,6 +96,29 @@ TEST(Program, endsWithAStatusThatTellsWhy) {
         EXPECT_NE(std::string::npos, ended.said.find(expected.says)) << expected.command << "\n"
                                                                      << ended.said;
     }
+}
+
+/// A stranger finds what joe made for all to read in joe's hands alone, once joe's first scan has run.
+TEST(Program, keepsOtherUsersOut) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only the administrator can become somebody else";
+    const posix::ScratchFolder scratch;
+    const Ended ended = run(scratch, R"(
+chmod 755 $HOME; mkdir -p -m 755 $HOME/bin $HOME/joe $HOME/joe/Share $HOME/joe/.config/Brovin $HOME/joe/.local/share/brovin
+mkdir -m 0 $HOME/joe/Share/locked; >$HOME/joe/.local/share/brovin/deletions.log
+cp $brovin $HOME/bin/; cp -r ")" BROVIN_ASSETS R"(" $HOME/bin/assets; chown -R 64001 $HOME/joe
+as() { uid=$1; shift; setpriv --reuid=$uid --regid=$uid --clear-groups --no-new-privs env HOME=$HOME/joe "$@"; }
+scan="$HOME/bin/brovin --scan --program-folder $HOME/joe/.local/share/brovin --nasty x --folder $HOME/joe/Share"
+cp $HOME/bin/assets/default.blp $HOME/joe/.local/share/brovin/
+as 64001 $scan >/dev/null 2>&1; echo "locked folder: $?"
+for f in .config/Brovin .config/Brovin/Brovin.conf .local/share/brovin/deletions.log; do stat -c '%a' $HOME/joe/$f; done
+as 64002 flock $HOME/joe/.config/Brovin true 2>/dev/null; echo "stranger's lock: $?"
+as 64002 cat $HOME/joe/.local/share/brovin/deletions.log >/dev/null 2>&1; echo "stranger reads: $?"
+setpriv --reuid=64003 --clear-groups env -u HOME -u XDG_CONFIG_HOME $HOME/bin/brovin --scan --folder /; echo "service: $?")");
+    EXPECT_EQ("locked folder: 1\n700\n600\n600\nstranger's lock: 66\nstranger reads: 1\n"
+              "brovin: the environment names no home folder: set HOME, or XDG_CONFIG_HOME and XDG_DATA_HOME\n"
+              "service: 2\n",
+              ended.said);
 }
 
 /// Begins a scan of a thousand things whose output nobody takes, so that it stands still in the middle, and
