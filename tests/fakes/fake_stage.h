@@ -120,7 +120,9 @@ public:
     bool logsPlaces = false;
     character::Shown shown = character::Shown::No;
     character::Place place;
+    std::optional<character::Place> mouse;
 
+    [[nodiscard]] std::optional<character::Place> pointer() const override { return mouse; }
     void showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) override {
         log_.add("frame " + nameOf_(frame) +
                  (mouth == nullptr ? "" : "+" + std::to_string(static_cast<int>(mouth->mouth))));

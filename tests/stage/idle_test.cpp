@@ -72,6 +72,33 @@ TEST(Idle, takesALowerLevelWhereOneIsEmpty) {
         << "nothing below: it waits";
 }
 
+TEST(Idle, looksWhereThePointerIsNowAndThenButNotTwiceRunning) {
+    const struct {
+        Place mouse;
+        const char* frame;
+        std::string_view why;
+    } cases[] = {
+        {{-900, 40}, "10000 frame LookRight0", "left on the screen is at its right hand"},
+        {{900, 20}, "10000 frame LookLeft0", "the other side"},
+        {{-500, -500}, "10000 frame LookUpRight0", "between two"},
+        {{-400, 500}, "10000 frame LookDown0", "there is no such look between two: the farther way"},
+        {{18, 25}, "10000 frame Blink0", "before its nose"},
+    };
+    for (const auto& [mouse, frame, why] : cases) {
+        TestCharacter character = idler();
+        for (const char* const name : {"LookRight", "LookLeft", "LookDown", "LookUpRight"})
+            character.animation(name, {{}});
+        character.data.width = character.data.height = 40;
+        QuietWorld world(character);
+        world.surface.mouse = mouse;
+        world.chance.draws.assign(9, 0.0);
+        const Lines lines = world.pass(seconds{16});
+        ASSERT_FALSE(lines.empty());
+        EXPECT_EQ(frame, lines.front()) << why;
+        EXPECT_TRUE(has(untimed(lines), "frame Blink0")) << why;
+    }
+}
+
 TEST(Idle, staysStillWithoutIdleAnimations) {
     ShownWorld world(TestCharacter().animation("RestPose", {{}}));
     world.calls = 0;

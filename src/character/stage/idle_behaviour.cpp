@@ -63,16 +63,35 @@ Wake IdleBehaviour::actIfDue(Moment now) {
     if (now < *nextAct_)
         return nextAct_;
     const int level = levelAt(now);
+    if (lookAround(level)) {
+        begin(now);
+        return std::nullopt;
+    }
     for (int i = level; i >= 0; --i)
         if (perform(kLevels[static_cast<std::size_t>(i)].situation)) {
-            nextAct_.reset();
-            actingSince_ = now;
-            wakesAt_.reset();
-            acting_ = true;
-            needs_.sounds.beginCalm();
+            begin(now);
             return std::nullopt;
         }
     return beginOfNextLevel(level);
+}
+
+void IdleBehaviour::begin(Moment now) {
+    nextAct_.reset();
+    actingSince_ = now;
+    wakesAt_.reset();
+    acting_ = true;
+    needs_.sounds.beginCalm();
+}
+
+bool IdleBehaviour::lookAround(int level) {
+    if (level + 1 == static_cast<int>(kLevels.size()) || !needs_.look)
+        return false;
+    const auto look = needs_.look();
+    if (!look || look == lastAct_ || needs_.chance.next() >= kLooksAtPointer)
+        return false;
+    lastAct_ = look;
+    needs_.performer.perform(*look);
+    return true;
 }
 
 /// What is busy may be a loop without an end of its own.

@@ -8,7 +8,9 @@
 #include "platform/random.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace brovin::character {
 
@@ -26,6 +28,9 @@ inline constexpr Milliseconds kIdleLevel3After{180'000};
 inline constexpr Milliseconds kShortestSleep{180'000};
 inline constexpr Milliseconds kLongestSleep{600'000};
 
+/// How often it looks where the mouse pointer is instead of something else, while it is not tired.
+inline constexpr double kLooksAtPointer = 0.2;
+
 /// What a character does that has nothing to do: small movements first, then longer ones, and at last it may
 /// fall asleep, from which it wakes now and then. It does nothing twice running where it has a choice, and
 /// its sounds are few. Between the animations it needs no calls.
@@ -37,8 +42,10 @@ public:
         SoundEffects& sounds;
         platform::Random& chance;
         EventList& events;
+        /// The animation that looks where the user's pointer is; nullopt: there is none, or nobody knows.
+        std::function<std::optional<std::uint32_t>()> look;
     };
-    explicit IdleBehaviour(const Needs& needs) : needs_(needs) {}
+    explicit IdleBehaviour(Needs needs) : needs_(std::move(needs)) {}
 
     /// False: no animation begins any more. What is playing goes on.
     void setOn(bool on) { on_ = on; }
@@ -55,6 +62,8 @@ private:
     Wake sleepOn(Moment now);
     Wake actIfDue(Moment now);
     [[nodiscard]] bool perform(Situation situation);
+    [[nodiscard]] bool lookAround(int level);
+    void begin(Moment now);
     [[nodiscard]] int levelAt(Moment now) const;
     std::optional<Moment> beginOfNextLevel(int level) const;
 

@@ -16,7 +16,14 @@ Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
       balloon_(needs.balloon, character_->balloon, events_),
       narration_({needs.voice, balloon_, performer_, needs.chance, events_, attention_,
                   character_->voice.has_value()}),
-      idle_({situations_, performer_, sounds_, needs.chance, events_}), queue_(events_) {}
+      glance_(*character_),
+      idle_({situations_, performer_, sounds_, needs.chance, events_, [this] { return lookAtPointer(); }}),
+      queue_(events_) {}
+
+std::optional<std::uint32_t> Stage::lookAtPointer() const {
+    const auto pointer = surface_.pointer();
+    return pointer ? glance_.towards(presence_.place(), *pointer) : std::nullopt;
+}
 
 Stage::~Stage() {
     attention_.beginCall(); // nobody is to be asked for anything any more

@@ -3,6 +3,7 @@
 #include "character/character_data.h"
 #include "character/name_index.h"
 #include "character/stage/act.h"
+#include "character/stage/glance.h"
 #include "character/stage/idle_behaviour.h"
 #include "character/stage/request_queue.h"
 #include "character/stage/show_hide_acts.h"
@@ -109,6 +110,7 @@ private:
     [[nodiscard]] StageParts parts();
     Wake carryOn(Moment now);
     [[nodiscard]] Haste haste() const;
+    [[nodiscard]] std::optional<std::uint32_t> lookAtPointer() const;
     void userShowsUp(Event event);
 
     std::shared_ptr<const CharacterData> character_;
@@ -123,6 +125,7 @@ private:
     Performer performer_;
     Balloon balloon_;
     Narration narration_;
+    Glance glance_;
     IdleBehaviour idle_;
     std::optional<std::vector<SpeechSegment>> lastStatement_;
     RequestQueue queue_;

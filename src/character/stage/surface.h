@@ -3,6 +3,7 @@
 #include "character/character_data.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace brovin::character {
 
@@ -29,6 +30,9 @@ public:
     virtual void setPlace(Place place) = 0;
 
     virtual void setShown(Shown shown) = 0;
+
+    /// Where the mouse pointer is on the screen; nullopt: the desktop does not tell.
+    [[nodiscard]] virtual std::optional<Place> pointer() const { return std::nullopt; }
 };
 
 } // namespace brovin::character

@@ -4,6 +4,7 @@
 #include "desktop/character/x11_desktop.h"
 
 #include <QCloseEvent>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
@@ -79,6 +80,11 @@ void CharacterWindow::showFrame(const character::Frame& frame, const character::
     opaque_ = shape.boundingRect();
     setShape(shape);
     update();
+}
+
+std::optional<character::Place> CharacterWindow::pointer() const {
+    const QPoint at = QCursor::pos();
+    return character::Place{at.x(), at.y()};
 }
 
 void CharacterWindow::setPlace(character::Place place) {

@@ -47,6 +47,7 @@ public:
     void showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) override;
     void setPlace(character::Place place) override;
     void setShown(character::Shown shown) override;
+    [[nodiscard]] std::optional<character::Place> pointer() const override;
 
 protected:
     bool event(QEvent* event) override;

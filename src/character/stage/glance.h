@@ -1,0 +1,28 @@
+#pragma once
+
+#include "character/character_data.h"
+#include "character/stage/surface.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+namespace brovin::character {
+
+/// The character's animations of looking somewhere, found by their standard names.
+class Glance {
+public:
+    explicit Glance(const CharacterData& character);
+
+    /// The animation that looks from the frame's centre towards a place. nullopt: it is before the
+    /// character's nose, or there is no such animation.
+    [[nodiscard]] std::optional<std::uint32_t> towards(Place frame, Place target) const;
+
+private:
+    int width_;
+    int height_;
+    /// Rows up, level, down; columns left on the screen, straight, right on the screen.
+    std::array<std::array<std::optional<std::uint32_t>, 3>, 3> looks_;
+};
+
+} // namespace brovin::character
