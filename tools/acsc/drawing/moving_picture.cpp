@@ -91,9 +91,10 @@ QByteArray chunksOf(const QByteArray& png, const char* type) {
 /// All of one format, so that one header serves for all of them.
 QByteArray pngOf(const character::Bitmap& bitmap) {
     QImage image(bitmap.width, bitmap.height, QImage::Format_ARGB32);
+    std::size_t i = 0;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            image.setPixel(x, y, bitmap.pixels[static_cast<std::size_t>(y * image.width() + x)]);
+            image.setPixel(x, y, bitmap.pixels[i++]);
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
