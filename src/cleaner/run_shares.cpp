@@ -11,11 +11,11 @@ void RunShares::clear() {
     shares_.clear();
 }
 
-void RunShares::enter(std::string folder) {
+void RunShares::enter(const std::string& folder) {
     for (const auto& [name, sum] : sums_)
         shares_.push_back({text::displayText(name), folder_, sum.items, sum.kilobytes});
     sums_.clear();
-    folder_ = text::displayText(std::move(folder));
+    folder_ = text::displayText(folder);
 }
 
 void RunShares::add(std::string_view name, std::int32_t kilobytes) {

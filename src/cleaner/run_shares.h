@@ -17,7 +17,7 @@ class RunShares {
 public:
     void clear();
     /// What follows is below this watched folder.
-    void enter(std::string folder);
+    void enter(const std::string& folder);
     /// `name`: of the Nasty File List, or of a rule.
     void add(std::string_view name, std::int32_t kilobytes);
     /// All of it.

@@ -276,7 +276,7 @@ Status Trash::move(int parent, const char* name, const Descriptor& entry, platfo
                    const std::string& origin) const {
     for (int tried = 0; tried < kMostNames; ++tried) {
         const std::string kept = keptName(name, tried);
-        const Status noted = note(kept, origin);
+        Status noted = note(kept, origin);
         if (!noted && noted.failure().number == EEXIST)
             continue;
         if (!noted)
