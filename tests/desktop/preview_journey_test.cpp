@@ -12,6 +12,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include <algorithm>
 #include <ctime>
 #include <iostream>
 
@@ -202,7 +203,7 @@ TEST(PreviewJourney, answersWhileItSearchesSortsAndFilters) {
     };
     act("search", [&] { press("cmdPreview"); });
     ASSERT_NE(nullptr, world.table());
-    EXPECT_EQ(rows + 3, world.table()->model()->rowCount());
+    EXPECT_EQ(std::min(rows + 3, 1'000'000), world.table()->model()->rowCount());
     for (int column = 0; column < 5; ++column)
         act("sort", [&] {
             const QHeaderView* header = world.table()->horizontalHeader();

@@ -9,6 +9,7 @@
 #include "ui/frm_options.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QPalette>
@@ -115,9 +116,12 @@ private:
         shots_[next_].pose();
     }
 
-    /// With a line chosen, so that it tells what is lost.
+    /// Grouped by folder, and with a line chosen, so that it tells what is lost.
     void openPreview() {
         program_.form().cmdPreview.click();
+        auto* group = program_.window().findChild<QComboBox*>(QStringLiteral("cmbGroup"));
+        group->setCurrentIndex(1);
+        emit group->activated(1);
         program_.window().findChild<QTableView*>(QStringLiteral("tblFound"))->selectRow(2);
     }
     /// By its close box.
