@@ -5,6 +5,9 @@
 
 namespace brovin::posix {
 
+// The way is kept as data and not as calls, because whoever writes to a shared disk decides how deep it goes.
+// All names that wait stand in one text, those of the lowest level last: a level is over when nothing stands
+// behind the place where its names begin, and leaving it cuts the text off there.
 platform::Status TreeTraversal::run(std::string_view name) {
     pending_.assign(name).push_back('\0');
     platform::Status status = visitNext();
@@ -13,7 +16,8 @@ platform::Status TreeTraversal::run(std::string_view name) {
     return status;
 }
 
-/// Goes down into the folder whose name stands last.
+/// Goes down into the folder whose name stands last. Its name stays there until it is left: that is when it
+/// is deleted. A folder that may be passed over is forgotten at once.
 platform::Status TreeTraversal::visitNext() {
     const std::size_t zeroBefore =
         pending_.size() < 2 ? std::string::npos : pending_.rfind('\0', pending_.size() - 2);
@@ -31,6 +35,7 @@ platform::Status TreeTraversal::visitNext() {
     return visitContents();
 }
 
+/// Reads the folder to its end before going down, so that one buffer serves the whole tree.
 platform::Status TreeTraversal::visitContents() {
     if (platform::Status read = reader_.read(chain_.current()); !read)
         return read;

@@ -61,14 +61,17 @@ void CurlTransfer::announce() {
         tell(arrival.response ? TransferState::Response : TransferState::Error);
 }
 
-/// False: the program ends.
+/// Waits inside the handler that reads, by an event loop of its own: the window goes on to repaint and to
+/// answer, and one of those answers may wait here again, inside this wait. Only the innermost loop gets the
+/// wake-up for what arrives, and only it can return; so each wakes the one around it when it leaves. That one
+/// looks for itself whether anything has come, which is why callers ask in a loop. False: the program ends.
 bool CurlTransfer::wait() {
     QEventLoop loop;
     QEventLoop* const outer = std::exchange(loop_, &loop);
     const bool goesOn = loop.exec() != kEnding;
     loop_ = outer;
     if (outer != nullptr)
-        outer->quit(); // it may have waited for the same
+        outer->quit();
     return goesOn;
 }
 

@@ -55,7 +55,11 @@ void SpeechPlayback::silence() {
     engine_->wake();
 }
 
-/// What is said is handed over as it is made. Behind its end comes silence, so that the end itself is heard.
+/// What is said is handed over as it is made. Three things can stop it short. Nothing is made yet: the first
+/// time it waits a little, later it hands over what there is, for the device asks again and a wait would make
+/// it stutter. The synthesizer has stopped because nobody took what it had: it is woken as soon as there is
+/// room. The statement is over: from there on comes silence, since the device plays only what it is pushed on
+/// to, and the end is to be heard. Counting by samples keeps words and lips in time with all that.
 std::size_t SpeechPlayback::fill(std::span<std::int16_t> samples) {
     if (played_ == 0)
         stream_->awaitFirst(kFirstWait);
