@@ -10,17 +10,16 @@ namespace {
 
 using language::Text;
 
-constexpr char kSlash = platform::kPathSeparator;
-
 bool liesIn(std::string_view path, std::string_view folder) {
-    return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == kSlash);
+    return path.starts_with(folder) &&
+           (path.size() == folder.size() || path[folder.size()] == platform::kPathSeparator);
 }
 
 } // namespace
 
 FolderRisk folderRisk(const std::string& path, const platform::Landmarks& landmarks) {
     std::string real = landmarks.realPath(path);
-    while (real.ends_with(kSlash))
+    while (real.ends_with(platform::kPathSeparator))
         real.pop_back();
     if (real.empty())
         return FolderRisk::Root;

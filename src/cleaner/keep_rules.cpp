@@ -7,12 +7,10 @@
 namespace brovin::cleaner {
 namespace {
 
-constexpr char kSlash = platform::kPathSeparator;
-
 std::string withSlash(std::string_view path) {
     std::string result(path);
-    if (!result.ends_with(kSlash))
-        result.push_back(kSlash);
+    if (!result.ends_with(platform::kPathSeparator))
+        result.push_back(platform::kPathSeparator);
     return result;
 }
 
@@ -37,12 +35,12 @@ KeepRules::KeepRules(const std::vector<ui::ListControl::Item>& items, platform::
         const std::string entry = keepEntry(item.text);
         if (entry.empty())
             continue;
-        if (entry.front() != kSlash) {
+        if (entry.front() != platform::kPathSeparator) {
             names.push_back({entry, 0});
             continue;
         }
         addPath(entry);
-        const std::size_t end = entry.rfind(kSlash);
+        const std::size_t end = entry.rfind(platform::kPathSeparator);
         const auto [folder, isNew] = real.try_emplace(entry.substr(0, end + 1));
         if (isNew)
             folder->second = letters.lowerCase(realPath(files, folder->first));
@@ -52,12 +50,12 @@ KeepRules::KeepRules(const std::vector<ui::ListControl::Item>& items, platform::
     names_ = NameSet(names);
     std::vector<ui::ListControl::Item> ends;
     for (const std::string& path : paths_)
-        ends.push_back({path.substr(path.rfind(kSlash) + 1), 0});
+        ends.push_back({path.substr(path.rfind(platform::kPathSeparator) + 1), 0});
     ends_ = NameSet(ends);
 }
 
 void KeepRules::addPath(std::string path) {
-    while (path.ends_with(kSlash))
+    while (path.ends_with(platform::kPathSeparator))
         path.pop_back();
     paths_.insert(std::move(path));
 }
@@ -68,7 +66,8 @@ bool KeepRules::begin(std::string_view shownPath, std::string_view realPath) {
         if (!path.empty())
             tops_.push_back(withSlash(path));
     for (const std::string& top : tops_)
-        for (std::size_t end = top.find(kSlash); end != std::string::npos; end = top.find(kSlash, end + 1))
+        for (std::size_t end = top.find(platform::kPathSeparator); end != std::string::npos;
+             end = top.find(platform::kPathSeparator, end + 1))
             if (paths_.contains(std::string_view(top).substr(0, end)))
                 return true;
     return false;

@@ -24,11 +24,6 @@ seconds timeOfDay(DateTime when) {
     return when - std::chrono::floor<days>(when);
 }
 
-bool overlap(const platform::Area& a, const platform::Area& b) {
-    return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
-           b.top < a.top + a.height;
-}
-
 } // namespace
 
 Quiet::Quiet(const Needs& needs) : needs_(needs) {
@@ -134,7 +129,7 @@ bool Quiet::behindFullScreen() const {
     const Screens screens = needs_.service.screens();
     if (!window || character == nullptr || screens.empty())
         return window.has_value();
-    return overlap(*window, screenUnder(character->place.area(), screens));
+    return overlap(*window, screenUnder(character->place.area(), screens)) > 0;
 }
 
 void Quiet::showSwitch() {

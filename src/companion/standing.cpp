@@ -29,12 +29,6 @@ int shared(Span a, Span b) {
     return std::min(a.end, b.end) - std::max(a.begin, b.begin);
 }
 
-/// Pixels that both have; 0: none.
-std::int64_t overlap(const Area& a, const Area& b) {
-    const std::int64_t width = std::max(shared(across(a), across(b)), 0);
-    return width * std::max(shared(down(a), down(b)), 0);
-}
-
 /// How far apart they are, in the direction in which that is more; 0: not at all.
 int distance(const Area& a, const Area& b) {
     return std::max({-shared(across(a), across(b)), -shared(down(a), down(b)), 0});
@@ -60,6 +54,11 @@ int likewise(int begin, int length, Span room, Span other) {
 }
 
 } // namespace
+
+std::int64_t overlap(const Area& a, const Area& b) {
+    const std::int64_t width = std::max(shared(across(a), across(b)), 0);
+    return width * std::max(shared(down(a), down(b)), 0);
+}
 
 const Area& screenUnder(const Area& character, const Screens& screens) {
     return *std::max_element(screens.begin(), screens.end(), [&character](const Area& a, const Area& b) {

@@ -2,6 +2,7 @@
 
 #include "platform/character_service.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace brovin::companion {
@@ -10,6 +11,9 @@ namespace brovin::companion {
 // main one.
 
 using Screens = std::vector<platform::Area>;
+
+/// Pixels that both have; 0: none.
+[[nodiscard]] std::int64_t overlap(const platform::Area& a, const platform::Area& b);
 
 /// The screen on which most of a character stands; the main one where it is outside of all.
 [[nodiscard]] const platform::Area& screenUnder(const platform::Area& character, const Screens& screens);
