@@ -257,7 +257,7 @@ bool FolderSweep::carriesSomething(const platform::Entry& entry) {
 Result<platform::EntryFacts> FolderSweep::look(const platform::Entry& entry) {
     if (deletion_.facts)
         return *deletion_.facts;
-    const auto facts = walk_->facts(entry.trueName);
+    auto facts = walk_->facts(entry.trueName);
     if (facts) {
         deletion_.facts = *facts;
         deletion_.bytes += facts->bytes;

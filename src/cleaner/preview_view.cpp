@@ -130,11 +130,15 @@ bool PreviewView::rankFolders() {
     };
     if (!slicedSort(order, less, [this] { return !superseded(); }))
         return false;
-    const auto parentOf = [&folders](std::uint32_t folder) { return folders[folder].parent; };
     std::vector<std::uint32_t> waiting;
     const auto take = [&](std::uint32_t parent) {
-        const auto below = std::ranges::equal_range(order, parent, {}, parentOf);
-        waiting.insert(waiting.end(), below.begin(), below.end());
+        const auto first = std::lower_bound(
+            order.begin(), order.end(), parent,
+            [&folders](std::uint32_t folder, std::uint32_t above) { return folders[folder].parent < above; });
+        const auto end = std::find_if(first, order.end(), [&folders, parent](std::uint32_t folder) {
+            return folders[folder].parent != parent;
+        });
+        waiting.insert(waiting.end(), first, end);
     };
     ranks_.resize(folders.size());
     std::uint32_t rank = 0;

@@ -42,8 +42,8 @@ void PreviewWindow::tie() {
     form.cmdOpenFolder.click = [this] { cmdOpenFolder_Click(); };
     form.cmdTickAll.click = [this] { tickShown(true); };
     form.cmdTickNone.click = [this] { tickShown(false); };
-    form.cmdClose.click = [this] { window_Close(); };
-    form.window.close = [this] { window_Close(); };
+    form.cmdClose.click = [this] { Form_Close(); };
+    form.window.close = [this] { Form_Close(); };
     form.txtFilter.change = [this] { arrange(); };
     form.cmbGroup.click = [this] { arrange(); };
     form.tblFound.line = [this](std::size_t line) { return lineOf(line); };
@@ -137,7 +137,7 @@ void PreviewWindow::search() {
     searching_ = false;
     setRunning(false);
     if (!needs_.form.window.visible()) {
-        window_Close(); // it was closed meanwhile
+        Form_Close(); // it was closed meanwhile
         return;
     }
     arrange();
@@ -248,7 +248,7 @@ void PreviewWindow::cmdStop_Click() {
     needs_.scan.stop();
 }
 
-void PreviewWindow::window_Close() {
+void PreviewWindow::Form_Close() {
     needs_.form.window.setVisible(false);
     if (searching_)
         needs_.preview.cancel();

@@ -47,7 +47,7 @@ public:
     void tblFound_TitleClick(std::size_t column);
     void tblFound_Tick(std::size_t line, bool on);
     void tblFound_Select();
-    void window_Close();
+    void Form_Close();
 
 private:
     void tie();
