@@ -122,8 +122,9 @@ private:
 
 /// The role in which a control has to appear; empty: a control that is not a thing on the window.
 std::string roleOf(const ui::Control& control) {
-    static const std::set<std::string> elsewhere = {"Picture1", "mHelp",      "mPopRestore",   "mPopExit",
-                                                    "mQuiet",   "mQuietHour", "mQuietTomorrow"};
+    static const std::set<std::string> elsewhere = {
+        "Picture1", "mHelp",      "mPopRestore",    "mPopExit",
+        "mQuiet",   "mQuietHour", "mQuietTomorrow", "sbScore"}; // which is read as the numbers that it shows
     const std::string& name = control.name();
     if (elsewhere.contains(name) || name.starts_with("lblTabs")) // a tab is read as one with its caption
         return "";
@@ -151,7 +152,8 @@ std::string roleOf(const ui::Control& control) {
         return "combo box";
     if (dynamic_cast<const ui::Picker*>(&control) != nullptr)
         return "spin box";
-    if (dynamic_cast<const ui::Slider*>(&control) != nullptr)
+    if (dynamic_cast<const ui::Slider*>(&control) != nullptr ||
+        dynamic_cast<const ui::Volume*>(&control) != nullptr)
         return "slider";
     if (dynamic_cast<const ui::Panel*>(&control) != nullptr)
         return "panel";
@@ -206,6 +208,9 @@ TEST(Accessibility, everyControlHasANameAndARole) {
     form.picAnim.setVisible(false);          // there only while something is fetched
     form.lblNoNames.setVisible(false);       // and that while there are folders without names
     form.lblQuiet.setVisible(false);         // and that while it is quiet
+    form.sbProgress.setVisible(false);       // and these while a scan runs
+    form.cmdStopScan.setVisible(false);
+    form.sbKnown.setVisible(false); // and that while a name is selected of which something is known
     std::set<std::string> missing;
     for (std::size_t page = 0; page < ui::FrmOptions::kTabs; ++page) {
         std::vector<Node> shown;

@@ -78,8 +78,7 @@ QDBusVariant MenuOnBus::GetProperty(int id, const QString& name) {
 
 void MenuOnBus::Event(int id, const QString& event, const QDBusVariant& /*data*/, uint /*when*/) {
     if (QAction* const chosen = action(id); chosen != nullptr && event == QLatin1String("clicked"))
-        QMetaObject::invokeMethod(chosen, &QAction::trigger,
-                                  Qt::QueuedConnection); // the panel gets its answer first
+        QMetaObject::invokeMethod(chosen, "trigger", Qt::QueuedConnection); // the panel gets its answer first
 }
 
 bool MenuOnBus::AboutToShow(int /*id*/) {
