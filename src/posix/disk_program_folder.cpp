@@ -8,10 +8,12 @@
 #include "posix/read_up_to.h"
 #include "posix/replace_file.h"
 #include "posix/system_call.h"
+#include "posix/write_all.h"
 #include "text/strings.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <set>
 
@@ -31,6 +33,14 @@ bool isRegularFile(const std::string& path) {
 bool isRegularFile(const Descriptor& file) {
     struct stat facts {};
     return file && ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+/// Whether a sudden end has torn the last line, which the next one must not run into.
+bool endsWithinALine(const Descriptor& file) {
+    struct stat facts {};
+    char last = '\n';
+    return ::fstat(file.number(), &facts) == 0 && facts.st_size > 0 &&
+           ::pread(file.number(), &last, 1, facts.st_size - 1) == 1 && last != '\n';
 }
 
 void gatherNames(const std::string& folderPath, std::string_view ending, std::set<std::string>& names) {
@@ -71,7 +81,7 @@ platform::Result<std::unique_ptr<platform::LineWriter>> DiskProgramFolder::openT
         return made.failure();
     // A link in the user's own folder is the user's: a log may be kept on another disk. Only a regular file
     // is emptied, and not before it is known to be one.
-    const int flags = O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const int flags = O_RDWR | O_CREAT | O_APPEND | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const std::string where = join(paths_.own, name);
     Descriptor file(uninterrupted([&] { return ::open(where.c_str(), flags, S_IRUSR | S_IWUSR); }));
     if (!file)
@@ -81,6 +91,9 @@ platform::Result<std::unique_ptr<platform::LineWriter>> DiskProgramFolder::openT
     makePrivate(where); // what was deleted is nobody else's business
     if (mode == platform::OpenMode::Replace && ::ftruncate(file.number(), 0) != 0)
         return lastFailure();
+    if (mode == platform::OpenMode::Append && endsWithinALine(file))
+        if (const platform::Status closed = writeAll(file.number(), "\r\n"); !closed)
+            return closed.failure();
     return std::unique_ptr<platform::LineWriter>(std::make_unique<LineFile>(std::move(file)));
 }
 

@@ -92,6 +92,12 @@ TEST_F(ProgramFolderTest, writesWhereTheUsersLinkLeads) {
     EXPECT_EQ("old\r\nmore\r\n", onDisk("big disk/log"));
 }
 
+TEST_F(ProgramFolderTest, closesALineThatASuddenEndHasTorn) {
+    disk_.addText("own/data/log", "whole\r\ntorn");
+    write("log", OpenMode::Append, "next");
+    EXPECT_EQ("whole\r\ntorn\r\nnext\r\n", onDisk("own/data/log"));
+}
+
 TEST_F(ProgramFolderTest, saysWhyItCannotWrite) {
     disk_.addFile("own/data");
     EXPECT_EQ("Not a directory", reasonOf(folder_.openText("log", OpenMode::Append)));
