@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTest>
@@ -57,6 +58,22 @@ TEST(ReminderPicker, letsTheWeekdayBeChosen) {
     picker->setCurrentSectionIndex(0);
     QTest::keyClick(picker, Qt::Key_Up);
     EXPECT_EQ("2026-11-19T22:30:00", world.stored("BackupDate").toStdString());
+}
+
+TEST(ReminderPicker, letsTheWeekdayBeChosenInOtherLanguages) {
+    const QLocale usual;
+    for (const auto& [language, day] : {std::pair{"de_DE", "Do"}, {"ru_RU", "\u0447\u0442"}}) {
+        QLocale::setDefault(QLocale(language));
+        const PageWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\nWeekly=1\n");
+        auto* picker = world.find<QDateTimeEdit>("dtpBackup");
+        picker->setFocus();
+        picker->setCurrentSectionIndex(picker->sectionCount() - 1);
+        EXPECT_EQ(QDateTimeEdit::DaySection, picker->currentSection()) << language;
+        QTest::keyClick(picker, Qt::Key_Up);
+        EXPECT_TRUE(picker->text().contains(QString::fromUtf8(day))) << picker->text().toStdString();
+        EXPECT_EQ("2026-11-19T21:30:00", world.stored("BackupDate").toStdString()) << language;
+    }
+    QLocale::setDefault(usual);
 }
 
 TEST(ReminderPicker, showsTheStoredTimeAfterARestart) {

@@ -192,5 +192,48 @@ TEST(LifeJourney, survivesAKillAndKeepsASecondCopyOut) {
     EXPECT_FALSE(next.ends(200)) << "the first one is untouched";
 }
 
+TEST(LifeJourney, resetsTheTotalThatAnotherProcessHasRaised) {
+    DesktopWorld world;
+    for (const char* file : {"Share/Thumbs.db", "Share/Sub/Thumbs.db"})
+        world.makeFile(file);
+    world.start();
+    world.form().mPopRestore.click();
+    world.form().imgTabs[2].click();
+    const auto total = [&world](const char* number) {
+        return contentOf(QString::fromStdString(world.places.settingsFile))
+            .contains(QByteArray("\nTotalNuked=") + number + '\n');
+    };
+    QProcess scan;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert("XDG_CONFIG_HOME", world.path("config"));
+    variables.insert("XDG_DATA_HOME", world.path("share"));
+    scan.setProcessEnvironment(variables);
+    scan.start(QStringLiteral(BROVIN_PROGRAM),
+               {"--scan", "--folder", world.path("Share"), "--nasty", "Thumbs.db"});
+    ASSERT_TRUE(scan.waitForFinished(10'000));
+    EXPECT_TRUE(total("2")) << scan.readAllStandardError().toStdString();
+
+    Journey journey;
+    const auto question = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+    const auto yes = [question] {
+        return question() == nullptr ? nullptr : question()->button(QMessageBox::Yes);
+    };
+    journey.then(
+        "the button",
+        [&world] {
+            return world.widget("cmdResetCounter")->isVisible() && world.program->window().isActiveWindow();
+        },
+        [&world] { click(world.widget("cmdResetCounter")); });
+    journey.then(
+        "the question with the new total", [yes] { return yes() != nullptr && yes()->isEnabled(); },
+        [question, yes] {
+            EXPECT_TRUE(question()->text().contains("2")) << question()->text().toStdString();
+            click(yes());
+        });
+    journey.then(
+        "the reset", [total] { return total("0"); }, nullptr);
+    journey.run();
+}
+
 } // namespace
 } // namespace brovin::tests
