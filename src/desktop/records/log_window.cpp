@@ -53,7 +53,7 @@ namespace {
 std::shared_ptr<const cleaner::LogSearch> readLog(const QString& name, const std::string& wanted,
                                                   const platform::Letters& letters,
                                                   const std::atomic<bool>& goesOn) {
-    constexpr qint64 kPiece = 1024 * 1024;
+    constexpr qint64 kPiece = qint64{1024} * 1024;
     auto search = std::make_shared<cleaner::LogSearch>(wanted, letters);
     QFile log(name);
     if (!log.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
@@ -102,6 +102,13 @@ LogWindow::LogWindow(const Needs& needs, QWidget* owner) : QDialog(owner), needs
     soon_.setInterval(kTyping);
     connect(&soon_, &QTimer::timeout, this, &LogWindow::search);
     connect(wanted_, &QLineEdit::textChanged, &soon_, qOverload<>(&QTimer::start));
+    connect(
+        this, &LogWindow::read, this,
+        [this](const GoesOn& goesOn, const Done& done) {
+            if (*goesOn)
+                show(done);
+        },
+        Qt::QueuedConnection);
     wanted_->setFocus();
     search();
 }
@@ -125,13 +132,7 @@ void LogWindow::search() {
                            &letters = needs_.letters] {
         const auto done = readLog(file, wanted, letters, *goesOn);
         if (*goesOn)
-            QMetaObject::invokeMethod(
-                this,
-                [this, goesOn, done] {
-                    if (*goesOn)
-                        show(done);
-                },
-                Qt::QueuedConnection);
+            emit read(goesOn, done);
     });
 }
 

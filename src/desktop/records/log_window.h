@@ -35,6 +35,13 @@ public:
     LogWindow(const LogWindow&) = delete;
     LogWindow& operator=(const LogWindow&) = delete;
 
+    using GoesOn = std::shared_ptr<std::atomic<bool>>; ///< false: nobody waits for it any more
+    using Done = std::shared_ptr<const cleaner::LogSearch>;
+
+signals:
+    /// From the thread: it is at the end.
+    void read(const brovin::desktop::LogWindow::GoesOn& goesOn, const brovin::desktop::LogWindow::Done& done);
+
 private:
     void search();
     void stop();
