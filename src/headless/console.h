@@ -24,38 +24,8 @@ struct Console {
     std::function<bool()> waitForAnswer = {};
 };
 
-/// Asks at the terminal. Where nobody can answer, the answer is the one that does nothing: No, or Cancel.
-class ConsoleDialogs final : public platform::Dialogs {
-public:
-    explicit ConsoleDialogs(const Console& console) : console_(console) {}
-
-    void setLanguage(long /*languageId*/) override {} // its questions are the program's own
-    platform::Button messageBox(const std::string& text, platform::BoxStyle style,
-                                const std::string& title) override;
-    std::optional<std::string> inputBox(const std::string& /*prompt*/, const std::string& /*title*/,
-                                        const std::string& /*text*/) override {
-        return std::nullopt;
-    }
-    std::string browseForFolder(const std::string& /*prompt*/) override { return {}; }
-    std::optional<std::size_t> choose(const std::string& /*prompt*/,
-                                      const std::vector<std::string>& /*lines*/) override {
-        return std::nullopt;
-    }
-
-    /// How many questions nobody was there to answer.
-    [[nodiscard]] std::uint64_t unanswered() const { return unanswered_; }
-
-private:
-    [[nodiscard]] bool comesAnswer() const;
-
-    Console console_;
-    std::uint64_t unanswered_ = 0;
-};
-
-// What a console has not.
-
 /// Says nothing, and takes the answer that does nothing.
-class NoDialogs final : public platform::Dialogs {
+class NoDialogs : public platform::Dialogs {
 public:
     void setLanguage(long /*languageId*/) override {}
     platform::Button messageBox(const std::string& /*text*/, platform::BoxStyle /*style*/,
@@ -72,6 +42,27 @@ public:
         return std::nullopt;
     }
 };
+
+/// Asks at the terminal. Where nobody can answer, the answer is the one that does nothing: No, or Cancel. It
+/// asks nothing else, and in the program's own words.
+class ConsoleDialogs final : public NoDialogs {
+public:
+    explicit ConsoleDialogs(const Console& console) : console_(console) {}
+
+    platform::Button messageBox(const std::string& text, platform::BoxStyle style,
+                                const std::string& title) override;
+
+    /// How many questions nobody was there to answer.
+    [[nodiscard]] std::uint64_t unanswered() const { return unanswered_; }
+
+private:
+    [[nodiscard]] bool comesAnswer() const;
+
+    Console console_;
+    std::uint64_t unanswered_ = 0;
+};
+
+// What a console has not.
 
 class NoShell final : public platform::Shell {
 public:
