@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <system_error>
 
 namespace brovin::update_server {
@@ -91,8 +92,10 @@ bool publish(const std::string& folder, const std::string& publicUrl, const std:
         // In quotes, because a brace ends a word of that file.
         const std::string asked =
             "    \"~^myid=lang&mylang=" + text::replaceAll(name, ".", "[.]") + "&myver=";
-        questions += asked + atLeast(answer.substr(answer.rfind(',') + 1)) + "\" /answers/none;\n" + asked +
-                     "\" /answers/" + name + ";\n";
+        const std::string enough = atLeast(answer.substr(answer.rfind(',') + 1));
+        for (const std::string_view piece : std::initializer_list<std::string_view>{
+                 asked, enough, "\" /answers/none;\n", asked, "\" /answers/", name, ";\n"})
+            questions += piece;
     }
     return done && !failed &&
            write(fs::path(target) / "nginx.conf",
