@@ -26,7 +26,7 @@ packages_bench=(
 packages_test=(
     appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db
     clang clang-format clang-tidy libclang-rt-dev
-    libgtest-dev openssl
+    libgtest-dev openssl strace
     libxml2-utils
     pulseaudio pulseaudio-utils
     reuse systemd

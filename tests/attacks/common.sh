@@ -1,0 +1,32 @@
+# What the attacks share. Read by each of them; $program is the program, HOME a folder of its own.
+settings=$HOME/.config/Brovin/Brovin.conf
+log=$HOME/.local/share/brovin/deletions.log
+broken=0
+tell() { echo "$*"; broken=1; }
+
+# A home with settings, a log and three things to delete.
+fresh_home() {
+    chmod -R u+w "$HOME"; rm -rf "${HOME:?}"/Share "$HOME"/.config "$HOME"/.local
+    mkdir -p -m 700 "$HOME"/Share/sub "$HOME"/.config/Brovin "$HOME"/.local/share/brovin
+    touch "$HOME"/Share/._{a,b} "$HOME"/Share/sub/._c "$HOME"/Share/keep
+    printf '[Settings]\nUser=Joe\nLog=1\nDotDash=1\nTotalNuked=7\n[filelist.txt]\nNumber=1\nEntry1=none\n[foldlist.txt]\nNumber=1\nEntry1=%s\nPath1=%s\n' \
+        "${HOME,,}/share" "$HOME/Share" >"$settings"
+    printf 'before\r\n' >"$log"
+}
+scan() { "$program" --scan; }
+
+# What holds however a scan ended: settings that are whole, lines of the log that are whole, nothing lost that should stay.
+check_home() {
+    grep -qx 'User=Joe' "$settings" || tell "$1: settings are lost"
+    grep -qE '^TotalNuked=(7|8|9|10)$' "$settings" || tell "$1: the total is $(grep TotalNuked "$settings")"
+    [ "$(head -n 1 "$log")" = $'before\r' ] || tell "$1: the log has lost what it held"
+    [ -e "$HOME/Share/keep" ] || tell "$1: something else is gone"
+}
+# The next scan cleans up: nothing is left over, and it says that all is well.
+check_next() {
+    scan >"$HOME/said" 2>&1 || tell "$1: the next scan ends with $?: $(cat "$HOME/said")"
+    [ -z "$(find "$HOME/Share" -name '._*')" ] || tell "$1: clutter is left"
+    [ -z "$(find "$HOME/.config" "$HOME/.local" -name '*.new')" ] || tell "$1: litter is left"
+    grep -vqP '\r$' "$log" && tell "$1: a line of the log is torn"
+    grep -qx 'User=Joe' "$settings" || tell "$1: settings are lost afterwards"
+}
