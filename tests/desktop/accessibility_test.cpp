@@ -210,7 +210,6 @@ TEST(Accessibility, everyControlHasANameAndARole) {
     form.lblQuiet.setVisible(false);         // and that while it is quiet
     form.sbProgress.setVisible(false);       // and these while a scan runs
     form.cmdStopScan.setVisible(false);
-    form.sbKnown.setVisible(false); // and that while a name is selected of which something is known
     std::set<std::string> missing;
     for (std::size_t page = 0; page < ui::FrmOptions::kTabs; ++page) {
         std::vector<Node> shown;

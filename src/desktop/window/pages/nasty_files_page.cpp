@@ -14,8 +14,7 @@ QWidget* makeNastyFilesPage(ui::FrmOptions& form, QWidget* parent) {
     auto* list = bound<QListWidget>(form.lstFiles, page);
     layout->addWidget(labelAbove(list, form.lblFiles, page));
     layout->addLayout(listWithHint(list, form.picAddFile), 1);
-    QLabel* known = textLine(form.sbKnown, page, [&form] { return qt(form.sbKnown.panel()); });
-    known->setObjectName(qt(form.sbKnown.name()));
+    QLabel* known = statusText(form.sbKnown, page);
     known->setMinimumHeight(3 * known->fontMetrics().lineSpacing()); // nothing moves from name to name
     known->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* knowing = new QHBoxLayout;
