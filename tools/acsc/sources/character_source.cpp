@@ -41,7 +41,7 @@ void readSize(JsonSource& character, CharacterSource& result) {
 
 /// A Windows bitmap from its header on, without the head of a file.
 character::SharedBytes bitmapOf(const JsonSource& name, const QDir& folder) {
-    constexpr qint64 kMost = 256 * 1024;
+    constexpr qint64 kMost = 262'144;
     QFile file(folder.filePath(name.text()));
     if (!file.open(QIODevice::ReadOnly) || file.size() > kMost) {
         name.report(QStringLiteral("cannot be read, or is larger than 256 KiB"));
