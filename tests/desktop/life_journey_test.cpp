@@ -49,7 +49,7 @@ void visitTabs(Journey& journey, const DesktopWorld& world) {
     }
 }
 
-/// Opens the icon's menu and chooses its last entry, the exit.
+/// Opens the icon's menu and chooses its third entry, the exit.
 void askToLeave(Journey& journey, const DesktopWorld& world, QMessageBox::StandardButton answer) {
     journey.then(
         "the icon", [&world] { return !world.program->trayIcon().isEmpty(); },
@@ -58,7 +58,7 @@ void askToLeave(Journey& journey, const DesktopWorld& world, QMessageBox::Standa
         "its menu", [] { return QApplication::activePopupWidget() != nullptr; },
         [] {
             Journey::takePicture("tray-menu");
-            pressKeys({"Up", "Return"});
+            pressKeys({"Down", "Down", "Down", "Return"});
         });
     journey.then(
         "the exit question", [] { return openQuestion() != nullptr; },
