@@ -19,9 +19,9 @@ struct PageWorld : fakes::FakeMachine {
         folder.files["default.blp"] = language.readAll().toStdString();
         characters.present = true;
         characters.installed = {"genie.acs", "peedy.acs"};
-        tray.present = false; // so that the window is shown
         settings.set("Tab", page);
         EXPECT_TRUE(program.Form_Load());
+        form.mPopRestore.click();
     }
     [[nodiscard]] QWidget* widget(const char* name) const {
         return window.findChild<QWidget*>(QLatin1String(name));
