@@ -172,7 +172,7 @@ void Scheduler::scanWhenDue() {
     using std::chrono::hours;
     const auto boundaries = std::chrono::floor<hours>(needs_.clock.now()) -
                             std::chrono::floor<hours>(needs_.cleaner.scan.lastScanTime);
-    if (!form.chkCheck.checked() ||
+    if (!form.chkCheck.checked() || needs_.cleaner.scan.searching() ||
         static_cast<double>(boundaries.count()) < text::leadingNumber(form.txtInterval.text()))
         return;
     if (needs_.cleaner.scanRun.runScan() == cleaner::ScanOutcome::BusyElsewhere)

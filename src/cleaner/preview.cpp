@@ -46,7 +46,7 @@ void Preview::takeOptions() {
 Preview::Outcome Preview::search() {
     if (needs_.scan.busy())
         return Outcome::Busy;
-    const ScanState::Running running(needs_.scan, [this] { cancel(); });
+    const ScanState::Running running(needs_.scan, ScanState::Work::Search, [this] { cancel(); });
     rows.clear();
     full_ = false;
     foldersFailed_ = 0;

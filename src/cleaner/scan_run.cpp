@@ -46,7 +46,8 @@ ScanOutcome ScanRun::run(Choice* choice) {
     if (!hold)
         return ScanOutcome::BusyElsewhere;
     {
-        const ScanState::Running running(needs_.scan, [this] { needs_.sweep.cancel(); });
+        const ScanState::Running running(needs_.scan, ScanState::Work::Scan,
+                                         [this] { needs_.sweep.cancel(); });
         showProgress(true);
         scanFolders(choice);
         showProgress(false);

@@ -10,16 +10,22 @@ namespace brovin::cleaner {
 /// Whether a scan is under way, and when the last one was.
 class ScanState {
 public:
-    /// A scan is under way for as long as it lives.
+    enum class Work {
+        None,
+        Scan,
+        Search, ///< for what a scan would delete
+    };
+
+    /// A scan or a search is under way for as long as it lives.
     class Running {
     public:
         /// `stop` ends it soon.
-        Running(ScanState& state, std::function<void()> stop) : state_(state) {
+        Running(ScanState& state, Work work, std::function<void()> stop) : state_(state) {
             state_.stop_ = std::move(stop);
-            state_.busy_ = true;
+            state_.work_ = work;
         }
         ~Running() {
-            state_.busy_ = false;
+            state_.work_ = Work::None;
             state_.stop_ = {};
         }
         Running(const Running&) = delete;
@@ -30,7 +36,10 @@ public:
     };
 
     /// While it is, the lists stay as they are, and nobody begins another scan.
-    [[nodiscard]] bool busy() const { return busy_; }
+    [[nodiscard]] bool busy() const { return work_ != Work::None; }
+
+    /// A scan that is due waits for it.
+    [[nodiscard]] bool searching() const { return work_ == Work::Search; }
 
     /// Ends what is under way, a scan or the search for what it would delete, behind the entry in work.
     void stop() const {
@@ -42,7 +51,7 @@ public:
     platform::DateTime lastScanTime{};
 
 private:
-    bool busy_ = false;
+    Work work_ = Work::None;
     std::function<void()> stop_;
 };
 

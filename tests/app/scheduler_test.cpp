@@ -124,6 +124,29 @@ TEST(AutomaticScan, waitsWhileAnotherCopyScans) {
     EXPECT_EQ("21 November 2026 09:00:31", world.settings.setting("LastScanned"));
 }
 
+TEST(AutomaticScan, waitsForASearch) {
+    SchedulerWorld world;
+    world.files.addFile("/share/Thumbs.db", 1);
+    world.dialogs.folders = {"/share"};
+    world.form.cmdAddFolder.click();
+    world.dialogs.typed = {"Thumbs.db"};
+    world.form.cmdAddFile.click();
+    world.form.chkCheck.setValue(1);
+    world.form.txtInterval.setText("1");
+    bool ticked = false;
+    world.pump.onPump = [&] {
+        if (!ticked) {
+            ticked = true;
+            world.tickAt("2026-11-21T09:00:01");
+        }
+    };
+    world.form.cmdPreview.click();
+    EXPECT_TRUE(ticked);
+    EXPECT_EQ("", world.settings.setting("LastScanned"));
+    world.tickAt("2026-11-21T09:00:31");
+    EXPECT_EQ("21 November 2026 09:00:31", world.settings.setting("LastScanned"));
+}
+
 TEST(UpdateCheck, isDueAfterItsPeriod) {
     constexpr struct {
         const char* last;
