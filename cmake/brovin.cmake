@@ -6,7 +6,7 @@ target_compile_options(brovin_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Wsuggest-override)
 if(CMAKE_UNITY_BUILD)
     # Of a source that another one includes the compiler says that its private names should not be in a header.
-    target_compile_options(brovin_flags INTERFACE -Wno-subobject-linkage)
+    target_compile_options(brovin_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 if(BROVIN_WERROR)
     target_compile_options(brovin_flags INTERFACE -Werror)

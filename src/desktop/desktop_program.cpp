@@ -29,7 +29,7 @@
 #include "posix/make_folders.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_landmarks.h"
-#include "posix/sqlite_history.h"
+#include "posix/history_module.h"
 #include "posix/standard_random.h"
 #include "posix/system_clock.h"
 #include "posix/unicode_letters.h"
@@ -100,7 +100,7 @@ struct DesktopMachine {
     posix::SystemClock clock;
     posix::StandardRandom random;
     QtEventPump pump;
-    posix::SqliteHistory history;
+    posix::HistoryModule history;
     Updates updates;
 
     /// Whether the program waits for an answer, and other events have to wait for the program.

@@ -9,7 +9,7 @@
 #include "posix/places.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_landmarks.h"
-#include "posix/sqlite_history.h"
+#include "posix/history_module.h"
 #include "posix/standard_random.h"
 #include "posix/stop_signals.h"
 #include "posix/system_clock.h"
@@ -51,7 +51,7 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
     const posix::IcuRegional regional;
     const posix::UnicodeLetters letters;
     const posix::SystemClock clock;
-    posix::SqliteHistory history(places->ownFolder + posix::kScoreFile);
+    posix::HistoryModule history(places->ownFolder + posix::kScoreFile);
     posix::StandardRandom random;
     random.seed(static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
     const posix::StopSignals signals;

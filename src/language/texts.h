@@ -237,6 +237,7 @@ inline constexpr TextRow kTextRows[] = {
     // Reasons of the machine beneath an update
     {"reasonNoProgram", platform::reason::kNoProgram},
     {"reasonNoChance", platform::reason::kNoChance},
+    {"reasonNoHistory", platform::reason::kNoHistory},
     {"reasonNoRequests", platform::reason::kNoRequests},
     {"reasonOthersFolder", platform::reason::kOthersFolder},
     {"reasonNothingSaid", platform::reason::kNothingSaid},

@@ -7,6 +7,7 @@ namespace brovin::platform::reason {
 inline constexpr const char* kNoProgram = "It is neither a package nor a program";
 inline constexpr const char* kNoChance = "There is no chance in this machine";
 inline constexpr const char* kNoRequests = "The part of the program for web requests is not installed";
+inline constexpr const char* kNoHistory = "The part of the program for the score is not installed";
 inline constexpr const char* kOthersFolder = "The folder for downloads belongs to somebody else";
 inline constexpr const char* kNothingSaid = "The server has nothing to say";
 inline constexpr const char* kOtherRequest = "Another request is under way";

@@ -116,6 +116,10 @@ std::string windowProgramFile() {
     return besideExecutable({"brovin-desktop", "../lib/brovin/brovin-desktop"});
 }
 
+std::string moduleFile(const std::string& name) {
+    return besideExecutable({("modules/" + name).c_str(), ("../lib/brovin/" + name).c_str(), name.c_str()});
+}
+
 std::string absolutePath(const std::string& path) {
     std::error_code failed;
     const fs::path whole = fs::absolute(path, failed);

@@ -34,6 +34,9 @@ struct Places {
 /// The executable with the windows; empty: it is not installed.
 [[nodiscard]] std::string windowProgramFile();
 
+/// A module that is installed with the program, by its name; "" when it is not beside it.
+[[nodiscard]] std::string moduleFile(const std::string& name);
+
 /// The path from the root that names what `path` names from here. It is kept as the user wrote it, except
 /// that
 /// "..", which means what the system makes of it, leads to the path without links.

@@ -22,8 +22,10 @@ const Language kLanguages[] = {
     {"English", "default", "gmw/en", "&Yes"},
 };
 
-/// The text that a widget shows as its caption.
+/// The text that a widget shows as its caption; what tells a state is called so by screen readers.
 QString captionOn(const QWidget* widget) {
+    if (widget->objectName().startsWith("sb"))
+        return widget->accessibleName();
     if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
         return button->text();
     if (const auto* label = qobject_cast<const QLabel*>(widget))

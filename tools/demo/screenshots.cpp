@@ -4,7 +4,7 @@
 #include "demo_world.h"
 #include "desktop/desktop_program.h"
 #include "desktop/window/options_window.h"
-#include "posix/sqlite_history.h"
+#include "posix/history_module.h"
 #include "posix/system_clock.h"
 #include "ui/frm_options.h"
 
@@ -47,7 +47,7 @@ void makeRecords(const posix::Places& places) {
     constexpr int kWeeks = 26;
     constexpr int kRhythm[] = {41, 12, 0, 33, 67, 25, 18};
     const char* const names[] = {".ds_store", "._*", "thumbs.db", "desktop.ini", "__macosx", "icon?"};
-    posix::SqliteHistory history(places.ownFolder + posix::kScoreFile);
+    posix::HistoryModule history(places.ownFolder + posix::kScoreFile);
     const auto today = posix::SystemClock().now();
     for (int week = kWeeks; week > 0; --week) {
         std::vector<platform::DeletedShare> shares;
