@@ -70,14 +70,16 @@ public:
     }
     [[nodiscard]] bool connected() const { return bus_.isConnected(); }
 
-    /// The program's window, once it is there.
+    /// The program's window, once it is on the screen.
     [[nodiscard]] std::optional<Reference> waitForWindow() const {
         const Reference desktop{"org.a11y.atspi.Registry",
                                 QDBusObjectPath("/org/a11y/atspi/accessible/root")};
         for (int i = 0; i < 100; ++i) {
             for (const Reference& application : children(desktop))
-                if (property(application, "Name") == "Brovin" && !children(application).empty())
-                    return children(application).first();
+                if (property(application, "Name") == "Brovin")
+                    for (const Reference& window : children(application))
+                        if (showing(window))
+                            return window;
             QThread::msleep(100);
         }
         return std::nullopt;
@@ -85,9 +87,7 @@ public:
 
     /// Everything below that is on the screen, in the order in which it is read.
     void collect(const Reference& from, std::vector<Node>& found) const {
-        constexpr unsigned kShowing = 1U << 25;
-        const QDBusReply<QList<uint>> state = call(from, "GetState");
-        if (!state.isValid() || (state.value().value(0) & kShowing) == 0)
+        if (!showing(from))
             return;
         const QDBusReply<QString> role = call(from, "GetRoleName");
         found.push_back(
@@ -102,6 +102,11 @@ public:
     }
 
 private:
+    [[nodiscard]] bool showing(const Reference& what) const {
+        constexpr unsigned kShowing = 1U << 25;
+        const QDBusReply<QList<uint>> state = call(what, "GetState");
+        return state.isValid() && (state.value().value(0) & kShowing) != 0;
+    }
     [[nodiscard]] QDBusMessage call(const Reference& what, const char* method) const {
         return bus_.call(QDBusMessage::createMethodCall(what.service, what.path.path(), kAccessible, method));
     }

@@ -134,7 +134,11 @@ TEST(PreviewJourney, keepsANameThatTheScanThenSpares) {
         "the window", [&world] { return world.program->window().isActiveWindow(); },
         [&world] { click(world.widget("cmdNuke")); });
     journey.then(
-        "the result", [] { return QApplication::activeModalWidget() != nullptr; },
+        "the result",
+        [] {
+            const QWidget* const box = QApplication::activeModalWidget();
+            return box != nullptr && box->isActiveWindow(); // where it stays, so that a click hits
+        },
         [&world] {
             EXPECT_TRUE(world.exists("Share/Photos/Thumbs.db") && world.exists("Share/Music/Thumbs.db"));
             EXPECT_FALSE(world.exists("Share/Music/._song"));
