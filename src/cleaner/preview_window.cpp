@@ -180,6 +180,9 @@ void PreviewWindow::tellFound() {
         text += " " + messages.getText("previewFull", {number(rows.size())});
     if (!searching_ && needs_.preview.foldersFailed() > 0)
         text += " " + messages.getText("previewFailed", {number(needs_.preview.foldersFailed())});
+    if (const std::uint64_t left = needs_.preview.sweep().notVisited; !searching_ && left > 0)
+        text +=
+            " " + messages.getText("previewNotVisited", {number(left), number(FolderSweep::kMostSubfolders)});
     needs_.form.lblFound.setCaption(text);
     needs_.form.cmdDeleteThese.setEnabled(!needs_.scan.busy() && chosen_ > 0);
 }

@@ -72,6 +72,7 @@ inline constexpr TextRow kTextRows[] = {
     {"previewStopped", "You stopped me before the end."},
     {"previewFull", "There are more than these %1; the rest is not shown."},
     {"previewFailed", "Folders that could not be read: %1."},
+    {"previewNotVisited", "Subfolders left out, being more than %2 in one folder: %1."},
     {"previewScanRuns", "A scan is running. Please look again when it is done."},
     {"previewDeleted", "%1 deleted."},
     {"previewChanged", "%1 had changed since and stay."},

@@ -79,6 +79,21 @@ TEST(Program, scansFromAnEmptyStoreToACleanFolder) {
     EXPECT_EQ("4", world.settings.setting("TotalNuked"));
 }
 
+TEST(Program, tellsInThePreviewWhatAScanLeavesOut) {
+    ProgramWorld world;
+    for (int i = 0; i < 503; ++i)
+        world.files.addFolder("/Share/" + std::to_string(i));
+    ASSERT_TRUE(world.program.Form_Load());
+    world.dialogs.folders = {"/Share"};
+    world.form.cmdAddFolder.click();
+    world.dialogs.typed = {"Thumbs.db"};
+    world.form.cmdAddFile.click();
+    world.form.cmdPreview.click();
+    EXPECT_TRUE(world.program.frmPreview().lblFound.caption().ends_with(
+        "Subfolders left out, being more than 501 in one folder: 2."))
+        << world.program.frmPreview().lblFound.caption();
+}
+
 TEST(Program, remembersItsListsAndOptionsOverARestart) {
     ProgramWorld first;
     first.files.addFolder("/Share");
