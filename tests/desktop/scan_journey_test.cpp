@@ -138,6 +138,25 @@ void throwIntoTheTrash(Journey& journey, const DesktopWorld& world) {
     closeMessage(journey, "trash", [](const QString& /*text*/) {});
 }
 
+/// Adds "/" by mistake, reads the question, and does not.
+void refuseTheWholeComputer(Journey& journey, const DesktopWorld& world) {
+    add<QFileDialog>(journey, world, "cmdAddFolder", "/");
+    journey.then(
+        "the question",
+        [] {
+            const auto* box = openDialog<QMessageBox>();
+            return shownAndReady(box) && box->button(QMessageBox::No) != nullptr;
+        },
+        [] {
+            EXPECT_TRUE(openDialog<QMessageBox>()->text().contains("the whole computer"));
+            Journey::takePicture("guard");
+            click(openDialog<QMessageBox>()->button(QMessageBox::No));
+        });
+    journey.then(
+        "its end", [] { return openDialog<QMessageBox>() == nullptr; },
+        [&world] { EXPECT_EQ(0, world.form().lstFolders.count()); });
+}
+
 TEST(ScanJourney, cleansAFolderByRealClicks) {
     DesktopWorld world;
     world.makeFile("Share/Photos/Thumbs.DB", QByteArray(6000, 'x'));
@@ -156,6 +175,7 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
         });
     journey.then(
         "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
+    refuseTheWholeComputer(journey, world);
     add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
     journey.then(
         "the folder in the list", [&world] { return world.form().lstFolders.count() == 1; },
