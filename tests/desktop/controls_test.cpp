@@ -3,6 +3,7 @@
 #include "desktop/desktop_world.h"
 #include "desktop/machine/qt_dialogs.h"
 #include "desktop/machine/timer_binding.h"
+#include "desktop/widgets/bindings.h"
 #include "desktop/widgets/table_view.h"
 
 #include <QDateTimeEdit>
@@ -103,6 +104,23 @@ TEST(Interval, takesWhatIsTyped) {
         QTest::keyClicks(box, keys);
         EXPECT_EQ(stored, world.stored("Interval").toStdString()) << keys;
     }
+}
+
+TEST(TextBox, takesWhatIsTypedWhileItsChangeIsAtWork) {
+    struct : ui::Form {
+        ui::TextBox text{*this, "txtFilter"};
+    } form;
+    QLineEdit box;
+    desktop::bind(&box, form.text);
+    QString waiting = "sic";
+    form.text.change = [&] {
+        const QString next = waiting.left(1);
+        waiting.remove(0, 1);
+        QTest::keyClicks(&box, next);
+    };
+    QTest::keyClicks(&box, "mu");
+    EXPECT_EQ("msicu", box.text().toStdString());
+    EXPECT_EQ(box.text().toStdString(), form.text.text());
 }
 
 TEST(Boxes, fitOnTheScreenWhateverThePathIs) {

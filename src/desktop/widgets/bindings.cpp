@@ -116,11 +116,15 @@ void bind(QLineEdit* widget, ui::TextBox& control) {
         if (shown->text() != qt(control.text()))
             shown->setText(qt(control.text()));
     });
-    QObject::connect(widget, &QLineEdit::textEdited, [widget, &control](const QString& text) {
-        control.setText(text.toStdString());
-        if (widget->text() != text) // the program has put another text there: typing goes on in its place
-            widget->selectAll();
-    });
+    QObject::connect(widget, &QLineEdit::textEdited,
+                     [widget, &control, edits = 0U](const QString& text) mutable {
+                         const unsigned mine = ++edits;
+                         control.setText(text.toStdString());
+                         // Where the program has put another text there, typing goes on in its place. Typing
+                         // may also have gone on meanwhile, where the program lets events through.
+                         if (edits == mine && widget->text() != text)
+                             widget->selectAll();
+                     });
     tellFocus(widget, control.gotFocus);
     control.place = [shown = QPointer<QLineEdit>(widget)] {
         const QPoint corner = shown ? shown->mapToGlobal(QPoint(0, 0)) : QPoint();
