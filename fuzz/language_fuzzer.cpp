@@ -36,9 +36,9 @@ struct World : fakes::FakeMachine {
 
     ui::FrmOptions form;
     settings::Settings options{settings};
-    language::Language language{{form, options, folder, dialogs, regional}};
+    language::Language language{{form, options, folder, dialogs, letters}};
     DrawnFromInput draws;
-    companion::Teller teller{{form, options, language.tables, dialogs, regional, draws}};
+    companion::Teller teller{{form, options, language.tables, dialogs, letters, draws}};
 };
 
 void load(World& world, std::string_view bytes) {

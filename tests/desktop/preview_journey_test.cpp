@@ -100,7 +100,7 @@ TEST(PreviewJourney, deletesWhatIsTickedAndNothingElse) {
         [&world] { click(world.widget("cmdDeleteThese")); });
     journey.then(
         "the deletion", [&world] { return !world.exists("Share/Music/._song") && world.shows(3); },
-        [&world] {
+        [] {
             letPass(100);
             Journey::takePicture("preview-deleted");
             pressKeys({"Escape"});

@@ -21,8 +21,8 @@ namespace {
 const QString kLogin = "org.freedesktop.login1";
 const QString kSessionPath = "/org/freedesktop/login1/session/_32";
 
-void tellChanged(QDBusConnection bus, const QString& path, const QString& interface, const QString& name,
-                 bool value) {
+void tellChanged(const QDBusConnection& bus, const QString& path, const QString& interface,
+                 const QString& name, bool value) {
     auto signal = QDBusMessage::createSignal(path, "org.freedesktop.DBus.Properties", "PropertiesChanged");
     signal << interface << QVariantMap{{name, value}} << QStringList();
     bus.send(signal);

@@ -41,18 +41,21 @@ class TransferContract : public testing::Test {
 protected:
     /// Makes a request and lets `told` act upon its answer.
     void request(const std::string& path, const std::function<void(TransferState)>& told) {
-        bool done = false;
+        done_ = false;
         world_.transfer.stateChanged = [&](TransferState state) {
-            done = true;
+            done_ = true;
             told(state);
         };
         ASSERT_TRUE(world_.transfer.execute({world_.url(path)}));
-        EXPECT_FALSE(done) << "never from within";
-        while (!done)
+        EXPECT_FALSE(done_) << "never from within";
+        while (!done_)
             world_.passTime();
     }
 
     World world_;
+
+private:
+    bool done_ = false;
 };
 using WebWorlds = testing::Types<WebInMemory, WebOnThisMachine>;
 TYPED_TEST_SUITE(TransferContract, WebWorlds);

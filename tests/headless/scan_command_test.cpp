@@ -253,8 +253,8 @@ TEST(ScanCommand, addsWhatIsReallyGoneToTheHistory) {
     const auto kept = [](const World& world) {
         std::vector<std::string> shares;
         for (const auto& [name, folder, items, kilobytes] : world.history.shares)
-            shares.push_back(name + " " + folder + " " + std::to_string(items) + " " +
-                             std::to_string(kilobytes));
+            shares.push_back(
+                (std::ostringstream() << name << ' ' << folder << ' ' << items << ' ' << kilobytes).str());
         std::sort(shares.begin(), shares.end());
         return shares;
     };

@@ -150,7 +150,7 @@ TEST_F(TrashTest, usesTheTrashAtTheTopOfAnotherDisk) {
             if (!trash.empty()) {
                 EXPECT_TRUE(exists("disk/" + trash + "/files/junk")) << what;
                 EXPECT_EQ("Path=a%20b/junk", origin("disk/" + trash + "/info/junk.trashinfo")) << what;
-                EXPECT_TRUE((*PosixFileSystem().open(disk + "/" + trash + "/files"))->isInTrash());
+                EXPECT_TRUE((*PosixFileSystem().open(scratch.path("disk/" + trash + "/files")))->isInTrash());
                 scratch.addFolder("disk/outer/disk");
                 ASSERT_EQ(0, ::mount("tmpfs", scratch.path("disk/outer/disk").c_str(), "tmpfs", 0, nullptr));
                 EXPECT_EQ(EBUSY, errorOf(take("outer", EntryKind::Folder, Force::Yes)))
