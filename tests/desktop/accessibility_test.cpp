@@ -78,7 +78,7 @@ public:
             for (const Reference& application : children(desktop))
                 if (property(application, "Name") == "Brovin")
                     for (const Reference& window : children(application))
-                        if (showing(window))
+                        if (showing(window) && role(window) == "frame") // the companion has windows too
                             return window;
             QThread::msleep(100);
         }
@@ -89,9 +89,7 @@ public:
     void collect(const Reference& from, std::vector<Node>& found) const {
         if (!showing(from))
             return;
-        const QDBusReply<QString> role = call(from, "GetRoleName");
-        found.push_back(
-            {from, role.value().toStdString(), property(from, "Name"), property(from, "Description")});
+        found.push_back({from, role(from), property(from, "Name"), property(from, "Description")});
         for (const Reference& child : children(from))
             collect(child, found);
     }
@@ -106,6 +104,10 @@ private:
         constexpr unsigned kShowing = 1U << 25;
         const QDBusReply<QList<uint>> state = call(what, "GetState");
         return state.isValid() && (state.value().value(0) & kShowing) != 0;
+    }
+    [[nodiscard]] std::string role(const Reference& what) const {
+        const QDBusReply<QString> name = call(what, "GetRoleName");
+        return name.value().toStdString();
     }
     [[nodiscard]] QDBusMessage call(const Reference& what, const char* method) const {
         return bus_.call(QDBusMessage::createMethodCall(what.service, what.path.path(), kAccessible, method));
