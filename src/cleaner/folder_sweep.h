@@ -116,8 +116,6 @@ private:
         std::string trueName;
     };
     /// A folder on the way from the top to where the sweep is.
-    [[nodiscard]] bool isStranger(const std::string& truePath, std::string_view identity);
-    bool isKept();
     struct Level {
         std::vector<Subfolder> subfolders;
         std::size_t next = 0;
@@ -125,20 +123,24 @@ private:
         std::size_t trueLength = 0;
     };
 
+    // The way through the tree
+    [[nodiscard]] bool isStranger(const std::string& truePath, std::string_view identity);
+    bool isKept();
     void showFolder(std::string_view below);
     void visit(Level& level);
     bool handlePiece(std::span<const platform::Entry> entries, Level& level, std::int16_t& kb);
+    bool queue(const platform::Entry& entry, Level& level);
+    void descend(Level& level);
+    void ascend();
+
+    // One entry (sweep_entry.cpp)
     bool handleEntry(const platform::Entry& entry, Level& level, std::int16_t& kb);
     [[nodiscard]] bool keepsEntry(const platform::Entry& entry, Match match) const;
     bool carriesSomething(const platform::Entry& entry);
     bool deleteIcon(const platform::Entry& entry);
     bool deleteListed(const platform::Entry& entry, std::int16_t& kb);
     bool deleteListedFolder(const platform::Entry& entry, std::int16_t& kb);
-    bool queue(const platform::Entry& entry, Level& level);
-    void descend(Level& level);
-    void ascend();
-
-    bool confirmed(const platform::Entry& entry);
+    [[nodiscard]] bool confirmed(const platform::Entry& entry);
     [[nodiscard]] std::string_view causeOf(const platform::Entry& entry) const;
     platform::Status remove(const platform::Entry& entry, platform::EntryKind kind);
     platform::Result<platform::EntryFacts> look(const platform::Entry& entry);
@@ -146,6 +148,7 @@ private:
     platform::Status writeLog(const std::string& line);
     platform::Status addKilobytes(std::int32_t kb);
     platform::Status countItem();
+
     void progress() const;
     [[nodiscard]] std::string shown(std::string_view name) const;
     /// The statement's outcome. True: go on with the next one; false: the user ends the work on this folder.

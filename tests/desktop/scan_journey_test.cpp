@@ -40,6 +40,16 @@ void add(Journey& journey, const DesktopWorld& world, const char* button, const 
         "the dialog's end", [] { return openDialog<Dialog>() == nullptr; }, nullptr);
 }
 
+/// From the window's coming to the click on "Scan NOW".
+void scanTheShare(Journey& journey, const DesktopWorld& world) {
+    journey.then(
+        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
+    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
+    journey.then(
+        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
+        [&world] { click(world.widget("cmdNuke")); });
+}
+
 void closeMessage(Journey& journey, const QString& picture,
                   const std::function<void(const QString&)>& check) {
     journey.then(
@@ -266,12 +276,7 @@ TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
     world.form().mPopRestore.click();
 
     Journey journey;
-    journey.then(
-        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
-    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
-    journey.then(
-        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
-        [&world] { click(world.widget("cmdNuke")); });
+    scanTheShare(journey, world);
     // Answered the moment it is there, it could not have been read.
     journey.then(
         "the first question's coming", [] { return openDialog<QMessageBox>() != nullptr; },
@@ -314,12 +319,7 @@ TEST(ScanJourney, showsHowFarItIsAndStopsByItsButton) {
     world.form().mPopRestore.click();
 
     Journey journey;
-    journey.then(
-        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
-    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
-    journey.then(
-        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
-        [&world] { click(world.widget("cmdNuke")); });
+    scanTheShare(journey, world);
     // The scan stands still while a step acts: it is still there when the click arrives.
     journey.then(
         "the scan", [&world] { return world.widget("cmdStopScan")->isVisible(); }, [] { letPass(300); });
