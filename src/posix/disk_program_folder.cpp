@@ -15,7 +15,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <set>
+#include <thread>
 
 namespace brovin::posix {
 namespace {
@@ -35,12 +37,24 @@ bool isRegularFile(const Descriptor& file) {
     return file && ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
-/// Whether a sudden end has torn the last line, which the next one must not run into.
-bool endsWithinALine(const Descriptor& file) {
+/// The size of a file whose last line is not closed, 0 for any other.
+off_t sizeIfWithinALine(const Descriptor& file) {
     struct stat facts {};
     char last = '\n';
-    return ::fstat(file.number(), &facts) == 0 && facts.st_size > 0 &&
-           ::pread(file.number(), &last, 1, facts.st_size - 1) == 1 && last != '\n';
+    const bool within = ::fstat(file.number(), &facts) == 0 && facts.st_size > 0 &&
+                        ::pread(file.number(), &last, 1, facts.st_size - 1) == 1 && last != '\n';
+    return within ? facts.st_size : 0;
+}
+
+/// Whether a sudden end has torn the last line, which the next one must not run into. The system shows a line
+/// that another process is just writing in pieces: only one that stays as it is has been torn.
+bool endsWithATornLine(const Descriptor& file) {
+    constexpr std::chrono::milliseconds kLongerThanAWrite{50};
+    const off_t size = sizeIfWithinALine(file);
+    if (size == 0)
+        return false;
+    std::this_thread::sleep_for(kLongerThanAWrite);
+    return sizeIfWithinALine(file) == size;
 }
 
 void gatherNames(const std::string& folderPath, std::string_view ending, std::set<std::string>& names) {
@@ -91,7 +105,7 @@ platform::Result<std::unique_ptr<platform::LineWriter>> DiskProgramFolder::openT
     makePrivate(where); // what was deleted is nobody else's business
     if (mode == platform::OpenMode::Replace && ::ftruncate(file.number(), 0) != 0)
         return lastFailure();
-    if (mode == platform::OpenMode::Append && endsWithinALine(file))
+    if (mode == platform::OpenMode::Append && endsWithATornLine(file))
         if (const platform::Status closed = writeAll(file.number(), "\r\n"); !closed)
             return closed.failure();
     return std::unique_ptr<platform::LineWriter>(std::make_unique<LineFile>(std::move(file)));
