@@ -13,10 +13,9 @@
 #include "language/language.h"
 #include "text/numbers.h"
 #include "ui/list_hints.h"
-#include "update/updates_elsewhere.h"
+#include "update/updates.h"
 #include "window/speech_frequency.h"
 
-#include <optional>
 #include <utility>
 
 namespace brovin::app {
@@ -36,16 +35,9 @@ struct Program::Rooms {
     language::Language language{{form, settings, machine.folder, machine.dialogs, machine.letters}};
     companion::Teller teller{
         {form, settings, language.tables, machine.dialogs, machine.letters, machine.random}};
-    companion::Companion companion{{{form, form, form, form, form},
-                                    form,
-                                    settings,
-                                    language.tables,
-                                    teller,
-                                    machine.characters,
-                                    machine.surroundings,
-                                    machine.clock,
-                                    machine.regional,
-                                    machine.letters,
+    companion::Companion companion{{form, form, form, form, form},
+                                   {form, settings, language.tables, teller, machine.characters,
+                                    machine.surroundings, machine.clock, machine.regional, machine.letters,
                                     machine.random}};
     cleaner::Cleaner cleaner{
         {.pages = {form, form, form, form, form, form},
@@ -70,7 +62,7 @@ struct Program::Rooms {
                        speechFrequency, tip, machine.random, machine.clock, machine.regional}};
     Mascot mascot{teller.speech, machine.random};
     LogOn logOn;
-    std::optional<update::UpdateCheck> updateCheck; ///< where the machine can
+    update::Updates updates;
     ShutDown shutDown{{form, settings, teller.speech, teller.actor, cleaner, machine.characters, machine.tray,
                        machine.shell}};
     StartUp startUp{{form, settings, language, teller, companion, cleaner, schedule, speechFrequency, window,
@@ -81,7 +73,11 @@ struct Program::Rooms {
 };
 
 Program::Rooms::Rooms(const Machine& beneath, settings::ProgramInfo about, std::string command)
-    : machine(beneath), info(std::move(about)), logOn(form, machine.logOn, std::move(command)) {
+    : machine(beneath), info(std::move(about)), logOn(form, machine.logOn, std::move(command)),
+      updates({form, form, form, form.Timer1, settings, language.tables.messageTable, teller.phrases,
+               teller.announcer, language.catalogue, machine.folder, machine.dialogs, machine.shell,
+               machine.pump, info},
+              machine.updates) {
     form.imgBrovin.click = [this] { mascot.imgBrovin_Click(); };
     form.chkStartWindows.click = [this] { logOn.chkStartWindows_Click(); };
     form.cmdExit.click = [this] { shutDown.cmdExit_Click(); };
@@ -116,8 +112,7 @@ void Program::Rooms::tieLanguage() {
         cleaner.nastyFiles.tellKnown();
         schedule.options.dtpWord_Change();
         companion.host.lstChars_Click();
-        if (machine.updates == nullptr)
-            update::leaveToOthers(form, language.tables.messageTable);
+        updates.tellWhoUpdates();
     };
     language.loader.quit = [this] {
         startUp.end();
@@ -126,32 +121,13 @@ void Program::Rooms::tieLanguage() {
 }
 
 void Program::Rooms::tieUpdates() {
-    if (machine.updates == nullptr) {
-        update::leaveToOthers(form, language.tables.messageTable);
-        return;
-    }
-    updateCheck.emplace(update::UpdateCheck::Needs{.frame = form,
-                                                   .programPage = form,
-                                                   .life = form,
-                                                   .timer = form.Timer1,
-                                                   .settings = settings,
-                                                   .messages = language.tables.messageTable,
-                                                   .phrases = teller.phrases,
-                                                   .announcer = teller.announcer,
-                                                   .catalogue = language.catalogue,
-                                                   .folder = machine.folder,
-                                                   .dialogs = machine.dialogs,
-                                                   .shell = machine.shell,
-                                                   .pump = machine.pump,
-                                                   .running = {info.major, info.minor, info.revision},
-                                                   .machine = *machine.updates});
     form.cmdUpdate.click = [this] {
         if (!cleaner.scan.busy()) // which ends with a check
-            updateCheck->cmdUpdate_Click();
+            updates.cmdUpdate_Click();
     };
-    cleaner.scanRun.finished = [this] { updateCheck->checkForUpdates(); };
-    schedule.scheduler.checkForUpdates = [this] { updateCheck->checkForUpdates(); };
-    updateCheck->replaced = [this] { shutDown.Form_Unload(); };
+    cleaner.scanRun.finished = [this] { updates.checkForUpdates(); };
+    schedule.scheduler.checkForUpdates = [this] { updates.checkForUpdates(); };
+    updates.replaced = [this] { shutDown.Form_Unload(); };
 }
 
 Program::Program(const Machine& machine, settings::ProgramInfo info, std::string command)

@@ -4,21 +4,21 @@ namespace brovin::companion {
 
 using platform::CharacterClick;
 
-Companion::Companion(const Needs& needs)
-    : host({needs.pages, needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases,
-            needs.service, needs.letters, needs.random}),
-      commands({needs.pages.speech, needs.pages.reminders, needs.tables, needs.teller.actor,
-                needs.teller.phrases, needs.teller.announcer, needs.random}),
-      quiet({needs.pages.speech, needs.trayMenu, needs.settings, needs.teller.actor, needs.service,
+Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
+    : host({pages, needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases, needs.service,
+            needs.letters, needs.random}),
+      commands({pages.speech, pages.reminders, needs.tables, needs.teller.actor, needs.teller.phrases,
+                needs.teller.announcer, needs.random}),
+      quiet({pages.speech, needs.trayMenu, needs.settings, needs.teller.actor, needs.service,
              needs.surroundings, needs.clock}),
       news({needs.teller.announcer, needs.teller.actor, needs.tables.messageTable, needs.clock,
             needs.regional}),
-      menu_({needs.pages.speech, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
+      menu_({pages.speech, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
       service_(needs.service) {
     host.loaded = [this] { quiet.review(); }; // which shows the menu, too
     quiet.changed = [this] { menu_.show(); };
-    tie(needs.pages.character);
-    tie(needs.pages.speech, needs.pages.reminders.cmdSpeak);
+    tie(pages.character);
+    tie(pages.speech, pages.reminders.cmdSpeak);
     service_.setEvents(
         {.click = [this](const CharacterClick& click) { host.Agent1_Click(click); },
          .dragStart = [this](const CharacterClick& /*click*/) { host.Agent1_DragStart(); },

@@ -14,7 +14,6 @@ namespace brovin::companion {
 class Companion {
 public:
     struct Needs {
-        CharacterHost::Pages pages;
         ui::TrayMenu& trayMenu;
         settings::Settings& settings;
         const language::LanguageTables& tables;
@@ -26,7 +25,7 @@ public:
         const platform::Letters& letters;
         platform::Random& random;
     };
-    explicit Companion(const Needs& needs);
+    Companion(const CharacterHost::Pages& pages, const Needs& needs);
     ~Companion();
     Companion(const Companion&) = delete;
     Companion& operator=(const Companion&) = delete;

@@ -50,18 +50,20 @@ std::string entryText(const ui::ProgramPage& page, const language::LanguageCatal
 
 } // namespace
 
-UpdateCheck::UpdateCheck(const Needs& needs)
-    : needs_(needs), pack_({needs.programPage, needs.messages, needs.catalogue, needs.folder,
-                            needs.machine.transfer, needs.machine.key}) {}
+UpdateCheck::UpdateCheck(const Needs& needs, const Machine& machine)
+    : needs_(needs),
+      machine_(machine), running_{needs.program.major, needs.program.minor, needs.program.revision},
+      pack_({needs.programPage, needs.messages, needs.catalogue, needs.folder, machine.transfer,
+             machine.key}) {}
 
 UpdateCheck::Outcome UpdateCheck::check() {
     if (checking_)
         return Outcome::Offered; // the check under way tells what there is to tell
     Standstill standstill(needs_.timer, checking_);
-    MakersAnswers answers(needs_.machine.transfer, needs_.machine.server);
-    const auto answer = answers.ask("myid=brovin&myver=" + needs_.running.text());
+    MakersAnswers answers(machine_.transfer, machine_.server);
+    const auto answer = answers.ask("myid=brovin&myver=" + running_.text());
     const auto offer = answer ? programOffer(*answer) : std::nullopt;
-    const bool newer = offer && countsAsNewer(offer->version, needs_.running);
+    const bool newer = offer && countsAsNewer(offer->version, running_);
     if (newer && offerProgram(*offer) == Ending::Replaced) {
         standstill.restart = false;
         return Outcome::Offered;
@@ -74,7 +76,7 @@ UpdateCheck::Outcome UpdateCheck::check() {
 
 UpdateCheck::Ending UpdateCheck::offerProgram(const ProgramOffer& offer) {
     if (ask(questionFor(offer), needs_.messages.getMessage(Message::NewVersionTitle)) && sureAbout(offer))
-        return needs_.machine.key.present() ? download(offer) : showPage(offer);
+        return machine_.key.present() ? download(offer) : showPage(offer);
     needs_.settings.write(setting::kNoCheck, "1");
     cancelled();
     return Ending::GoesOn;
@@ -86,15 +88,15 @@ std::string UpdateCheck::questionFor(const ProgramOffer& offer) const {
                                                                      std::to_string(offer.version.minor),
                                                                      std::to_string(offer.version.revision)});
     question += sizeText(needs_.messages, offer);
-    if (offer.version < needs_.running)
-        question += "\r\n\r\n" + needs_.messages.getText("updateOlder", {needs_.running.text()});
+    if (offer.version < running_)
+        question += "\r\n\r\n" + needs_.messages.getText("updateOlder", {running_.text()});
     return question;
 }
 
 /// Going back to an older version, which the program could do by itself, wants a second thought.
 bool UpdateCheck::sureAbout(const ProgramOffer& offer) {
-    return !needs_.machine.key.present() || offer.version >= needs_.running ||
-           ask(needs_.messages.getText("updateOlderSure", {needs_.running.text(), offer.version.text()}),
+    return !machine_.key.present() || offer.version >= running_ ||
+           ask(needs_.messages.getText("updateOlderSure", {running_.text(), offer.version.text()}),
                needs_.messages.getMessage(Message::NewVersionTitle));
 }
 
@@ -102,7 +104,7 @@ UpdateCheck::Ending UpdateCheck::showPage(const ProgramOffer& offer) {
     ui::FrmDownload form;
     const UpdateByHand window({form, needs_.messages, needs_.shell}, offer, needs_.folder.path("update.url"));
     form.window.setVisible(true);
-    needs_.machine.windows.showModal(form);
+    machine_.windows.showModal(form);
     if (!window.pageOpened())
         cancelled();
     return Ending::GoesOn;
@@ -110,11 +112,11 @@ UpdateCheck::Ending UpdateCheck::showPage(const ProgramOffer& offer) {
 
 UpdateCheck::Ending UpdateCheck::download(const ProgramOffer& offer) {
     ui::FrmDownload form;
-    UpdateDownload window({form, needs_.messages, needs_.dialogs, needs_.machine.transfer,
-                           needs_.machine.downloads, needs_.machine.key, needs_.pump},
+    UpdateDownload window({form, needs_.messages, needs_.dialogs, machine_.transfer, machine_.downloads,
+                           machine_.key, needs_.pump},
                           offer, needs_.folder.path("DOWNLOAD.AVI"));
     form.window.setVisible(true);
-    needs_.machine.windows.showModal(form);
+    machine_.windows.showModal(form);
     if (window.cancelled()) {
         cancelled();
         return Ending::GoesOn;

@@ -11,6 +11,7 @@
 #include "platform/makers_key.h"
 #include "platform/program_folder.h"
 #include "platform/shell.h"
+#include "settings/program_info.h"
 #include "settings/settings.h"
 #include "ui/frm_download.h"
 #include "ui/pages/program_page.h"
@@ -52,10 +53,9 @@ public:
         platform::Dialogs& dialogs;
         platform::Shell& shell;
         platform::EventPump& pump;
-        Version running;
-        Machine machine;
+        const settings::ProgramInfo& program;
     };
-    explicit UpdateCheck(const Needs& needs);
+    UpdateCheck(const Needs& needs, const Machine& machine);
 
     /// An installer has been started, and the program is to make room for it.
     ui::Event<> replaced;
@@ -82,6 +82,8 @@ private:
     [[nodiscard]] bool ask(const std::string& question, const std::string& title);
 
     Needs needs_;
+    Machine machine_;
+    Version running_;
     LanguagePack pack_;
     bool checking_ = false;
 };
