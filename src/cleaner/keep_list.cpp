@@ -8,18 +8,12 @@
 namespace brovin::cleaner {
 
 void KeepList::load() {
-    std::vector<ui::ListControl::Item> items;
-    for (auto& entry : loadList(needs_.settings, kKeepSection, needs_.letters))
-        items.push_back({std::move(entry.text), 0});
-    needs_.nastyPage.lstKeep.setItems(std::move(items));
+    loadNames(needs_, needs_.nastyPage.lstKeep, kKeepSection);
     enableRemoving();
 }
 
 void KeepList::save() {
-    std::vector<ListEntry> entries;
-    for (const auto& item : needs_.nastyPage.lstKeep.items())
-        entries.push_back({item.text, {}});
-    saveList(needs_.settings, kKeepSection, entries, WithPaths::No, needs_.letters);
+    saveNames(needs_, needs_.nastyPage.lstKeep, kKeepSection);
 }
 
 bool KeepList::has(const std::string& entry) const {

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "cleaner/scan_state.h"
-#include "companion/speech.h"
-#include "platform/dialogs.h"
-#include "platform/letters.h"
-#include "settings/settings.h"
-#include "ui/pages/nasty_files_page.h"
+#include "cleaner/name_list.h"
 
 #include <string>
 
@@ -15,15 +10,7 @@ namespace brovin::cleaner {
 /// it. The list, its buttons and its place in the store. The user cannot edit it while a scan runs.
 class KeepList {
 public:
-    struct Needs {
-        ui::NastyFilesPage& nastyPage;
-        const ScanState& scan;
-        settings::Settings& settings;
-        companion::Speech speech;
-        platform::Dialogs& dialogs;
-        const platform::Letters& letters;
-    };
-    explicit KeepList(const Needs& needs) : needs_(needs) {}
+    explicit KeepList(const NameListNeeds& needs) : needs_(needs) {}
 
     /// Fills `lstKeep` from the store.
     void load();
@@ -43,7 +30,7 @@ private:
     void save();
     void enableRemoving();
 
-    Needs needs_;
+    NameListNeeds needs_;
 };
 
 } // namespace brovin::cleaner

@@ -18,10 +18,7 @@ constexpr std::string_view kParagraph = "\r\n\r\n";
 } // namespace
 
 void NastyFileList::load() {
-    std::vector<ui::ListControl::Item> items;
-    for (auto& entry : loadList(needs_.settings, kNastyFilesSection, needs_.letters))
-        items.push_back({std::move(entry.text), 0});
-    needs_.nastyPage.lstFiles.setItems(std::move(items));
+    loadNames(needs_, needs_.nastyPage.lstFiles, kNastyFilesSection);
     tellKnown();
 }
 
@@ -45,10 +42,7 @@ void NastyFileList::tellKnown() {
 }
 
 bool NastyFileList::save() {
-    std::vector<ListEntry> entries;
-    for (const auto& item : needs_.nastyPage.lstFiles.items())
-        entries.push_back({item.text, {}});
-    return saveList(needs_.settings, kNastyFilesSection, entries, WithPaths::No, needs_.letters);
+    return saveNames(needs_, needs_.nastyPage.lstFiles, kNastyFilesSection);
 }
 
 void NastyFileList::cmdAddFile_Click() {

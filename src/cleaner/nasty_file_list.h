@@ -1,11 +1,6 @@
 #pragma once
 
-#include "cleaner/scan_state.h"
-#include "companion/speech.h"
-#include "platform/dialogs.h"
-#include "platform/letters.h"
-#include "settings/settings.h"
-#include "ui/pages/nasty_files_page.h"
+#include "cleaner/name_list.h"
 
 #include <optional>
 #include <string>
@@ -17,15 +12,7 @@ namespace brovin::cleaner {
 /// cannot edit it while a scan runs.
 class NastyFileList {
 public:
-    struct Needs {
-        ui::NastyFilesPage& nastyPage;
-        const ScanState& scan;
-        settings::Settings& settings;
-        companion::Speech speech;
-        platform::Dialogs& dialogs;
-        const platform::Letters& letters;
-    };
-    explicit NastyFileList(const Needs& needs) : needs_(needs) {}
+    explicit NastyFileList(const NameListNeeds& needs) : needs_(needs) {}
 
     /// Fills `lstFiles` from the store.
     void load();
@@ -44,7 +31,7 @@ private:
     bool save();
     void enableRemoving();
 
-    Needs needs_;
+    NameListNeeds needs_;
 };
 
 } // namespace brovin::cleaner
