@@ -19,7 +19,7 @@ _brovin() {
         ;;
     --update-server) return ;;
     esac
-    mapfile -t COMPREPLY < <(compgen -W "--scan --dry-run --json --folder --yes-this-folder --nasty --keep --spare-carriers --no-spare-carriers --starter-names --dot-underscore --no-dot-underscore
+    mapfile -t COMPREPLY < <(compgen -W "--scan --dry-run --json --folder --yes-this-folder --nasty --keep --spare-carriers --no-spare-carriers --starter-names --scan-now --quiet --dot-underscore --no-dot-underscore
         --check-language --icon-files --no-icon-files --force --no-force --confirm --no-confirm --trash --no-trash --program-folder --update-server
         --help --version" -- "$cur")
 }

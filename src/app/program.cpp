@@ -147,8 +147,22 @@ window::MainWindow& Program::mainWindow() {
 const language::MessageTable& Program::messages() const {
     return rooms_->language.tables.messageTable;
 }
-bool Program::Form_Load() {
-    return rooms_->startUp.run();
+bool Program::Form_Load(std::optional<platform::Errand> errand) {
+    return rooms_->startUp.run(errand);
+}
+void Program::serve(platform::Errand errand) {
+    ui::FrmOptions& form = rooms_->form;
+    switch (errand) {
+    case platform::Errand::ShowWindow:
+        form.mPopRestore.click();
+        break;
+    case platform::Errand::ScanNow:
+        form.cmdNuke.click();
+        break;
+    case platform::Errand::SwitchQuiet:
+        form.mQuiet.setValue(form.mQuiet.checked() ? ui::CheckBox::kOff : ui::CheckBox::kOn);
+        break;
+    }
 }
 
 } // namespace brovin::app

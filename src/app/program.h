@@ -7,6 +7,7 @@
 #include "window/main_window.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace brovin::app {
@@ -27,8 +28,11 @@ public:
     /// What the program says in the active language.
     [[nodiscard]] const language::MessageTable& messages() const;
 
-    /// Starts up. False: the program is to end at once.
-    bool Form_Load();
+    /// Starts up, or hands the errand to the copy that runs already. False: the program is to end at once.
+    bool Form_Load(std::optional<platform::Errand> errand = std::nullopt);
+
+    /// Does what another start was asked to have done, as the user's click would.
+    void serve(platform::Errand errand);
 
 private:
     struct Rooms;

@@ -21,7 +21,8 @@ const Failure kInvalidValue{380, "Invalid property value"};
 
 } // namespace
 
-bool StartUp::run() {
+bool StartUp::run(std::optional<platform::Errand> errand) {
+    errand_ = errand;
     using Step = Status (StartUp::*)();
     static constexpr Step kSteps[] = {
         &StartUp::fillLanguageList,    &StartUp::dressButtons,
@@ -99,7 +100,9 @@ Status StartUp::refuseSecondInstance() {
     if (needs_.machine.instance.isFirst())
         return Done{};
     // Without an icon to click, starting the program again is how the user gets at its window.
-    if (!needs_.machine.tray.available() && needs_.machine.instance.showFirst()) {
+    if (!errand_ && !needs_.machine.tray.available())
+        errand_ = platform::Errand::ShowWindow;
+    if (errand_ && needs_.machine.instance.sendToFirst(*errand_)) {
         end();
         return Done{};
     }

@@ -10,6 +10,8 @@
 #include "window/main_window.h"
 #include "window/speech_frequency.h"
 
+#include <optional>
+
 namespace brovin::app {
 
 /// The program's start, as a list of steps in a fixed order.
@@ -31,8 +33,9 @@ public:
     };
     explicit StartUp(const Needs& needs) : needs_(needs) {}
 
-    /// True: the program runs. False: it is to end, and the user has been told why.
-    bool run();
+    /// `errand` goes to the copy that runs already, if one does. True: the program runs. False: it is to end,
+    /// and the user has been told why.
+    bool run(std::optional<platform::Errand> errand);
     /// The steps that follow are left out, and the program ends.
     void end() { ended_ = true; }
 
@@ -70,6 +73,7 @@ private:
     [[nodiscard]] bool goesOn(const platform::Failure& failure);
 
     Needs needs_;
+    std::optional<platform::Errand> errand_;
     bool ended_ = false;
 };
 

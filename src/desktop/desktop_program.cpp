@@ -37,6 +37,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QPointer>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -156,7 +157,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     machine.shell.setWindow(&window);
     machine.shell.setManual(pathOf(places.installedFolder + "/help"));
     machine.shell.ending = [&window] { window.letGo(); };
-    machine.instance.showYourself = [this] { comeUp(); };
+    machine.instance.serve = [this](platform::Errand errand) { serve(errand); };
     machine.dialogs.asked = [&machine] { return machine.initiative.userAsked(); };
     machine.tray.tie(form(), parts_->program.mainWindow(),
                      {[&machine] { machine.initiative.userActs(); }, parts_->busy, [this] { comeUp(); }});
@@ -191,12 +192,21 @@ void DesktopProgram::tieRecords() {
     };
 }
 
-bool DesktopProgram::start() {
+bool DesktopProgram::start(std::optional<platform::Errand> errand) {
     parts_->machine.initiative.userActs(); // by starting it
-    if (!parts_->program.Form_Load())
+    if (!parts_->program.Form_Load(errand))
         return false;
     tellOfDamage(parts_->machine.dialogs, parts_->machine.settings, parts_->program.messages());
+    if (errand) // once there are events: a scan lets them through
+        QTimer::singleShot(0, &parts_->window, [this, errand] { serve(*errand); });
     return true;
+}
+
+void DesktopProgram::serve(platform::Errand errand) {
+    if (errand == platform::Errand::ShowWindow || parts_->busy())
+        return comeUp(); // what is open wants its answer first
+    parts_->machine.initiative.userActs();
+    parts_->program.serve(errand);
 }
 
 void DesktopProgram::comeUp() {

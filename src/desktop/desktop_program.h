@@ -2,12 +2,14 @@
 
 #include "desktop/character/character_audio.h"
 #include "desktop/updates/updates.h"
+#include "platform/single_instance.h"
 #include "posix/places.h"
 #include "settings/program_info.h"
 
 #include <QRect>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace brovin::ui {
@@ -29,8 +31,9 @@ public:
     DesktopProgram(const DesktopProgram&) = delete;
     DesktopProgram& operator=(const DesktopProgram&) = delete;
 
-    /// Starts up; from then on the event loop drives it. False: the program is to end at once.
-    bool start();
+    /// Starts up; from then on the event loop drives it. The errand is done by the copy that runs already, or
+    /// by this one. False: the program is to end at once.
+    bool start(std::optional<platform::Errand> errand = std::nullopt);
 
     [[nodiscard]] ui::FrmOptions& form();
     [[nodiscard]] OptionsWindow& window();
@@ -41,6 +44,7 @@ private:
     void tieRecords();
     /// Brings the window to the front, or the question that is open before it.
     void comeUp();
+    void serve(platform::Errand errand);
 
     struct Parts;
     std::unique_ptr<Parts> parts_;

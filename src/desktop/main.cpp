@@ -44,6 +44,15 @@ void tellUnlessKnown(QtMsgType type, const QMessageLogContext& context, const QS
         std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
 }
 
+/// What the program that runs already is to do; the one that is started here does it where none runs.
+std::optional<platform::Errand> errandOf(const headless::CommandLine& line) {
+    if (line.scanNow)
+        return platform::Errand::ScanNow;
+    if (line.quiet)
+        return platform::Errand::SwitchQuiet;
+    return std::nullopt;
+}
+
 int refuse(ExitStatus status, std::string_view why) {
     std::cerr << "brovin: " << why << "\n";
     return static_cast<int>(status);
@@ -79,5 +88,5 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setDesktopFileName(QStringLiteral("org.kestrelworks.brovin"));
     desktop::DesktopProgram program(*places, info, *updates);
-    return program.start() ? QApplication::exec() : 0;
+    return program.start(errandOf(line)) ? QApplication::exec() : 0;
 }

@@ -44,6 +44,8 @@ constexpr Option kOptions[] = {
     {.name = "--trash", .choice = &ScanOptions::trash, .chosen = true},
     {.name = "--no-trash", .choice = &ScanOptions::trash},
     {.name = "--starter-names", .flag = &CommandLine::starterNames},
+    {.name = "--scan-now", .flag = &CommandLine::scanNow},
+    {.name = "--quiet", .flag = &CommandLine::quiet},
     {.name = "--check-language", .text = &CommandLine::checkLanguage},
     {.name = "--program-folder", .text = &CommandLine::programFolder},
     {.name = "--update-server", .text = &CommandLine::updateServer},
@@ -66,6 +68,8 @@ void apply(const Option& option, std::string_view value, CommandLine& line) {
 std::string problemOf(const CommandLine& line, std::string_view scanOnly) {
     if (!scanOnly.empty() && !line.scan)
         return std::string(scanOnly) + " goes with --scan";
+    if (line.scanNow + line.quiet + line.scan > 1)
+        return "--scan, --scan-now and --quiet do not go together";
     for (const std::string& name : line.scanOptions.nasty)
         if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos)
             return "--nasty wants the bare name of a file or folder, not \"" + name + "\"";
@@ -124,6 +128,8 @@ The desktop companion and file cleaner. Without options it starts hidden behind 
                          before its name, too. Without them the stored options hold; with --nasty "._" and icon files
                          stay
   --starter-names        print names that systems leave behind: name, "safe" or "caution", and what goes with it
+  --scan-now             as a click on "Scan NOW": by the Brovin that runs, or by one that is started for it
+  --quiet                as a click on "Quiet" in the icon's menu, which switches it on or off
   --check-language FILE  say what is wrong with a language file (see "Language files" in the manual)
   --program-folder DIR   language files, pictures and the deletion log are in DIR
   --update-server URL    ask there for updates

@@ -30,6 +30,8 @@ struct CommandLine {
     bool version = false;
     bool scan = false;
     bool starterNames = false;
+    bool scanNow = false; ///< by the program with the windows that runs already, or is started
+    bool quiet = false;   ///< that program's switch, on or off
     ScanOptions scanOptions;
     std::string checkLanguage; ///< the language file to check; empty: none
     std::string programFolder; ///< empty: the usual one

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <tuple>
+#include <optional>
 
 namespace brovin::app {
 namespace {
@@ -235,15 +235,26 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
     }
 }
 
-TEST(Program, asksForTheFirstOnesWindowWhereItCouldNotBeClicked) {
-    for (const auto& [tray, answers, shown, boxes] :
-         {std::tuple{true, true, 0, 1U}, std::tuple{false, true, 1, 0U}, std::tuple{false, false, 0, 1U}}) {
+TEST(Program, sendsTheFirstOneWhatItWasStartedFor) {
+    using platform::Errand;
+    const struct {
+        bool tray, answers;
+        std::optional<Errand> errand;
+        std::vector<Errand> sent;
+        std::size_t boxes;
+    } kCases[] = {{true, true, std::nullopt, {}, 1},
+                  {false, true, std::nullopt, {Errand::ShowWindow}, 0}, // which could not be clicked
+                  {false, false, std::nullopt, {}, 1},
+                  {true, true, Errand::ScanNow, {Errand::ScanNow}, 0},
+                  {false, true, Errand::SwitchQuiet, {Errand::SwitchQuiet}, 0},
+                  {true, false, Errand::ScanNow, {}, 1}};
+    for (const auto& [tray, answers, errand, sent, boxes] : kCases) {
         ProgramWorld second;
         second.instance.first = false;
         second.instance.answers = answers;
         second.tray.present = tray;
-        EXPECT_FALSE(second.program.Form_Load());
-        EXPECT_EQ(shown, second.instance.shown);
+        EXPECT_FALSE(second.program.Form_Load(errand));
+        EXPECT_EQ(sent, second.instance.sent);
         EXPECT_EQ(boxes, second.dialogs.boxes.size());
     }
 }

@@ -1,6 +1,8 @@
 #include "desktop/machine/autostart_entry.h"
 #include "desktop/machine/lock_file_instance.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -9,6 +11,10 @@
 
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <atomic>
+#include <thread>
+#include <vector>
 
 namespace brovin::desktop {
 namespace {
@@ -53,6 +59,28 @@ TEST(LockFileInstance, letsOneCopyThrough) {
         EXPECT_FALSE(second.isFirst());
     }
     EXPECT_TRUE(QFile::exists(path)) << "the second one took nothing away";
+}
+
+TEST(LockFileInstance, servesWhatALaterCopyAsksFor) {
+    int none = 0;
+    const QCoreApplication application(none, nullptr);
+    const QTemporaryDir scratch;
+    const QString path = scratch.filePath("running.lock");
+    LockFileInstance first(path);
+    ASSERT_TRUE(first.isFirst());
+    std::vector<platform::Errand> served;
+    first.serve = [&](platform::Errand errand) { served.push_back(errand); };
+    const std::vector errands{platform::Errand::SwitchQuiet, platform::Errand::ScanNow};
+    std::atomic<int> answers = 0;
+    std::thread later([&] {
+        for (const platform::Errand errand : errands)
+            answers += LockFileInstance(path).sendToFirst(errand) ? 1 : 0;
+    });
+    for (const QDeadlineTimer end(10000); answers < 2 && !end.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    later.join();
+    EXPECT_EQ(2, answers);
+    EXPECT_EQ(errands, served);
 }
 
 TEST(LockFileInstance, takesOverTheLockOfAKilledCopy) {

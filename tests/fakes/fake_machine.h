@@ -136,12 +136,13 @@ public:
 class FakeSingleInstance final : public platform::SingleInstance {
 public:
     bool first = true;
-    bool answers = true; ///< the copy that runs
-    int shown = 0;       ///< how often that one was asked for its window
+    bool answers = true;                ///< the copy that runs
+    std::vector<platform::Errand> sent; ///< to that one
 
     [[nodiscard]] bool isFirst() override { return first; }
-    [[nodiscard]] bool showFirst() override {
-        shown += answers ? 1 : 0;
+    [[nodiscard]] bool sendToFirst(platform::Errand errand) override {
+        if (answers)
+            sent.push_back(errand);
         return answers;
     }
 };

@@ -34,6 +34,7 @@ TEST(CommandLine, refusesWhatItDoesNotUnderstand) {
         {{"--scan", "--folder="}, "an empty value"},
         {{"--folder", "/a"}, "a scan's option without a scan"},
         {{"--dry-run"}, "a dry run of nothing"},
+        {{"--scan", "--scan-now"}, "a scan without a window, and by the window"},
         {{"--scan", "--nasty", "a/b"}, "a path for a name"},
         {{"--scan", "--nasty", ".."}, "the folder above"},
     };
