@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/character_gallery.h"
 #include "platform/character_service.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
@@ -45,6 +46,7 @@ struct Machine {
     const update::Machine* updates = nullptr;       ///< null: this build or machine never asks for any
     platform::Surroundings* surroundings = nullptr; ///< null: nothing is known of them
     platform::DeletionHistory* history = nullptr;   ///< null: none is kept
+    platform::CharacterGallery* gallery = nullptr;  ///< null: characters are names to choose from
 };
 
 } // namespace brovin::app

@@ -37,8 +37,8 @@ struct Program::Rooms {
         {form, settings, language.tables, machine.dialogs, machine.letters, machine.random}};
     companion::Companion companion{{form, form, form, form, form},
                                    {form, settings, language.tables, teller, machine.characters,
-                                    machine.surroundings, machine.clock, machine.regional, machine.letters,
-                                    machine.random}};
+                                    machine.gallery, machine.surroundings, machine.clock, machine.regional,
+                                    machine.letters, machine.random}};
     cleaner::Cleaner cleaner{
         {.pages = {form, form, form, form, form, form},
          .tip = tip,
@@ -112,6 +112,7 @@ void Program::Rooms::tieLanguage() {
         cleaner.nastyFiles.tellKnown();
         schedule.options.dtpWord_Change();
         companion.host.lstChars_Click();
+        form.lstChars.renewCards();
         updates.tellWhoUpdates();
     };
     language.loader.quit = [this] {

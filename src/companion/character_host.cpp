@@ -15,7 +15,6 @@ using language::Message;
 using language::PhraseList;
 namespace setting = settings::setting;
 
-constexpr std::string_view kFileEnding = ".acs";
 /// How far above the screen's lower edge a character stands that nobody has moved.
 constexpr int kStandingRoom = 147;
 /// A character whose corner is farther out than this is fetched back when it is loaded.
@@ -31,7 +30,8 @@ int topAtFirst(const platform::Area& screen) {
 void CharacterHost::scanCharacters() {
     std::vector<ui::ListBox::Item> items;
     for (const std::string& file : needs_.service.files()) {
-        const std::string_view name(file.data(), file.size() - std::min(file.size(), kFileEnding.size()));
+        const std::string_view name(file.data(),
+                                    file.size() - std::min(file.size(), kCharacterFileEnding.size()));
         items.push_back({needs_.letters.properCase(name), 0});
     }
     needs_.pages.character.lstChars.setItems(std::move(items));
@@ -49,7 +49,7 @@ void CharacterHost::loadCharacter() {
     if (!needs_.pages.character.chkAgent.checked() || actor.name.empty())
         return;
     if (needs_.service.character(actor.name) == nullptr)
-        needs_.service.load(actor.name, actor.name + std::string(kFileEnding));
+        needs_.service.load(actor.name, actor.name + std::string(kCharacterFileEnding));
     actor.character = needs_.service.character(actor.name);
     if (actor.character != nullptr) {
         place(actor.character->place);

@@ -14,8 +14,12 @@
 #include "ui/program_life.h"
 
 #include <string>
+#include <string_view>
 
 namespace brovin::companion {
+
+/// What the names of character files end in.
+inline constexpr std::string_view kCharacterFileEnding = ".acs";
 
 /// Finds the installed characters, keeps the chosen one loaded and on the screen, and lets it answer when the
 /// user clicks, drags or hides it. What the service refuses is passed over without a word.

@@ -13,6 +13,7 @@ Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
              needs.surroundings, needs.clock}),
       news({needs.teller.announcer, needs.teller.actor, needs.tables.messageTable, needs.clock,
             needs.regional}),
+      choice_({pages.character, needs.tables, needs.gallery}),
       menu_({pages.speech, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
       service_(needs.service) {
     host.loaded = [this] { quiet.review(); }; // which shows the menu, too

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companion/character_choice.h"
 #include "companion/character_host.h"
 #include "companion/character_menu.h"
 #include "companion/quiet.h"
@@ -19,6 +20,7 @@ public:
         const language::LanguageTables& tables;
         Teller& teller;
         platform::CharacterService& service;
+        platform::CharacterGallery* gallery;  ///< null: characters are names to choose from
         platform::Surroundings* surroundings; ///< null: nothing is known of them
         const platform::Clock& clock;
         const platform::Regional& regional;
@@ -39,6 +41,7 @@ private:
     void tie(ui::CharacterPage& page);
     void tie(ui::SpeechPage& page, ui::Button& cmdSpeak);
 
+    CharacterChoice choice_;
     CharacterMenu menu_;
     platform::CharacterService& service_;
 };

@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "cleaner/deletion_log.h"
 #include "desktop/character/desktop_character_service.h"
+#include "desktop/character/file_gallery.h"
 #include "desktop/machine/autostart_entry.h"
 #include "desktop/machine/box_manners.h"
 #include "desktop/machine/desktop_surroundings.h"
@@ -76,7 +77,7 @@ std::vector<std::string> characterFolders(const posix::Places& places) {
 struct DesktopMachine {
     DesktopMachine(const posix::Places& places, const UpdateSource& source, const AudioMaker& audio)
         : settings(places.settingsFile), landmarks(places),
-          folder({places.installedFolder, places.ownFolder}),
+          folder({places.installedFolder, places.ownFolder}), gallery(characterFolders(places)),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
           logOn(pathOf(places.autostartFolder) + QStringLiteral("/brovin.desktop")),
           instance(pathOf(places.runningLock)), scanLock(places.settingsFolder),
@@ -92,6 +93,7 @@ struct DesktopMachine {
     TrayIcon tray;
     DesktopSurroundings surroundings;
     QtClipboard clipboard;
+    FileGallery gallery;
     DesktopCharacterService characters;
     AutostartEntry logOn;
     LockFileInstance instance;
@@ -107,10 +109,10 @@ struct DesktopMachine {
     /// Whether the program waits for an answer, and other events have to wait for the program.
     [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
     [[nodiscard]] app::Machine pieces() {
-        return {settings, files,    landmarks,         folder,        dialogs,
-                shell,    tray,     clipboard,         characters,    logOn,
-                instance, scanLock, regional,          letters,       clock,
-                random,   pump,     updates.machine(), &surroundings, &history};
+        return {settings,      files,     landmarks,  folder, dialogs,  shell,
+                tray,          clipboard, characters, logOn,  instance, scanLock,
+                regional,      letters,   clock,      random, pump,     updates.machine(),
+                &surroundings, &history,  &gallery};
     }
 };
 

@@ -131,6 +131,12 @@ inline constexpr TextRow kTextRows[] = {
     {"menuVoice", "&Voice"},
     {"menuSounds", "Sou&nds"},
     {"menuPercent", "%1 %"},
+    // The list of characters: why one cannot be had
+    {"characterUnreadable", "This file cannot be read."},
+    {"characterIsNone", "This file is not a character."},
+    {"characterUnsupported", "This character was made for another generation of programs."},
+    {"characterTooLarge", "This file is larger than a character can be."},
+    {"characterDamaged", "This file is damaged."},
     // What happened while it was quiet: when, and what
     {"whileQuiet", "While it was quiet (%1): %2"},
     // The desktop

@@ -2,6 +2,7 @@
 // what remains when one is lost. And what a user may type for them to say.
 
 #include "desktop/companion_world.h"
+#include "desktop/widgets/gallery_view.h"
 
 #include <QMessageBox>
 
@@ -107,6 +108,36 @@ TEST(CharacterChoice, listsABigFolderInWhichManyAreBroken) {
         EXPECT_EQ(loads, world.form().lstAnims.count() > 0) << name;
         EXPECT_EQ(name, list.selectedText());
     }
+}
+
+TEST(CharacterChoice, showsWhomThereIsToChoose) {
+    CompanionWorld world;
+    world.makeFile("data/msagent/chars/none.acs", "not a character");
+    world.open();
+    world.turnTo(3);
+    auto* const list = qobject_cast<desktop::GalleryView*>(world.widget("lstChars"));
+    const auto entry = [&](const char* name) { return list->findItems(name, Qt::MatchExactly).first(); };
+    const auto line = [&](const char* name) { // as a screen reader hears it
+        return entry(name)->data(Qt::AccessibleDescriptionRole).toString().toStdString();
+    };
+    const auto own = readFile(CompanionWorld::kPeedy).info;
+    const auto inLanguage = [&](character::LanguageId id) {
+        return character::chooseInfo(own, id)->description;
+    };
+    EXPECT_TRUE(waitUntil([&] { return line("Peedy") == inLanguage(0x0409); })) << line("Peedy");
+    EXPECT_NE(std::string::npos, line("None").find("no character"));
+
+    const auto seen = [&] { return list->picture(list->indexFromItem(entry("Genie"))).toImage(); };
+    const QImage still = seen();
+    input(at(list->viewport()->mapToGlobal(list->visualItemRect(entry("Genie")).center())));
+    EXPECT_TRUE(waitUntil([&] { return seen() != still; })) << "it waves";
+    EXPECT_TRUE(waitUntil([&] { return seen() == still; })) << "once";
+    Journey::takePicture("character-choice");
+
+    world.turnTo(6);
+    world.choose("lstLang", "Deutsch");
+    world.turnTo(3);
+    EXPECT_TRUE(waitUntil([&] { return line("Peedy") == inLanguage(0x0407); })) << line("Peedy");
 }
 
 TEST(CharacterChoice, goesOnWhenTheFileOfItsCharacterIsLost) {

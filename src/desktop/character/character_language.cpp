@@ -14,6 +14,7 @@ namespace {
 using character::LanguageId;
 
 constexpr LanguageId kPrimary = 0x3FF;
+constexpr long kLastLanguageId = 0xFFFF;
 constexpr LanguageId kEnglish = 0x0409;
 
 struct Language {
@@ -51,6 +52,10 @@ const Language* rowOf(LanguageId id) {
 }
 
 } // namespace
+
+bool namesLanguage(long id) {
+    return id > 0 && id <= kLastLanguageId && (id & kPrimary) != 0;
+}
 
 LanguageId usersLanguage() {
     const QString name = QLocale::system().name(); // "pt_BR"

@@ -9,6 +9,9 @@ namespace brovin::desktop {
 /// What a character knows of languages. Where only the primary language of an identifier is known, that
 /// serves.
 
+/// Whether a number that language files give names a language.
+[[nodiscard]] bool namesLanguage(long id);
+
 /// The user's language, if characters know it, else English (US).
 [[nodiscard]] character::LanguageId usersLanguage();
 

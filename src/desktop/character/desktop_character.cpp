@@ -5,12 +5,6 @@
 #include <utility>
 
 namespace brovin::desktop {
-namespace {
-
-constexpr long kLastLanguageId = 0xFFFF;
-constexpr long kPrimaryLanguage = 0x3FF;
-
-} // namespace
 
 DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs)
     : data_(std::move(data)), audio_(std::move(needs.audio)), window_(*data_),
@@ -74,8 +68,7 @@ bool DesktopCharacter::gestureAt(int x, int y) {
 }
 
 void DesktopCharacter::setLanguageId(long id) {
-    const bool names = id > 0 && id <= kLastLanguageId && (id & kPrimaryLanguage) != 0;
-    if (names)
+    if (namesLanguage(id))
         speakIn(static_cast<character::LanguageId>(id));
 }
 

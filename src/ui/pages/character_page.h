@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/controls.h"
+#include "ui/gallery.h"
 #include "ui/slider.h"
 
 namespace brovin::ui {
@@ -9,7 +10,7 @@ namespace brovin::ui {
 struct CharacterPage : virtual Form {
     CheckBox chkAgent{*this, "chkAgent"};
     Label lblChars{*this, "lblChars"};
-    ListBox lstChars{*this, "lstChars"};
+    Gallery lstChars{*this, "lstChars"};
     Button cmdCheckChars{*this, "cmdCheckChars"};
     Label lblUser{*this, "lblUser"};
     TextBox txtUser{*this, "txtUser"}; ///< what the phrases call the user; may be empty

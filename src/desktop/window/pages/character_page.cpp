@@ -1,4 +1,5 @@
 #include "desktop/widgets/frequency_slider.h"
+#include "desktop/widgets/gallery_view.h"
 #include "desktop/widgets/parts.h"
 #include "desktop/window/pages/pages.h"
 
@@ -6,7 +7,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 
 namespace brovin::desktop {
@@ -15,7 +15,7 @@ QWidget* makeCharacterPage(ui::FrmOptions& form, QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(bound<QCheckBox>(form.chkAgent, page));
-    auto* characters = bound<QListWidget>(form.lstChars, page);
+    auto* characters = bound<GalleryView>(form.lstChars, page);
     layout->addWidget(labelFor(characters, form.lblChars, page));
     layout->addWidget(characters, 1);
     layout->addLayout(row({bound<QPushButton>(form.cmdCheckChars, page)}));
