@@ -66,7 +66,7 @@ Preview::Outcome Preview::search() {
 }
 
 ScanOutcome Preview::deleteChosen() {
-    ChosenRows chosen(rows);
+    ChosenRows chosen(rows, needs_.pump);
     const ScanOutcome outcome = needs_.scanRun.runChosen(chosen);
     if (outcome == ScanOutcome::Done)
         chosen.finish();

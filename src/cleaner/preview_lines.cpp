@@ -58,59 +58,77 @@ Table::Line PreviewWindow::lineOf(std::size_t line) const {
     const PreviewRows& rows = needs_.preview.rows;
     const PreviewView::Line place = view_.lines()[line];
     const PreviewRow& row = rows[place.row];
+    const RowMark& mark = rows.mark(place.row);
     const std::string folder = text::displayText(rows.folderPath(row.folder));
     if (place.heading)
         return {
             true,
             true,
-            row.chosen,
+            mark.chosen,
             {view_.wish().group == PreviewView::Group::Folder ? folder : text::displayText(shownName(row))}};
     const auto& messages = needs_.speech.messages;
     return {false,
-            row.state != RowState::Deleted,
-            row.chosen,
-            {text::displayText(row.name), folder, whyOf(row), sizeOf(row.bytes), ageOf(row),
-             messages.getText(kStates.at(static_cast<std::size_t>(row.state)))}};
+            mark.state != RowState::Deleted,
+            mark.chosen,
+            {text::displayText(row.name), folder, whyOf(row), sizeOf(rows.bytes(place.row)), ageOf(row),
+             messages.getText(kStates.at(static_cast<std::size_t>(mark.state)))}};
 }
 
-std::string PreviewWindow::lostWith(const PreviewRow& row) const {
+std::string PreviewWindow::lostWith(std::uint32_t at) const {
+    const PreviewRows& rows = needs_.preview.rows;
+    const PreviewRow& row = rows[at];
     const auto& messages = needs_.speech.messages;
     const std::string name = shownName(row);
     const auto known = knownName(name);
     std::string text = known ? messages.getText(known->told) : messages.getText("knownNothing");
-    if (!mayCarry(name) || row.facts.kind == platform::EntryKind::Folder || row.state == RowState::Deleted)
+    if (!mayCarry(name) || row.facts.kind == platform::EntryKind::Folder ||
+        rows.mark(at).state == RowState::Deleted)
         return text;
-    const auto walk = needs_.files.open(needs_.preview.rows.folderPath(row.folder));
+    const auto walk = needs_.files.open(rows.folderPath(row.folder));
     if (!walk)
         return text;
-    return text + " " + carriedText(lookInto(**walk, row.name, row.bytes), messages, needs_.regional);
+    return text + " " + carriedText(lookInto(**walk, row.name, rows.bytes(at)), messages, needs_.regional);
 }
 
 void PreviewWindow::cmdKeepThis_Click() {
-    if (const PreviewRow* row = selected())
-        keep(needs_.preview.rows.folderPath(row->folder).append(row->name));
+    if (const std::uint32_t row = selected(); row != PreviewRows::kNone)
+        keep(needs_.preview.rows.path(row));
 }
 
 void PreviewWindow::cmdKeepName_Click() {
-    if (const PreviewRow* row = selected())
-        keep(shownName(*row));
+    if (const std::uint32_t row = selected(); row != PreviewRows::kNone)
+        keep(shownName(needs_.preview.rows[row]));
 }
 
 void PreviewWindow::cmdKeepFolder_Click() {
-    if (const PreviewRow* row = selected())
-        keep(needs_.preview.rows.folderPath(row->folder));
+    if (const std::uint32_t row = selected(); row != PreviewRows::kNone)
+        keep(needs_.preview.rows.folderPath(needs_.preview.rows[row].folder));
 }
 
 /// From here on it is on the list, and all rows that it covers are cleared: nobody would delete them.
 void PreviewWindow::keep(const std::string& entry) {
-    const std::string kept = keepEntry(needs_.letters.lowerCase(entry));
     if (!needs_.keepList.add(entry))
         return;
+    {
+        // Nobody ticks, scans or deletes while events go through.
+        const ScanState::Running clearing(needs_.scan, ScanState::Work::Search, [] {});
+        clearKept(keepEntry(needs_.letters.lowerCase(entry)));
+    }
+    if (!needs_.form.window.visible()) {
+        Form_Close(); // it was closed meanwhile
+        return;
+    }
+    needs_.form.tblFound.refresh();
+    tellFound();
+}
+
+void PreviewWindow::clearKept(const std::string& kept) {
     PreviewRows& rows = needs_.preview.rows;
     const bool isPath = kept.front() == platform::kPathSeparator;
     std::uint32_t folder = PreviewRows::kNone;
     std::string path; // of the folder of the rows that are looked at
     for (std::uint32_t at = 0; at < rows.size(); ++at) {
+        needs_.pump.pump();
         if (rows[at].folder != folder) {
             folder = rows[at].folder;
             path = isPath ? needs_.letters.lowerCase(rows.folderPath(folder)) : std::string();
@@ -118,13 +136,9 @@ void PreviewWindow::keep(const std::string& entry) {
         const std::string name = shownName(rows[at]);
         const bool covered =
             isPath ? path.starts_with(kept + platform::kPathSeparator) || path + name == kept : name == kept;
-        if (!covered || rows[at].state == RowState::Deleted)
-            continue;
-        tick(at, false);
-        rows[at].state = RowState::Left;
+        if (covered && rows.mark(at).state != RowState::Deleted)
+            rows.mark(at) = {RowState::Left, false};
     }
-    needs_.form.tblFound.refresh();
-    tellFound();
 }
 
 void PreviewWindow::cmdDeleteThese_Click() {
@@ -136,15 +150,15 @@ void PreviewWindow::cmdDeleteThese_Click() {
     std::array<std::uint64_t, 5> states{}; // rows in each state
     PreviewRows& rows = needs_.preview.rows;
     for (std::uint32_t at = 0; at < rows.size(); ++at) {
-        const auto state = static_cast<std::size_t>(rows[at].state);
-        states.at(state) += rows[at].chosen ? 1 : 0;
-        if (rows[at].state == RowState::Deleted && rows[at].chosen) {
-            rows[at].chosen = false;
-            --chosen_;
-            chosenBytes_ -= rows[at].bytes;
-        }
+        RowMark& mark = rows.mark(at);
+        states.at(static_cast<std::size_t>(mark.state)) += mark.chosen ? 1 : 0;
+        mark.chosen = mark.chosen && mark.state != RowState::Deleted;
     }
     setRunning(false);
+    if (!needs_.form.window.visible()) {
+        Form_Close(); // it was closed meanwhile
+        return;
+    }
     needs_.form.tblFound.refresh();
     if (outcome == ScanOutcome::BusyElsewhere) {
         needs_.form.lblFound.setCaption(messages.getText("anotherScan"));

@@ -12,6 +12,8 @@ constexpr char kBetween = platform::kPathSeparator;
 void PreviewRows::clear() {
     rows_.clear();
     rows_.shrink_to_fit();
+    marks_ = {};
+    bytes_ = {};
     folders_ = {};
     texts_.clear();
     free_ = nullptr;
@@ -72,10 +74,20 @@ void PreviewRows::add(const Deletion& deletion) {
     row.name = keep(deletion.name);
     row.facts = deletion.facts.value_or(platform::EntryFacts{});
     row.facts.kind = deletion.kind;
-    row.bytes = deletion.bytes;
     row.folder = levels_.back().folder;
     row.why = deletion.match;
     rows_.push_back(row);
+    marks_.emplace_back();
+    bytes_.push_back(deletion.bytes);
+}
+
+PreviewRows::Sum PreviewRows::chosen() const {
+    Sum sum;
+    for (std::size_t row = 0; row < marks_.size(); ++row) {
+        sum.rows += marks_[row].chosen ? 1 : 0;
+        sum.bytes += marks_[row].chosen ? bytes_[row] : 0;
+    }
+    return sum;
 }
 
 std::string PreviewRows::folderPath(std::uint32_t folder) const {

@@ -25,15 +25,19 @@ enum class RowState : std::uint8_t {
 struct PreviewRow {
     std::string_view name;      ///< in the disk's own bytes; lives as long as the rows
     platform::EntryFacts facts; ///< with what tells it from another one
-    std::uint64_t bytes = 0;    ///< in the file, or in all files of the folder
     std::uint32_t folder = 0;   ///< see PreviewRows::folderPath
     Match why = Match::None;    ///< Listed: the name on the list is its own in lower case
+};
+
+/// What changes about a row while it is looked at.
+struct RowMark {
     RowState state = RowState::Found;
     bool chosen = true;
 };
 
 /// All of them in the order of the sweep, in little memory: what belongs to one folder stands together, and
-/// of a folder only its own name is kept.
+/// of a folder only its own name is kept. Marks and sizes stand apart and close together, so that a million
+/// of them are ticked and counted within some milliseconds, in whatever order.
 class PreviewRows {
 public:
     static constexpr std::uint32_t kNone = UINT32_MAX;
@@ -43,6 +47,10 @@ public:
         std::uint32_t parent = kNone; ///< of a watched folder: kNone
         std::uint32_t firstRow = 0;
         std::uint32_t rows = 0; ///< in the folder itself
+    };
+    struct Sum {
+        std::size_t rows = 0;
+        std::uint64_t bytes = 0;
     };
 
     PreviewRows() = default;
@@ -56,7 +64,12 @@ public:
 
     [[nodiscard]] std::size_t size() const { return rows_.size(); }
     [[nodiscard]] const PreviewRow& operator[](std::size_t row) const { return rows_[row]; }
-    [[nodiscard]] PreviewRow& operator[](std::size_t row) { return rows_[row]; }
+    [[nodiscard]] RowMark& mark(std::size_t row) { return marks_[row]; }
+    [[nodiscard]] const RowMark& mark(std::size_t row) const { return marks_[row]; }
+    /// In the file, or in all files of the folder.
+    [[nodiscard]] std::uint64_t bytes(std::size_t row) const { return bytes_[row]; }
+    /// Of all rows that are chosen.
+    [[nodiscard]] Sum chosen() const;
 
     [[nodiscard]] const std::vector<Folder>& folders() const { return folders_; }
     /// In the disk's own bytes, with a separator at its end.
@@ -76,6 +89,8 @@ private:
     void push(std::string_view name, std::uint32_t parent, std::size_t length);
 
     std::deque<PreviewRow> rows_; // not a vector, which would hold all twice while it grows
+    std::vector<RowMark> marks_;
+    std::vector<std::uint64_t> bytes_;
     std::vector<Folder> folders_;
     std::vector<std::unique_ptr<char[]>> texts_;
     char* free_ = nullptr;      ///< where the next text goes in the last of them

@@ -52,6 +52,7 @@ bool PreviewView::superseded() {
 
 void PreviewView::clear() {
     lines_.clear();
+    folderFits_.clear();
     seen_ = 0;
     again_ = atWork_;
     renewed();
@@ -75,10 +76,7 @@ void PreviewView::arrange(const Wish& wish) {
 bool PreviewView::arrangeOnce() {
     needle_ = letters_.lowerCase(wish_.filter);
     Items items;
-    if (!rankFolders())
-        return false;
-    findFolders();
-    if (!select(items) || !sort(items, wish_.by, wish_.descending))
+    if (!rankFolders() || !findFolders() || !select(items) || !sort(items, wish_.by, wish_.descending))
         return false;
     if (wish_.group != Group::None &&
         !sort(items, wish_.group == Group::Folder ? By::Folder : By::Name, false))
@@ -100,7 +98,8 @@ bool PreviewView::arrangeOnce() {
 void PreviewView::append() {
     if (atWork_ || wish_.group != Group::None)
         return;
-    findFolders();
+    while (folderFits_.size() < rows_.folders().size())
+        findFolder(folderFits_.size());
     for (; seen_ < rows_.size(); ++seen_)
         if (shows(rows_[seen_]))
             lines_.push_back({static_cast<std::uint32_t>(seen_), false});
@@ -153,19 +152,26 @@ bool PreviewView::rankFolders() {
     return true;
 }
 
-void PreviewView::findFolders() {
-    const auto& folders = rows_.folders();
-    std::size_t at = needle_.empty() || seen_ == 0 || atWork_ ? 0 : folderFits_.size();
-    folderFits_.resize(at);
-    const bool spans = needle_.find(platform::kPathSeparator) != std::string::npos;
-    for (; at < folders.size(); ++at) {
-        const PreviewRows::Folder& folder = folders[at];
-        const bool above = folder.parent != PreviewRows::kNone && folderFits_[folder.parent] != 0;
-        const bool fits =
-            above || needle_.empty() || contains(folder.name, needle_, letters_) ||
-            (spans && contains(rows_.folderPath(static_cast<std::uint32_t>(at)), needle_, letters_));
-        folderFits_.push_back(fits ? 1 : 0);
+bool PreviewView::findFolders() {
+    folderFits_.clear();
+    for (std::size_t folder = 0; folder < rows_.folders().size(); ++folder) {
+        if (folder % kSlice == 0 && superseded())
+            return false;
+        findFolder(folder);
     }
+    return true;
+}
+
+/// Whether the filter stands in the path of the folder behind those that are known. That of the folder above,
+/// which stands before it, is part of its own.
+void PreviewView::findFolder(std::size_t folder) {
+    const PreviewRows::Folder& place = rows_.folders()[folder];
+    const bool above = place.parent != PreviewRows::kNone && folderFits_[place.parent] != 0;
+    const bool spans = needle_.find(platform::kPathSeparator) != std::string::npos;
+    const bool fits =
+        above || needle_.empty() || contains(place.name, needle_, letters_) ||
+        (spans && contains(rows_.folderPath(static_cast<std::uint32_t>(folder)), needle_, letters_));
+    folderFits_.push_back(fits ? 1 : 0);
 }
 
 bool PreviewView::shows(const PreviewRow& row) const {
@@ -182,7 +188,8 @@ bool PreviewView::select(Items& items) {
     return true;
 }
 
-std::uint64_t PreviewView::keyOf(const PreviewRow& row, By by) const {
+std::uint64_t PreviewView::keyOf(std::uint32_t at, By by) const {
+    const PreviewRow& row = rows_[at];
     switch (by) {
     case By::Name:
         return beginning(row.name);
@@ -191,7 +198,7 @@ std::uint64_t PreviewView::keyOf(const PreviewRow& row, By by) const {
     case By::Why:
         return static_cast<std::uint64_t>(row.why);
     case By::Size:
-        return row.bytes;
+        return rows_.bytes(at);
     case By::Age: // the youngest first
         return static_cast<std::uint64_t>(INT64_MAX) - static_cast<std::uint64_t>(row.facts.modified);
     case By::Found:
@@ -206,7 +213,7 @@ bool PreviewView::sort(Items& items, By by, bool descending) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (i % kSlice == 0 && superseded())
             return false;
-        items[i].key = by == By::Found ? items[i].row : keyOf(rows_[items[i].row], by);
+        items[i].key = by == By::Found ? items[i].row : keyOf(items[i].row, by);
     }
     const auto less = [this, by](const Item& one, const Item& other) {
         if (one.key != other.key || by != By::Name)

@@ -63,10 +63,11 @@ private:
     bool superseded();
     bool arrangeOnce();
     bool rankFolders();
-    void findFolders();
+    bool findFolders();
+    void findFolder(std::size_t folder);
     [[nodiscard]] bool shows(const PreviewRow& row) const;
     bool select(Items& items);
-    [[nodiscard]] std::uint64_t keyOf(const PreviewRow& row, By by) const;
+    [[nodiscard]] std::uint64_t keyOf(std::uint32_t at, By by) const;
     bool sort(Items& items, By by, bool descending);
     [[nodiscard]] bool sameGroup(std::uint32_t one, std::uint32_t other) const;
 

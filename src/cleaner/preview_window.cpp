@@ -125,9 +125,6 @@ void PreviewWindow::search() {
     }
     searching_ = true;
     setRunning(true);
-    chosen_ = 0;
-    chosenBytes_ = 0;
-    counted_ = 0;
     shownAt_ = needs_.clock.elapsed();
     searchedAt_ = needs_.clock.secondsUtc();
     needs_.preview.rows.clear();
@@ -150,17 +147,14 @@ void PreviewWindow::setRunning(bool running) {
     form.cmdStop.setEnabled(running);
     for (ui::Button* button : {&form.cmdSearchAgain, &form.cmdTickAll, &form.cmdTickNone})
         button->setEnabled(!running);
-    form.cmdDeleteThese.setEnabled(!running && chosen_ > 0);
+    form.cmdDeleteThese.setEnabled(!running && needs_.preview.rows.chosen().rows > 0);
     tblFound_Select();
 }
 
 /// Shows what has been found since, and counts it.
 void PreviewWindow::tellFound() {
     const PreviewRows& rows = needs_.preview.rows;
-    for (; counted_ < rows.size(); ++counted_) {
-        ++chosen_;
-        chosenBytes_ += rows[counted_].bytes;
-    }
+    const PreviewRows::Sum chosen = rows.chosen();
     if (searching_) {
         view_.append();
         needs_.form.tblFound.setLines(view_.lines().size());
@@ -173,7 +167,8 @@ void PreviewWindow::tellFound() {
     else if (rows.size() == 0)
         text = messages.getText("previewNothing", {folders});
     else
-        text = messages.getText("previewFound", {number(rows.size()), number(chosen_), sizeOf(chosenBytes_)});
+        text = messages.getText("previewFound",
+                                {number(rows.size()), number(chosen.rows), sizeOf(chosen.bytes)});
     if (!searching_ && outcome_ == Preview::Outcome::Stopped)
         text += " " + messages.getText("previewStopped");
     if (!searching_ && outcome_ == Preview::Outcome::Full)
@@ -184,7 +179,7 @@ void PreviewWindow::tellFound() {
         text +=
             " " + messages.getText("previewNotVisited", {number(left), number(FolderSweep::kMostSubfolders)});
     needs_.form.lblFound.setCaption(text);
-    needs_.form.cmdDeleteThese.setEnabled(!needs_.scan.busy() && chosen_ > 0);
+    needs_.form.cmdDeleteThese.setEnabled(!needs_.scan.busy() && chosen.rows > 0);
 }
 
 void PreviewWindow::arrange() {
@@ -204,46 +199,41 @@ void PreviewWindow::tblFound_TitleClick(std::size_t column) {
     view_.arrange(wish);
 }
 
-void PreviewWindow::tick(std::uint32_t row, bool on) {
-    PreviewRow& ticked = needs_.preview.rows[row];
-    if (ticked.chosen == on || ticked.state == RowState::Deleted)
-        return;
-    ticked.chosen = on;
-    chosen_ += on ? 1 : -1;
-    chosenBytes_ += on ? ticked.bytes : -ticked.bytes;
+/// In one go, so that nobody can delete what is ticked by half.
+void PreviewWindow::tick(std::size_t firstLine, std::size_t end, bool on) {
+    for (std::size_t line = firstLine; line < end; ++line) {
+        RowMark& mark = needs_.preview.rows.mark(view_.lines()[line].row);
+        mark.chosen = mark.state != RowState::Deleted && on;
+    }
+    needs_.form.tblFound.refresh();
+    tellFound();
 }
 
 void PreviewWindow::tblFound_Tick(std::size_t line, bool on) {
     if (needs_.scan.busy() || line >= view_.lines().size())
         return;
     const bool heading = view_.lines()[line].heading;
-    const std::size_t end = heading ? view_.endOfGroup(line) : line + 1;
-    for (std::size_t at = line; at < end; ++at)
-        tick(view_.lines()[at].row, on);
-    needs_.form.tblFound.refresh();
-    tellFound();
+    tick(line, heading ? view_.endOfGroup(line) : line + 1, on);
 }
 
 void PreviewWindow::tickShown(bool on) {
-    for (const PreviewView::Line& line : view_.lines())
-        tick(line.row, on);
-    needs_.form.tblFound.refresh();
-    tellFound();
+    if (!needs_.scan.busy())
+        tick(0, view_.lines().size(), on);
 }
 
-const PreviewRow* PreviewWindow::selected() const {
+std::uint32_t PreviewWindow::selected() const {
     const std::size_t line = needs_.form.tblFound.selected();
-    return line < view_.lines().size() ? &needs_.preview.rows[view_.lines()[line].row] : nullptr;
+    return line < view_.lines().size() ? view_.lines()[line].row : PreviewRows::kNone;
 }
 
 void PreviewWindow::tblFound_Select() {
     ui::FrmPreview& form = needs_.form;
-    const PreviewRow* row = selected();
-    const bool editable = row != nullptr && !needs_.scan.busy();
+    const std::uint32_t row = selected();
+    const bool editable = row != PreviewRows::kNone && !needs_.scan.busy();
     for (ui::Button* button : {&form.cmdKeepThis, &form.cmdKeepName, &form.cmdKeepFolder})
         button->setEnabled(editable);
-    form.cmdOpenFolder.setEnabled(row != nullptr);
-    form.lblLost.setCaption(row != nullptr ? lostWith(*row) : std::string());
+    form.cmdOpenFolder.setEnabled(row != PreviewRows::kNone);
+    form.lblLost.setCaption(row != PreviewRows::kNone ? lostWith(row) : std::string());
 }
 
 void PreviewWindow::cmdStop_Click() {
@@ -262,10 +252,10 @@ void PreviewWindow::Form_Close() {
 }
 
 void PreviewWindow::cmdOpenFolder_Click() {
-    const PreviewRow* row = selected();
-    if (row == nullptr)
+    const std::uint32_t row = selected();
+    if (row == PreviewRows::kNone)
         return;
-    const std::string folder = needs_.preview.rows.folderPath(row->folder);
+    const std::string folder = needs_.preview.rows.folderPath(needs_.preview.rows[row].folder);
     if (!needs_.shell.openDocument(folder))
         needs_.form.lblLost.setCaption(
             needs_.speech.messages.getText("folderNotOpened", {text::displayText(folder)}));

@@ -19,7 +19,7 @@ public:
     struct Needs {
         ui::FrmPreview& form;
         const ui::FoldersPage& foldersPage;
-        const ScanState& scan;
+        ScanState& scan;
         companion::Speech speech;
         Preview& preview;
         KeepList& keepList;
@@ -57,23 +57,22 @@ private:
     void tellFound();
     void arrange();
     void tickShown(bool on);
-    void tick(std::uint32_t row, bool on);
+    void tick(std::size_t firstLine, std::size_t end, bool on);
     void keep(const std::string& entry);
-    [[nodiscard]] const PreviewRow* selected() const;
+    void clearKept(const std::string& kept);
+    /// PreviewRows::kNone: none.
+    [[nodiscard]] std::uint32_t selected() const;
     [[nodiscard]] ui::Table::Line lineOf(std::size_t line) const;
     [[nodiscard]] std::string whyOf(const PreviewRow& row) const;
     [[nodiscard]] std::string sizeOf(std::uint64_t bytes) const;
     [[nodiscard]] std::string ageOf(const PreviewRow& row) const;
-    [[nodiscard]] std::string lostWith(const PreviewRow& row) const;
+    [[nodiscard]] std::string lostWith(std::uint32_t at) const;
     [[nodiscard]] std::string number(std::uint64_t count) const;
     [[nodiscard]] std::string shownName(const PreviewRow& row) const;
 
     Needs needs_;
     PreviewView view_;
     Preview::Outcome outcome_ = Preview::Outcome::Done;
-    std::size_t chosen_ = 0;        ///< rows that are ticked
-    std::uint64_t chosenBytes_ = 0; ///< in them
-    std::size_t counted_ = 0;       ///< rows that are in the two
     std::chrono::milliseconds shownAt_{};
     std::int64_t searchedAt_ = 0; ///< what ages are counted from: seconds, UTC
     bool searching_ = false;

@@ -114,8 +114,8 @@ public:
 /// link.
 class FolderWalk : public FolderEntries, public FolderDeletions {
 public:
-    /// Asked some times a second while a slow disk lets the walk wait. False: the operation fails with
-    /// ECANCELED. Not every wait can be ended so.
+    /// Asked some times a second while a slow disk lets the walk wait, and while a huge folder is read.
+    /// False: the operation fails with ECANCELED. Not every wait can be ended so.
     virtual void whileWaiting(std::function<bool()> goesOn) = 0;
 
     /// Of the folder that is open at this place.

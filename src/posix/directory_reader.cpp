@@ -59,13 +59,16 @@ platform::Status DirectoryReader::readPart(std::size_t mostBytes) {
             end_ = 0;
             return read;
         }
+        if (end_ > kMostAtOnce && whileReading)
+            whileReading();
     }
     return platform::Done{};
 }
 
 platform::Status DirectoryReader::readPortion() {
+    const std::size_t room = std::min(capacity_ - end_, kMostAtOnce);
     const ssize_t bytes =
-        uninterrupted([this] { return ::getdents64(folder_, memory_.get() + end_, capacity_ - end_); });
+        uninterrupted([this, room] { return ::getdents64(folder_, memory_.get() + end_, room); });
     if (bytes < 0)
         return lastFailure();
     end_ += static_cast<std::size_t>(bytes);

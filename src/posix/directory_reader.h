@@ -5,6 +5,7 @@
 #include "posix/listing_guard.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -29,6 +30,9 @@ public:
     };
 
     static constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024; ///< of one part
+
+    /// Told while a huge folder is read, every few milliseconds of work.
+    std::function<void()> whileReading;
 
     /// Reads an open folder, from the place where its descriptor stands, to its end or as much as fits into
     /// so many bytes. The records before are gone, whether it succeeds or not.
@@ -56,6 +60,8 @@ private:
     /// The system hands over as many records as fit, so that a common folder takes one call and one more to
     /// learn that it was all.
     static constexpr std::size_t kLeastRoom = std::size_t{64} * 1024;
+    /// Asked for at once: a disk in memory needs 3 ms for so much.
+    static constexpr std::size_t kMostAtOnce = std::size_t{256} * 1024;
 
     platform::Status readPart(std::size_t mostBytes);
     platform::Status readPortion();

@@ -4,8 +4,10 @@
 #include "posix/directory_reader.h"
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brovin::posix {
@@ -22,6 +24,9 @@ public:
 
     /// Reads the next part. False: there is none.
     platform::Result<bool> nextPart() { return reader_.readOn(); }
+
+    /// Told while a huge folder is read, every few milliseconds of work.
+    void whileReading(std::function<void()> told) { reader_.whileReading = std::move(told); }
 
     /// The next entries of this part; none: that was all of it. They are valid until the next call.
     std::span<const platform::Entry> piece();

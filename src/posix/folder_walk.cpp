@@ -27,6 +27,15 @@ PosixFolderWalk::~PosixFolderWalk() {
         ahead_->stop();
 }
 
+void PosixFolderWalk::whileWaiting(std::function<bool()> goesOn) {
+    patience_ = std::move(goesOn);
+    // Whoever gives up here is heard at the first entry: what was read until then is no failure.
+    list_.whileReading([this] {
+        if (patience_)
+            static_cast<void>(patience_());
+    });
+}
+
 platform::Result<platform::FolderIdentity> PosixFolderWalk::identity() {
     return identityOf(chain_.current());
 }

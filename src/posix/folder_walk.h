@@ -26,7 +26,7 @@ public:
     PosixFolderWalk(const PosixFolderWalk&) = delete;
     PosixFolderWalk& operator=(const PosixFolderWalk&) = delete;
 
-    void whileWaiting(std::function<bool()> goesOn) override { patience_ = std::move(goesOn); }
+    void whileWaiting(std::function<bool()> goesOn) override;
     platform::Result<platform::FolderIdentity> identity() override;
     platform::Result<std::span<const platform::Entry>> list() override;
     platform::Result<std::span<const platform::Entry>> listMore() override;

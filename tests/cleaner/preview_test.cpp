@@ -24,10 +24,12 @@ struct PreviewWorld : CleanerWorld {
             all.push_back(preview.rows.path(row));
         return all;
     }
-    [[nodiscard]] PreviewRow& row(const std::string& path) {
+    [[nodiscard]] std::size_t rowOf(const std::string& path) const {
         const Paths all = paths();
-        return preview.rows[static_cast<std::size_t>(std::find(all.begin(), all.end(), path) - all.begin())];
+        return static_cast<std::size_t>(std::find(all.begin(), all.end(), path) - all.begin());
     }
+    [[nodiscard]] const PreviewRow& row(const std::string& path) { return preview.rows[rowOf(path)]; }
+    [[nodiscard]] RowMark& mark(const std::string& path) { return preview.rows.mark(rowOf(path)); }
 };
 
 TEST(Preview, showsWhatAScanWouldDeleteAndDeletesNothing) {
@@ -40,7 +42,7 @@ TEST(Preview, showsWhatAScanWouldDeleteAndDeletesNothing) {
     EXPECT_EQ(Match::Listed, world.row("/d/JUNK").why);
     EXPECT_EQ(Match::DotDash, world.row("/d/a/._x").why);
     EXPECT_EQ(Match::Icon, world.row("/d/b/Icon\r").why);
-    EXPECT_EQ(5000U, world.row("/d/a/deep/junk").bytes);
+    EXPECT_EQ(5000U, world.preview.rows.bytes(world.rowOf("/d/a/deep/junk")));
     EXPECT_EQ(platform::EntryKind::Folder, world.row("/d/a/deep/junk").facts.kind);
     EXPECT_NE(0U, world.row("/d/b/Icon\r").facts.inode);
     EXPECT_EQ(tree, world.files.tree());
@@ -54,12 +56,12 @@ TEST(Preview, deletesWhatIsChosenLikeAScan) {
     world.form.chkLog.setValue(ui::CheckBox::kOn);
     world.settings.set("LastScanned", "before");
     ASSERT_EQ(Preview::Outcome::Done, world.preview.search());
-    world.row("/d/a/._x").chosen = false;
-    world.row("/d/JUNK").chosen = false;
+    world.mark("/d/a/._x").chosen = false;
+    world.mark("/d/JUNK").chosen = false;
     EXPECT_EQ(ScanOutcome::Done, world.preview.deleteChosen());
     EXPECT_EQ((Paths{"/d/a/deep/junk", "/d/b/Icon\r"}), world.files.deleted);
-    EXPECT_EQ(RowState::Deleted, world.row("/d/a/deep/junk").state);
-    EXPECT_EQ(RowState::Found, world.row("/d/JUNK").state);
+    EXPECT_EQ(RowState::Deleted, world.mark("/d/a/deep/junk").state);
+    EXPECT_EQ(RowState::Found, world.mark("/d/JUNK").state);
     EXPECT_EQ("2", world.settings.setting("TotalNuked"));
     EXPECT_EQ("8", world.settings.setting("KB"));
     EXPECT_EQ("before", world.settings.setting("LastScanned")) << "not everything was swept";
@@ -79,8 +81,8 @@ TEST(Preview, leavesWhatHasChangedSinceItWasShown) {
     EXPECT_EQ(ScanOutcome::Done, world.preview.deleteChosen());
     EXPECT_TRUE(world.files.deleted.empty());
     for (const char* path : {"/d/JUNK", "/d/a/deep/junk", "/d/b/Icon\r"})
-        EXPECT_EQ(RowState::Changed, world.row(path).state) << path;
-    EXPECT_EQ(RowState::Left, world.row("/d/a/._x").state) << "asked about, and answered No";
+        EXPECT_EQ(RowState::Changed, world.mark(path).state) << path;
+    EXPECT_EQ(RowState::Left, world.mark("/d/a/._x").state) << "asked about, and answered No";
     EXPECT_EQ(1U, world.dialogs.boxes.size()) << "nobody is asked about what is another entry";
 }
 
