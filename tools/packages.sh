@@ -27,11 +27,12 @@ packages_test=(
     appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db
     clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev openssl strace
-    libxml2-utils
+    debhelper dpkg-dev lintian libxml2-utils
     pulseaudio pulseaudio-utils
     reuse systemd
 )
 # What makes packages of it, and judges them.
 packages_package=(
-    appstream debhelper debootstrap desktop-file-utils dpkg-dev fakeroot librsvg2-bin lintian man-db reuse systemd
+    appstream blhc debhelper debootstrap desktop-file-utils devscripts diffoscope-minimal dpkg-dev fakeroot
+    librsvg2-bin lintian man-db patchelf reuse systemd xz-utils
 )

@@ -7,8 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -100,10 +103,21 @@ int hear(short* samples, int count, espeak_EVENT* events) {
     return current->take({samples, sound ? static_cast<std::size_t>(count) : 0}, events) ? kContinue : kAbort;
 }
 
+/// The folder with the synthesizer's data, where they lie beside the program because it runs from a folder of
+/// its own; empty: the system's are meant.
+std::string ownData() {
+    std::error_code unknown;
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
+    return std::filesystem::is_directory(folder / "espeak-ng-data", unknown) ? folder.string()
+                                                                             : std::string();
+}
+
 bool start() {
+    const std::string data = ownData();
     constexpr int kOptions =
         espeakINITIALIZE_PHONEME_EVENTS | espeakINITIALIZE_PHONEME_IPA | espeakINITIALIZE_DONT_EXIT;
-    if (espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, 0, nullptr, kOptions) != kSpeechRate)
+    if (espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, 0, data.empty() ? nullptr : data.c_str(), kOptions) !=
+        kSpeechRate)
         return false;
     espeak_SetSynthCallback(hear);
     return true;
