@@ -15,8 +15,7 @@
 #include "desktop/machine/tray_icon.h"
 #include "desktop/records/log_window.h"
 #include "desktop/records/score_window.h"
-#include "desktop/voice/espeak_voice.h"
-#include "desktop/voice/sound_player.h"
+#include "desktop/spoken_audio.h"
 #include "desktop/widgets/pictures.h"
 #include "desktop/window/accessibility.h"
 #include "desktop/window/form_window.h"
@@ -51,21 +50,6 @@ namespace {
 
 QString pathOf(const std::string& bytes) {
     return QFile::decodeName(QByteArray::fromStdString(bytes));
-}
-
-/// Every character speaks with a voice of its own.
-CharacterAudio spokenAudio(const std::shared_ptr<const character::CharacterData>& data) {
-    auto own = std::make_unique<voice::EspeakVoice>(*data);
-    auto sound = std::make_unique<voice::SoundPlayer>(data);
-    voice::EspeakVoice* const speaks = own.get(); // both live as long as what is returned
-    voice::SoundPlayer* const sounds = sound.get();
-    return {std::move(own), std::move(sound),
-            [speaks](character::LanguageId language) { speaks->choice().setLanguageId(language); },
-            [speaks](const std::string& mode) { speaks->choice().setTtsModeId(mode); },
-            [speaks, sounds](const platform::Loudness& loudness) {
-                speaks->setLoudness(loudness.voice);
-                sounds->setLoudness(loudness.sounds);
-            }};
 }
 
 /// The user's own characters win.

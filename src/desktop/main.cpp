@@ -1,3 +1,4 @@
+#include "desktop/choose_platform.h"
 #include "desktop/desktop_program.h"
 #include "headless/command_line.h"
 #include "headless/exit_status.h"
@@ -24,18 +25,6 @@ std::optional<desktop::UpdateSource> updateSource(std::string server) {
     if (!update::mayFetch(server, platform::PlainHttp::OnlyFromThisMachine))
         return std::nullopt;
     return desktop::UpdateSource{std::move(server), kUpdateKey};
-}
-
-/// Windows are placed and kept on top by the program itself, which only X11 lets it do: on other desktops it
-/// runs through their X server, whatever the environment asks for. Qt would end the program without a word
-/// where there is no display at all.
-bool choosePlatform() {
-    const bool asked = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-    if (qEnvironmentVariableIsEmpty("DISPLAY"))
-        return asked;
-    if (!asked || qgetenv("QT_QPA_PLATFORM").startsWith("wayland"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
-    return true;
 }
 
 /// The toolkit complains of a missing folder for what runs, at each start and although it needs none here.
@@ -78,7 +67,7 @@ int main(int argc, char** argv) {
     const auto places = posix::findPlaces(line.programFolder);
     if (!places)
         return refuse(ExitStatus::BadUsage, "the environment names no home folder: set HOME");
-    if (!choosePlatform())
+    if (!desktop::choosePlatform())
         return refuse(ExitStatus::SomeFailed, "there is no display; \"brovin --scan\" works without one");
     const settings::ProgramInfo info{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
     QCoreApplication::setApplicationName(QString::fromStdString(info.title));

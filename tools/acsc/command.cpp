@@ -35,6 +35,7 @@ constexpr const char* kUsage =
     "  acsc --check FOLDER [PIXELS]                show the largest jump of a part; fail above PIXELS\n"
     "  acsc --edges FOLDER                         show where pictures touch the frame's edges\n"
     "  acsc --list FILE.acs                        tell what is in a character file\n"
+    "  acsc --preview FILE.acs                     show it on the desktop, with all that it can do\n"
     "  acsc --export FILE.acs ANIMATION OUT.png    an animation as an animated PNG\n"
     "  acsc --unpack FILE.acs FOLDER               take a character file apart into sources\n";
 

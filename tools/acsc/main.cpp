@@ -5,7 +5,12 @@
 #include <QGuiApplication>
 #include <QThreadPool>
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -15,9 +20,21 @@ void showMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, cons
         std::fprintf(stderr, "acsc: %s\n", qUtf8Printable(message));
 }
 
+/// Only a preview needs windows and voices, so it is a program of its own, as installed or as built.
+int becomePreview(const char* file) {
+    std::error_code unknown;
+    const auto own = std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
+    for (const char* const place : {"../lib/brovin/acsc-preview", "acsc-preview"})
+        ::execl((own / place).c_str(), "acsc-preview", file, nullptr);
+    std::fprintf(stderr, "acsc: the preview is not installed beside this program\n");
+    return 1;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 3 && std::strcmp(argv[1], "--preview") == 0)
+        return becomePreview(argv[2]);
     qInstallMessageHandler(showMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen"); // it draws into pictures only
     const QGuiApplication application(argc, argv);
