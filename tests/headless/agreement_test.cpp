@@ -70,7 +70,7 @@ struct Window : cleaner::CleanerWorld {
     [[nodiscard]] PathSet rows(bool chosen) const {
         PathSet paths;
         for (std::size_t row = 0; row < preview.rows.size(); ++row)
-            if (preview.rows[row].chosen == chosen)
+            if (preview.rows.mark(row).chosen == chosen)
                 paths.insert(preview.rows.path(row));
         return paths;
     }
@@ -122,7 +122,7 @@ TEST(Agreement, previewDryRunAndScanAreOfOneMind) {
         EXPECT_EQ(rows, scanned.deleted()) << seed;
 
         for (std::size_t row = seed % 3; row < previewed.preview.rows.size(); row += 2)
-            previewed.preview.rows[row].chosen = false;
+            previewed.preview.rows.mark(row).chosen = false;
         const PathSet chosen = previewed.rows(true);
         ASSERT_EQ(cleaner::ScanOutcome::Done, previewed.preview.deleteChosen());
         EXPECT_EQ(chosen, previewed.deleted()) << seed;
