@@ -83,7 +83,9 @@ void PreviewWindow::showMenu(QPoint place) {
          {&form_.cmdKeepThis, &form_.cmdKeepName, &form_.cmdKeepFolder, &form_.cmdOpenFolder}) {
         QAction* action = menu->addAction(qt(button->caption()));
         action->setEnabled(button->enabled());
-        connect(action, &QAction::triggered, this, [button] { button->click(); });
+        // When the menu is through with its click: it must not go while the program lets events through.
+        connect(
+            action, &QAction::triggered, this, [button] { button->click(); }, Qt::QueuedConnection);
     }
     menu->popup(place);
 }
