@@ -3,8 +3,11 @@
 namespace brovin::cleaner {
 
 NameSet::NameSet(const std::vector<ui::ListControl::Item>& items) {
-    for (const auto& item : items)
+    for (const auto& item : items) {
         names_.insert(item.text);
+        lengths_.set(lengthClass(item.text));
+        beginnings_.set(beginning(item.text));
+    }
 }
 
 Match DeleteRules::match(std::string_view name, const NameSet& names) const {

@@ -13,6 +13,7 @@ using platform::Failure;
 using platform::Status;
 
 constexpr int kOutOfRange = 9;
+constexpr std::size_t kUsualSubfolders = 8;
 
 std::string withSeparator(std::string path) {
     if (!path.ends_with(platform::kPathSeparator))
@@ -191,6 +192,8 @@ bool FolderSweep::queue(const platform::Entry& entry, Level& level) {
     if (choice_ != nullptr && !choice_->leadsInto(entry.trueName))
         return true;
     if (level.subfolders.size() < kMostSubfolders) {
+        if (level.subfolders.empty())
+            level.subfolders.reserve(kUsualSubfolders);
         level.subfolders.push_back({std::string(entry.name), std::string(entry.trueName)});
         return true;
     }

@@ -34,7 +34,7 @@ std::string_view tail(std::string_view path) {
 std::string shownPath(std::string_view folder, std::string_view name) {
     std::string path;
     if (folder.size() + name.size() <= kMostShownPath) {
-        path = text::displayText(std::string(folder).append(name));
+        path = text::displayText(folder).append(text::displayText(name));
     } else {
         // A name is shorter than the tail: no disk has names of more than some hundred bytes.
         const std::string end =
@@ -42,7 +42,8 @@ std::string shownPath(std::string_view folder, std::string_view name) {
         path = text::displayText(head(folder)) + " … " + text::displayText(tail(end));
     }
     // Messages turn a backslash and an "n" into a line break; a file of such a name must not make one.
-    return text::replaceAll(path, "\\n", "\uFFFDn");
+    text::replaceEach(path, "\\n", "\uFFFDn");
+    return path;
 }
 
 } // namespace brovin::cleaner

@@ -37,8 +37,10 @@ void ScanReport::folderFailed(const std::string& path, const std::string& reason
 
 void ScanReport::progress(const std::string& text) {
     waitingSince_.reset();
+    if (!console_.progress)
+        return;
     const auto now = std::chrono::steady_clock::now();
-    if (!console_.progress || now < nextProgress_)
+    if (now < nextProgress_)
         return;
     nextProgress_ = now + kProgressEvery;
     constexpr std::size_t kLineWidth = 79;

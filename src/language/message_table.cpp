@@ -15,8 +15,9 @@ bool exists(std::int32_t number) {
 std::string filledIn(std::string text, std::initializer_list<std::string_view> arguments) {
     int placeholder = 0;
     for (const std::string_view argument : arguments)
-        text = text::replaceAll(text, "%" + std::to_string(++placeholder), argument);
-    return text::replaceAll(text, "\\n", "\r\n");
+        text::replaceEach(text, "%" + std::to_string(++placeholder), argument);
+    text::replaceEach(text, "\\n", "\r\n");
+    return text;
 }
 
 } // namespace

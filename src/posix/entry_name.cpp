@@ -3,31 +3,89 @@
 #include "posix/unicode_case.h"
 #include "text/utf8.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace brovin::posix {
 namespace {
 
 constexpr char32_t kServersCarriageReturn = 0xF00D;
 
-enum Trait : std::uint8_t { Plain = 0, ChangesInAscii = 1, BeyondAscii = 2 };
+// ASCII names, as most are, go eight bytes at a time. In what follows each byte of a word is below 0x80, so
+// that no sum of two carries into the next.
+using Word = std::uint64_t;
 
-constexpr char shownAscii(char c) {
-    if (c == '\r')
-        return '?';
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+constexpr Word eightTimes(unsigned byte) {
+    return Word{0x0101010101010101} * byte;
+}
+constexpr Word kHighBits = eightTimes(0x80);
+
+/// The high bit of each byte from 'A' to 'Z'.
+constexpr Word upperCase(Word word) {
+    return (word + eightTimes(0x80 - 'A')) & ~(word + eightTimes(0x80 - 'Z' - 1)) & kHighBits;
 }
 
-constexpr std::array<std::uint8_t, 256> kTraits = [] {
-    std::array<std::uint8_t, 256> traits{};
-    for (unsigned byte = 0; byte < traits.size(); ++byte) {
-        const char c = static_cast<char>(byte);
-        traits[byte] = byte >= 0x80 ? BeyondAscii : (shownAscii(c) != c ? ChangesInAscii : Plain);
+/// The high bit of each carriage return.
+constexpr Word carriageReturns(Word word) {
+    return (kHighBits - (word ^ eightTimes('\r'))) & kHighBits;
+}
+
+constexpr Word shownAscii(Word word) {
+    const Word returns = carriageReturns(word) >> 7U;
+    return (word | (upperCase(word) >> 2U)) ^ (returns * ('\r' ^ '?'));
+}
+
+Word wordAt(const char* bytes) {
+    Word word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+/// Hands over the places of all words in so many bytes; the last one laps over the one before. False: there
+/// are too few for one word.
+template <class Use>
+bool eachWord(std::size_t bytes, Use use) {
+    if (bytes < sizeof(Word))
+        return false;
+    for (std::size_t at = 0; at < bytes - sizeof(Word); at += sizeof(Word))
+        use(at);
+    use(bytes - sizeof(Word));
+    return true;
+}
+
+enum class Letters { Shown, Ascii, Others };
+
+/// Whether a name can be shown as it is, and if not, whether it is ASCII.
+Letters lettersOf(std::string_view name) {
+    Word all = 0;
+    Word changing = 0;
+    const auto look = [&all, &changing](Word word) {
+        all |= word;
+        word &= ~kHighBits;
+        changing |= upperCase(word) | carriageReturns(word);
+    };
+    if (!eachWord(name.size(), [&](std::size_t at) { look(wordAt(name.data() + at)); })) {
+        for (const char c : name)
+            look(static_cast<unsigned char>(c));
     }
-    return traits;
-}();
+    if ((all & kHighBits) != 0)
+        return Letters::Others;
+    return changing == 0 ? Letters::Shown : Letters::Ascii;
+}
+
+void appendShownAscii(std::string_view name, std::string& memory) {
+    const std::size_t begin = memory.size();
+    memory.append(name);
+    char* const shown = &memory[begin];
+    const auto change = [shown](std::size_t at) {
+        const Word word = shownAscii(wordAt(shown + at));
+        std::memcpy(shown + at, &word, sizeof word);
+    };
+    if (!eachWord(name.size(), change)) {
+        for (std::size_t at = 0; at < name.size(); ++at)
+            shown[at] = static_cast<char>(shownAscii(static_cast<unsigned char>(shown[at])));
+    }
+}
 
 char32_t shownCharacter(char32_t c) {
     return c == U'\r' || c == kServersCarriageReturn ? U'?' : lowerCase(c);
@@ -47,19 +105,14 @@ void appendShown(std::string_view trueName, std::string& memory) {
 } // namespace
 
 std::string_view shownName(std::string_view trueName, std::string& memory) {
-    unsigned traits = Plain;
-    for (const char c : trueName)
-        traits |= kTraits[static_cast<std::uint8_t>(c)];
-    if (traits == Plain)
+    const Letters letters = lettersOf(trueName);
+    if (letters == Letters::Shown)
         return trueName;
     const std::size_t begin = memory.size();
-    if ((traits & BeyondAscii) != 0) {
+    if (letters == Letters::Ascii)
+        appendShownAscii(trueName, memory);
+    else
         appendShown(trueName, memory);
-    } else {
-        memory.append(trueName);
-        const auto from = memory.begin() + static_cast<std::ptrdiff_t>(begin);
-        std::transform(from, memory.end(), from, shownAscii);
-    }
     return std::string_view(memory).substr(begin);
 }
 

@@ -23,6 +23,7 @@ std::string_view trim(std::string_view text) {
 
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with) {
     std::string replaced;
+    replaced.reserve(text.size() + with.size());
     std::size_t from = 0;
     for (std::size_t at = what.empty() ? std::string_view::npos : text.find(what);
          at != std::string_view::npos; at = text.find(what, from)) {
@@ -30,6 +31,11 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
         from = at + what.size();
     }
     return replaced.append(text.substr(from));
+}
+
+void replaceEach(std::string& text, std::string_view what, std::string_view with) {
+    if (text.find(what) != std::string::npos)
+        text = replaceAll(text, what, with);
 }
 
 std::string replaceFirst(std::string_view text, std::string_view what, std::string_view with) {

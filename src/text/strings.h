@@ -16,6 +16,9 @@ namespace brovin::text {
 /// The text with every occurrence of `what`, from the left, replaced. An empty `what` replaces nothing.
 [[nodiscard]] std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
 
+/// The same in place. A text without `what` stays as it is and costs nothing but the search.
+void replaceEach(std::string& text, std::string_view what, std::string_view with);
+
 /// The text with its first occurrence of `what` replaced.
 [[nodiscard]] std::string replaceFirst(std::string_view text, std::string_view what, std::string_view with);
 

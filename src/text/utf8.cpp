@@ -91,19 +91,21 @@ bool isUtf8(std::string_view text) {
 }
 
 std::string displayText(std::string_view text) {
-    // A sweep shows the path of each folder, and nearly all are of such letters only.
+    // A sweep shows the path of each folder, and nearly all are of such letters, or have few others.
     const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
-    if (std::all_of(text.begin(), text.end(), isPlain))
-        return std::string(text);
     std::string shown;
     shown.reserve(text.size());
-    while (!text.empty()) {
+    for (;;) {
+        const auto* const odd = std::find_if_not(text.begin(), text.end(), isPlain);
+        shown.append(text.begin(), odd);
+        text.remove_prefix(static_cast<std::size_t>(odd - text.begin()));
+        if (text.empty())
+            return shown;
         const Decoded next = decodeUtf8(text);
         const bool control = next.codePoint < 0x20 || (next.codePoint >= 0x7F && next.codePoint < 0xA0);
         appendUtf8(shown, next.valid && !control ? next.codePoint : kReplacement);
         text.remove_prefix(next.bytes);
     }
-    return shown;
 }
 
 std::size_t characterCount(std::string_view text) {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+
 #include <unistd.h>
 
 #include <cstdlib>
@@ -34,6 +36,21 @@ TEST(ShownName, isInLowerCaseWithoutCarriageReturns) {
         std::string memory;
         EXPECT_EQ(shown, shownName(trueName, memory)) << why;
         EXPECT_LE(memory.size(), roomForShownNames(trueName.size())) << why;
+    }
+}
+
+TEST(ShownName, lowersEachLetterWhereverItStands) {
+    for (const std::size_t length : {1U, 7U, 8U, 9U, 16U, 19U}) {
+        for (std::size_t at = 0; at < length; ++at) {
+            for (char c = 1; c < 0x7F; ++c) {
+                std::string name(length, '~');
+                name[at] = c;
+                std::string shown = name;
+                shown[at] = c == '\r' ? '?' : static_cast<char>(std::tolower(c));
+                std::string memory;
+                EXPECT_EQ(shown, shownName(name, memory)) << length << " letters, number " << at;
+            }
+        }
     }
 }
 
