@@ -11,33 +11,36 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::nanoseconds kFastAgain = 20us;
-constexpr std::chrono::nanoseconds kMostThatCounts = 2ms;
+constexpr std::chrono::nanoseconds kMostThatCounts =
+    300us; ///< so that one folder among others makes no disk slow
 constexpr std::chrono::nanoseconds kOfEachKilobyte = 10us; ///< more than a warm disk needs
-constexpr int kFolders = 16;                               ///< that the mean is of
+constexpr int kFolders = 16;                               ///< that the mean is of, at most
 
-long timesInterrupted() {
+/// How often this thread has given up the processor of itself.
+long timesWaited() {
     rusage used{};
     ::getrusage(RUSAGE_THREAD, &used);
-    return used.ru_nivcsw;
+    return used.ru_nvcsw;
 }
 
 } // namespace
 
-FolderWatch::FolderWatch() : timesInterrupted_(timesInterrupted()) {}
+FolderWatch::FolderWatch() : timesWaited_(timesWaited()) {}
 
 std::optional<std::chrono::nanoseconds> FolderWatch::stop(std::size_t bytes) {
     const std::chrono::nanoseconds took =
         Clock::now() - begin_ - kOfEachKilobyte * static_cast<long>(bytes / 1024);
     if (took <= DiskPace::kFast)
         return std::max(took, 0ns);
-    const long before = std::exchange(timesInterrupted_, timesInterrupted());
-    return before == timesInterrupted_ ? std::optional(took) : std::nullopt;
+    const long before = std::exchange(timesWaited_, timesWaited());
+    return before < timesWaited_ ? std::optional(took) : std::nullopt;
 }
 
 void DiskPace::note(std::optional<std::chrono::nanoseconds> took) {
     if (!took)
         return;
-    mean_ += (std::min(*took, kMostThatCounts) - mean_) / kFolders;
+    folders_ = std::min(folders_ + 1, kFolders);
+    mean_ += (std::min(*took, kMostThatCounts) - mean_) / folders_;
     slow_ = mean_ > (slow_ ? kFastAgain : kFast);
 }
 

@@ -14,13 +14,13 @@ public:
     FolderWatch();
     void start() { begin_ = Clock::now(); }
 
-    /// The time since the start, less what reading so many bytes takes anywhere. nullopt: others had the
-    /// processor meanwhile, so that the time says nothing about the disk.
+    /// The time since the start, less what reading so many bytes takes anywhere. nullopt: the thread waited
+    /// for nothing, so that others had the processor, and the time says nothing about the disk.
     std::optional<std::chrono::nanoseconds> stop(std::size_t bytes);
 
 private:
     Clock::time_point begin_{};
-    long timesInterrupted_;
+    long timesWaited_;
 };
 
 enum class ReadingAhead { WhereSlow, Always };
@@ -34,11 +34,13 @@ public:
 
     void note(std::optional<std::chrono::nanoseconds> took);
 
-    /// From the first folder that really had to be waited for until many were fast again.
+    /// From when the first folder really had to be waited for, or later some of the last ones, until many
+    /// were fast again. The first counts alone: what it tells of may all be read ahead.
     [[nodiscard]] bool slow() const { return slow_ || always_; }
 
 private:
     std::chrono::nanoseconds mean_{0};
+    int folders_ = 0;
     bool slow_ = false;
     bool always_;
 };

@@ -12,14 +12,16 @@
 namespace brovin::posix {
 namespace {
 
-/// Two chains may be in use at a time, and the program needs descriptors besides.
-std::size_t mostOpenFolders() {
-    constexpr rlim_t kShare = 8;
+/// A chain of each kind may be in use at a time, what reads ahead takes a quarter, and the program needs
+/// descriptors besides.
+std::size_t mostOpenFolders(FolderChain::Use use) {
     constexpr rlim_t kLeast = 4;
-    constexpr rlim_t kMost = 32;
+    const bool walk = use == FolderChain::Use::Walk;
+    const rlim_t share = walk ? 3 : 8;
+    const rlim_t most = walk ? 128 : 32;
     rlimit files{};
     const bool known = ::getrlimit(RLIMIT_NOFILE, &files) == 0;
-    return static_cast<std::size_t>(std::clamp(known ? files.rlim_cur / kShare : kLeast, kLeast, kMost));
+    return static_cast<std::size_t>(std::clamp(known ? files.rlim_cur / share : kLeast, kLeast, most));
 }
 
 platform::Failure moved() {
@@ -35,7 +37,7 @@ bool isSame(int folder, int parent, const char* name) {
 
 } // namespace
 
-FolderChain::FolderChain(int root) : root_(root), mostOpen_(mostOpenFolders()) {}
+FolderChain::FolderChain(int root, Use use) : root_(root), mostOpen_(mostOpenFolders(use)) {}
 
 platform::Status FolderChain::enter(FolderHandle folder, std::string_view nameToProve) {
     if (levels_.size() - highestOpen_ == mostOpen_) {

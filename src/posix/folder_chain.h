@@ -21,8 +21,11 @@ using FolderHandle = std::shared_ptr<const Descriptor>;
 /// the depth is bounded neither by the number of open files nor by the length of a path.
 class FolderChain {
 public:
+    /// What a chain is for: the way of a walk, or of something that is done to a tree on that way.
+    enum class Use { Walk, OneTree };
+
     /// `root` is the caller's; it stays open as long as the chain lives, and the way up ends there.
-    explicit FolderChain(int root);
+    explicit FolderChain(int root, Use use = Use::OneTree);
 
     [[nodiscard]] int current() const { return levels_.empty() ? root_ : levels_.back().folder->number(); }
     [[nodiscard]] std::size_t depth() const { return levels_.size(); }

@@ -18,7 +18,8 @@
 namespace brovin::posix {
 
 PosixFolderWalk::PosixFolderWalk(Descriptor root, ReadingAhead when)
-    : root_(FolderChain::held(std::move(root))), chain_(root_->number()), pace_(when) {
+    : root_(FolderChain::held(std::move(root))), chain_(root_->number(), FolderChain::Use::Walk),
+      pace_(when) {
     watch_.start();
 }
 
@@ -64,7 +65,7 @@ platform::Status PosixFolderWalk::beginList() {
     platform::Status begun = list_.begin(chain_.current());
     if (!begun)
         return begun;
-    pace_.note(watch_.stop(list_.bytes()));
+    notePace();
     planAhead();
     return begun;
 }
@@ -85,9 +86,17 @@ platform::Result<std::span<const platform::Entry>> PosixFolderWalk::listMore() {
     return piece;
 }
 
+void PosixFolderWalk::notePace() {
+    const auto took = watch_.stop(list_.bytes());
+    if (ahead_)
+        ahead_->note(took);
+    else
+        pace_.note(took);
+}
+
 /// Tells what lies below, if the disk is slow.
 void PosixFolderWalk::planAhead() {
-    if (!pace_.slow())
+    if (ahead_ ? !ahead_->slow() : !pace_.slow())
         return;
     if (!ahead_ && ReadAhead::possible())
         ahead_ = std::make_shared<ReadAhead>(pace_);

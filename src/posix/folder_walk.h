@@ -48,6 +48,7 @@ private:
     platform::Status beginList();
     platform::Status enterInPlace(const char* name);
     platform::Status readyToDelete(const PlainName& name);
+    void notePace();
     void planAhead();
     [[nodiscard]] FolderHandle handle() const { return chain_.depth() == 0 ? root_ : chain_.handle(); }
 
@@ -61,7 +62,7 @@ private:
     std::function<bool()> patience_;
     LastingNumbers lasting_;
     FolderWatch watch_;
-    DiskPace pace_;
+    DiskPace pace_;                      ///< until there is one who reads ahead, who keeps it from then on
     std::shared_ptr<ReadAhead> ahead_;   ///< from when the disk was slow for the first time
     std::optional<FolderRecords> ready_; ///< what was read ahead of the current folder
 };

@@ -27,14 +27,14 @@ constexpr std::size_t kMostOfOneFolder = std::size_t{256} * 1024; ///< bytes; th
 constexpr std::size_t kMostBytes = std::size_t{22} * 1024 * 1024;
 constexpr std::chrono::milliseconds kAskPatienceEvery{50};
 
-/// Half of what the program may open besides its own needs.
+/// A third of what the program may open besides its own needs: the walk and what it deletes need some, too.
 std::size_t mostFolders() {
     constexpr rlim_t kOwnNeeds = 64;
     rlimit files{};
     if (::getrlimit(RLIMIT_NOFILE, &files) != 0 || files.rlim_cur <= kOwnNeeds)
         return 0;
     return static_cast<std::size_t>(
-        std::min<rlim_t>((files.rlim_cur - kOwnNeeds) / 2, ReadAhead::kMostFolders));
+        std::min<rlim_t>((files.rlim_cur - kOwnNeeds) / 3, ReadAhead::kMostFolders));
 }
 
 /// Signals are the program's to handle, not those of a thread that reads.
@@ -102,6 +102,16 @@ void ReadAhead::stop() {
     work_.notify_all();
 }
 
+void ReadAhead::note(std::optional<std::chrono::nanoseconds> took) {
+    const Lock lock(mutex_);
+    pace_.note(took);
+}
+
+bool ReadAhead::slow() {
+    const Lock lock(mutex_);
+    return pace_.slow();
+}
+
 void ReadAhead::plan(const FolderHandle& parent, std::size_t depth, const std::vector<std::string>& names) {
     const Lock lock(mutex_);
     try {
@@ -116,7 +126,8 @@ platform::Result<ReadFolder> ReadAhead::take(std::size_t depth, std::string_view
                                              const Patience& patience) {
     Lock lock(mutex_);
     const auto item = plan_.advanceTo(depth, name);
-    if (item && threads_ > 0) {
+    // What no thread has begun on a disk that is fast again, the walk reads sooner than one that wakes up.
+    if (item && threads_ > 0 && (pace_.slow() || item->state != State::Planned)) {
         wake(1);
         const auto read = [&item] { return item->state == State::Read || item->state == State::Gone; };
         if (platform::Status waited = wait(lock, patience, read); !waited)
@@ -166,7 +177,7 @@ void ReadAhead::reopened(const FolderHandle& folder, std::size_t depth) {
 
 /// So many folders more may be read: threads that wait are told, and more are hired as long as none waits.
 void ReadAhead::wake(std::size_t most) {
-    std::size_t folders = std::min(most, plan_.planned());
+    std::size_t folders = pace_.slow() ? std::min(most, plan_.planned()) : 0;
     for (std::size_t told = std::min<std::size_t>(folders, idle_); told > 0; --told, --folders)
         work_.notify_one();
     while (folders > 0 && threads_ < kMostThreads && hire())
@@ -201,7 +212,7 @@ void ReadAhead::work() {
     Reader reader;
     Lock lock(mutex_);
     while (!stopped_) {
-        const auto item = plan_.next();
+        const auto item = pace_.slow() ? plan_.next() : nullptr;
         if (!item) {
             ++idle_;
             work_.wait(lock);

@@ -4,10 +4,12 @@
 #include "posix/disk_pace.h"
 #include "posix/read_plan.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,11 +39,17 @@ public:
     /// The walk is over. Nothing further is opened.
     void stop();
 
+    /// How long a folder took that the walk has read itself.
+    void note(std::optional<std::chrono::nanoseconds> took);
+
+    /// Whether it is worth while to tell it what lies ahead.
+    [[nodiscard]] bool slow();
+
     /// Tells the folders of the one in which the walk is, so many folders below its top.
     void plan(const FolderHandle& parent, std::size_t depth, const std::vector<std::string>& names);
 
-    /// The folder of this name in the one in which the walk is. Waits for it when it is planned. Empty: it is
-    /// for the walk to read. Failure: the patience ended.
+    /// The folder of this name in the one in which the walk is. Waits for it when it is planned and the disk
+    /// slow. Empty: it is for the walk to read. Failure: the patience ended.
     platform::Result<ReadFolder> take(std::size_t depth, std::string_view name, const Patience& patience);
 
     /// Sees to it that nothing holds the folder of this name, or one below it, open: it is to be deleted,

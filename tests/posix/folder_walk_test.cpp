@@ -169,6 +169,7 @@ TEST_P(FolderWalkTest, endsWhenTheWayBackUpWasMoved) {
     disk_.addFolder("watched");
     disk_.addFile("elsewhere/mine");
     makeDeepTree(disk_.path("watched"), kLevels);
+    const DescriptorLimit few(64);
     const auto walk = open("watched");
     for (int level = 0; level < kLevels; ++level)
         ASSERT_TRUE(walk->enter(kDeepName));

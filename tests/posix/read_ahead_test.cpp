@@ -99,15 +99,16 @@ TEST_F(ReadAheadTest, deletesNothingInWhatWasMovedAwayBeforeTheWalkCameToIt) {
 }
 
 TEST_F(ReadAheadTest, remembersWhatWasMovedAboveTheFoldersThatItKeepsOpen) {
+    constexpr int kLevels = 200; // more than a walk holds open
     std::string deep = "watched";
-    for (int level = 0; level < 60; ++level)
+    for (int level = 0; level < kLevels; ++level)
         deep += "/d";
     disk_.addFile(deep + "/mine");
     const auto walk = openWatched();
     ASSERT_TRUE(walk->list());
     ASSERT_TRUE(comesTrue([&] { return holdsOpen(deep); }));
     fs::rename(disk_.path("watched/d/d/d"), disk_.path("moved"));
-    for (int level = 0; level < 60; ++level)
+    for (int level = 0; level < kLevels; ++level)
         ASSERT_TRUE(walk->enter("d")) << level;
     EXPECT_EQ(ESTALE, errorOf(walk->deleteFile("mine", Force::Yes)));
 }
