@@ -22,6 +22,7 @@ packages_desktops=(
 )
 packages_bench=(
     bfs curl fd-find findutils fuse3 libbenchmark-dev libfuse3-dev linux-perf
+    nginx-light procps python3 wrk
 )
 packages_test=(
     appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db

@@ -38,6 +38,8 @@ private:
 
 Server::Server(const std::string& folder, std::string publicUrl)
     : offers_(folder), publicUrl_(std::move(publicUrl)) {
+    http_.set_tcp_nodelay(
+        true); // head and body are sent apart, and the second would wait 40 ms for a word on the first
     http_.Get("/download/brovinupdate.php",
               [this](const auto& request, auto& response) { answer(request, response); });
     http_.Get(R"(/download/files/([^/]+))",
