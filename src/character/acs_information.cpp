@@ -34,6 +34,8 @@ State readState(ByteReader& in, const NameIndex& animations) {
     State state;
     state.name = readText(in, kMostNameUnits);
     const std::uint16_t count = in.u16();
+    if (count > kMostStateAnimations)
+        in.fail("has a state of too many animations");
     if (!in.canHold(count, kSmallestText))
         return state;
     for (std::uint16_t i = 0; i < count && in.ok(); ++i)

@@ -23,8 +23,11 @@ inline constexpr std::uint32_t kMostTextUnits = 65535;
 inline constexpr std::uint32_t kMostNameUnits = 255;
 inline constexpr std::size_t kMostLocalized = 256;
 inline constexpr std::size_t kMostStates = 256;
+inline constexpr std::size_t kMostStateAnimations = 4096;
 inline constexpr std::size_t kMostAnimations = 4096;
 inline constexpr std::size_t kMostFrameImages = 256;
+/// Of all images of one frame together: three times the largest frame, which is drawn in less than 50 ms.
+inline constexpr std::size_t kMostFramePixelBytes = std::size_t{3} << 20U;
 inline constexpr std::size_t kMostImages = 65536;
 inline constexpr std::size_t kMostSounds = 4096;
 inline constexpr std::size_t kMostSoundBytes = std::size_t{16} << 20U;
@@ -34,7 +37,7 @@ inline constexpr std::size_t kDecodedImageBytes = std::size_t{64} << 20U; ///< k
 /// Many animations may share their bytes in a file, so that a small one could unfold without end. All
 /// animations together may take as many bytes as the file has, and a little more for the sharing that is
 /// honest.
-inline constexpr std::size_t kMostAnimationBytes = std::size_t{16} << 20U;
+inline constexpr std::size_t kMostAnimationBytes = std::size_t{4} << 20U;
 inline constexpr std::size_t kSharedAnimationBytes = std::size_t{64} << 10U;
 
 } // namespace brovin::character

@@ -6,6 +6,7 @@
 #include "character/acs_limits.h"
 #include "character/acs_localized.h"
 #include "character/acs_media.h"
+#include "character/frame_cost.h"
 
 #include <algorithm>
 #include <array>
@@ -116,6 +117,9 @@ LoadResult<CharacterData> readCharacter(const SharedBytes& file) {
     auto table = readAnimations(file.view(), header.animations, images->size(), sounds->size());
     if (!table)
         return table.failure();
+    if (!allCanBeDrawn(table->animations, *images))
+        return LoadError{LoadProblem::TooLarge, "The animation list",
+                         "has a frame of more pixels than can be drawn in time", 0};
     auto tail = readInformationTail(file, in, head.flags, table->names);
     if (!tail)
         return tail.failure();

@@ -103,7 +103,7 @@ struct TrayIcon {
 /// "Speaking").
 struct State {
     std::string name;                      ///< at most 255 UTF-16 units; compared without regard to case
-    std::vector<std::uint32_t> animations; ///< indices of `CharacterData::animations`; may be empty
+    std::vector<std::uint32_t> animations; ///< indices of `CharacterData::animations`; at most 4096
 
     bool operator==(const State&) const = default;
 };
@@ -154,7 +154,7 @@ using FrameDuration = std::chrono::duration<std::int32_t, std::centi>;
 /// One step of an animation. Without images and with no duration it is never shown and exists for its
 /// branches; without images and with a duration it shows nothing for that time.
 struct Frame {
-    std::vector<FrameImage> images;   ///< the first is the topmost; at most 256
+    std::vector<FrameImage> images;   ///< the first is the topmost; at most 256, of 3 MiB (`pixelBytes`)
     std::vector<Branch> branches;     ///< in the order of the draw; at most 255
     std::vector<MouthOverlay> mouths; ///< at most 255
     FrameDuration duration{0};

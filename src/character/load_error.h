@@ -10,6 +10,7 @@
 namespace brovin::character {
 
 enum class LoadProblem : std::uint8_t {
+    Missing, ///< or not to be read
     NotACharacterFile,
     UnsupportedVersion, ///< an older generation of character file, or a kind without animations
     NewerVersion,

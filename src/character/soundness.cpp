@@ -4,6 +4,7 @@
 #include "character/acs_format.h"
 #include "character/acs_limits.h"
 #include "character/acs_media.h"
+#include "character/frame_cost.h"
 #include "character/indexed_image.h"
 #include "character/name_index.h"
 #include "text/utf16.h"
@@ -115,7 +116,7 @@ private:
         for (const State& state : character_.states) {
             where_ = "State " + state.name + ": ";
             expectText(state.name, kMostNameUnits, "its name");
-            expect(state.animations.size() <= 65535, "it has too many animations");
+            expect(state.animations.size() <= kMostStateAnimations, "it has too many animations");
             for (const std::uint32_t animation : state.animations)
                 expectIndex(animation, character_.animations.size(), "animation");
         }
@@ -167,6 +168,9 @@ private:
             expectIndex(*frame.exitFrame, frames, "frame");
             expectRange(*frame.exitFrame, 0, kLastExitFrame, "its exit frame");
         }
+        if (problem_.empty()) // its images are there
+            expect(pixelBytes(frame, character_.images) <= kMostFramePixelBytes,
+                   "its images are larger than can be drawn in time");
     }
 
     void inspectImages() {

@@ -91,7 +91,7 @@ struct DesktopMachine {
     Updates updates;
 
     /// Whether the program waits for an answer, and other events have to wait for the program.
-    [[nodiscard]] bool busy() const { return dialogs.open() || updates.open(); }
+    [[nodiscard]] bool busy() const { return dialogs.open() || updates.open() || characters.loading(); }
     [[nodiscard]] app::Machine pieces() {
         return {settings,      files,     landmarks,  folder, dialogs,  shell,
                 tray,          clipboard, characters, logOn,  instance, scanLock,

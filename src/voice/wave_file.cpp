@@ -19,6 +19,9 @@ constexpr std::size_t kFormatBytes = 16;
 constexpr std::size_t kTrueCoding = 24; // where the extensible form has it
 constexpr std::uint32_t kLowestRate = 1'000;
 constexpr std::uint32_t kHighestRate = 192'000;
+/// A minute and a half at the rate of a disc, which is decoded in a moment. What lies beyond is cut off.
+constexpr std::size_t kMostSamples = std::size_t{4} << 20U;
+constexpr std::size_t kBitsOfAByte = 8;
 
 /// Little-endian; the bytes are there.
 std::uint32_t number(Bytes bytes, std::size_t at, std::size_t size) {
@@ -83,6 +86,7 @@ std::vector<std::int16_t> fromWords(Bytes bytes) {
 }
 
 std::vector<std::int16_t> decode(const Format& format, Bytes data) {
+    data = data.first(std::min(data.size(), kMostSamples * format.bits / kBitsOfAByte));
     const AdpcmBlocks blocks{data, format.blockBytes, static_cast<int>(format.channels)};
     if (format.coding == Plain && format.bits == 8)
         return fromBytes(data);

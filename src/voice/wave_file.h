@@ -20,7 +20,8 @@ struct Sound {
 };
 
 /// Reads a RIFF WAVE file: plain samples of 8 or 16 bits, or either of the two usual ADPCM forms. Of one that
-/// is cut off, what is there. nullopt: no sound that can be played.
+/// is cut off, what is there; of a very long one, the first four million samples. nullopt: no sound that can
+/// be played.
 [[nodiscard]] std::optional<Sound> readWave(std::span<const std::uint8_t> file);
 
 } // namespace brovin::voice

@@ -240,7 +240,8 @@ std::vector<Hostile> hostileTables() {
         {"has a tray icon that is too large", "4 GiB",
          withInformation(Raw().u32(1).u32(0).u8(1).u32(kHuge).u16(0))},
         {"has too many states", "65535", withStates(Raw().u16(0xFFFF))},
-        {kCount, "65535 names in a state", withStates(Raw().u16(1).text(u"").u16(0xFFFF))},
+        {kCount, "4096 names in a state", withStates(Raw().u16(1).text(u"").u16(4096))},
+        {"has a state of too many animations", "4097", withStates(Raw().u16(1).text(u"").u16(4097))},
         {"ends early", "shorter than its head", with(Table::Information, Raw().u16(1).u16(2).zeros(20))},
         {"has a frame of no possible size", "0 by 0",
          with(Table::Information, Raw().u16(1).u16(2).zeros(60))},
@@ -309,16 +310,16 @@ TEST(AcsHostile, hasMoreNamesThanAreTaken) {
     EXPECT_EQ(0U, languagesIn(Raw().u16(2).zeros(14))) << "what could be read of a damaged list is no use";
 }
 
-/// Frames with as many mouth overlays as there can be: 3,580 bytes each, of which 16 MiB hold 4,686.
+/// Frames with as many mouth overlays as there can be: 3,580 bytes each, of which 4 MiB hold 1,171.
 TEST(AcsHostile, hasMoreAnimationThanIsTaken) {
     const std::vector<std::uint8_t> frame = Raw().zeros(9).u8(255).zeros(std::size_t{255} * 14).bytes();
-    for (const std::uint32_t frames : {4686U, 4687U}) {
+    for (const std::uint32_t frames : {1171U, 1172U}) {
         Raw data;
         data.text(u"").u8(2).text(u"").u16(frames);
         for (std::uint32_t i = 0; i < frames; ++i)
             data.raw(frame);
         const auto character = readCharacter(SharedBytes(withAnimation(data).bytes()));
-        EXPECT_EQ(frames == 4686U ? frames : 0U, character->animations.at(0).frames.size());
+        EXPECT_EQ(frames == 1171U ? frames : 0U, character->animations.at(0).frames.size());
     }
 }
 

@@ -71,7 +71,7 @@ TEST(AcsRoundTrip, keepsTheLargestOfEverything) {
         {"animations of a state",
          [](CharacterData& c) {
              animate(c);
-             c.states = {{"s", std::vector<std::uint32_t>(65535)}};
+             c.states = {{"s", std::vector<std::uint32_t>(4096)}};
          }},
         {"animations",
          [](CharacterData& c) {
@@ -92,6 +92,11 @@ TEST(AcsRoundTrip, keepsTheLargestOfEverything) {
          [](CharacterData& c) {
              const SharedBytes part(Bytes(std::size_t{256} << 10U, 0xAA));
              c.trayIcon = TrayIcon{part, part};
+         }},
+        {"pixels of a frame",
+         [](CharacterData& c) {
+             c.images.assign(1, plainImage(1024, 1024, 1U << 20U));
+             animate(c, {frameOf(2, 0, 3)});
          }},
         {"wide image", [](CharacterData& c) { c.images.assign(1, plainImage(4096, 1024, 4U << 20U)); }},
         {"high image", [](CharacterData& c) { c.images.assign(1, plainImage(1024, 4096, 4U << 20U)); }},
@@ -144,6 +149,11 @@ TEST(AcsWriter, refusesWhatCouldNotBeReadBack) {
          [](CharacterData& c) {
              animate(c, std::vector<Frame>(1)).frames[0].duration = FrameDuration(65536);
          }},
+        {"Animation 0 (a), frame 0: its images are larger than can be drawn in time",
+         [](CharacterData& c) {
+             c.images.assign(1, plainImage(1024, 1024, 1U << 20U));
+             animate(c, {frameOf(3, 0, 1)});
+         }},
         {"Image 0: its bytes do not fit its size",
          [](CharacterData& c) { c.images.assign(1, plainImage(4, 4, 15)); }},
         {"Sound 0: it is not a RIFF WAVE file",
@@ -151,7 +161,7 @@ TEST(AcsWriter, refusesWhatCouldNotBeReadBack) {
         {"The animations would take more than 16 MiB",
          [](CharacterData& c) {
              c.images.resize(1);
-             animate(c, std::vector(4687, frameOf(0, 0, 255))); // 3,580 bytes each
+             animate(c, std::vector(1172, frameOf(0, 0, 255))); // 3,580 bytes each
          }},
         {"The file would be larger than 64 MiB",
          [](CharacterData& c) { c.images.assign(17, plainImage(2048, 2048, 4U << 20U)); }},

@@ -79,12 +79,13 @@ private:
     std::vector<std::uint8_t> bytes_;
 };
 
-/// The fixed part of the character information, 41 bytes; the frame is 16 by 12 pixels.
-inline Raw informationHead(std::uint32_t flags, const RawFile::Place& localized = {}) {
+/// The fixed part of the character information, 41 bytes.
+inline Raw informationHead(std::uint32_t flags, const RawFile::Place& localized = {},
+                           std::uint32_t width = 16, std::uint32_t height = 12) {
     Raw head;
     head.u16(1).u16(2).locator(localized);
     head.u32(0xCA141FD0).u16(0xAC7F).u16(0x11D1).u32(0x6000A397).u32(0x08302708);
-    return head.u16(16).u16(12).u8(10).u32(flags).u16(2).u16(0);
+    return head.u16(width).u16(height).u8(10).u32(flags).u16(2).u16(0);
 }
 
 /// A palette of two colours (blue first), no icon, no states.

@@ -93,6 +93,19 @@ TEST(OpaqueRegion, isEveryPixelThatShowsAnything) {
     }
 }
 
+TEST(OpaqueRegion, isCoarserWhereItWouldBeTooMuch) {
+    QImage picture(1023, 1021, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = y % 2; x < picture.width() / 2; x += 2)
+            picture.setPixel(x, y, 0xFF000000U);
+    const QRegion region = opaqueRegion(picture);
+    EXPECT_LE(region.rectCount(), 4096);
+    EXPECT_TRUE(region.contains(QRect(0, 0, 500, 1021)));
+    EXPECT_FALSE(region.intersects(QRect(530, 0, 493, 1021)));
+    EXPECT_TRUE(picture.rect().contains(region.boundingRect()));
+}
+
 void put(const QString& path, const QByteArray& content) {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);

@@ -32,6 +32,8 @@ TEST(WaveFile, readsPlainSamples) {
     EXPECT_EQ(samplesOf(makeWave({.channels = 2}, {1, 0, 2, 0, 3, 0})), (Samples{1, 2})) << "half a frame";
     EXPECT_EQ(readWave(makeWave({.rate = 8'000}, Bytes(std::size_t{2} * 8'001)))->length(),
               character::Milliseconds{1001});
+    constexpr std::size_t kMost = std::size_t{4} << 20U;
+    EXPECT_EQ(kMost, samplesOf(makeWave({.bits = 8}, Bytes(kMost + 2))).size()) << "the rest is cut off";
 }
 
 TEST(WaveFile, readsAdpcm) {

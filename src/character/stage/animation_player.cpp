@@ -10,6 +10,8 @@ namespace {
 
 /// Only a damaged animation goes through more frames than this without any time passing.
 constexpr int kMostFramesAtOnce = 1000;
+/// Who comes late catches up no further than this, however little time the frames take.
+constexpr int kMostFramesInACall = 10'000;
 
 } // namespace
 
@@ -76,8 +78,11 @@ Wake AnimationPlayer::advance(Moment now) {
         return std::nullopt;
     if (!due_ || now - *due_ > kLongestCatchUp)
         due_ = now;
+    int steps = 0;
     for (int atOnce = 0; running_ && *due_ <= now;) {
         const Milliseconds time = step();
+        if (++steps > kMostFramesInACall)
+            due_ = now;
         atOnce = time.count() > 0 ? 0 : atOnce + 1;
         if (atOnce > kMostFramesAtOnce)
             running_ = false;

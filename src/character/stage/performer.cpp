@@ -2,6 +2,7 @@
 
 #include "character/letter_case.h"
 
+#include <set>
 #include <string>
 #include <utility>
 
@@ -56,9 +57,10 @@ void Performer::poseAtEndOf(std::uint32_t index) {
 }
 
 void Performer::poseNeutral() {
+    std::set<std::uint32_t> inVain; // a state may name the same animation thousands of times
     for (const Situation situation : {Situation::Speaking, Situation::Showing})
         for (const std::uint32_t candidate : needs_.situations.animations(situation))
-            if (lastPicture(animation(candidate))) {
+            if (inVain.insert(candidate).second && lastPicture(animation(candidate))) {
                 poseAtEndOf(candidate);
                 return;
             }

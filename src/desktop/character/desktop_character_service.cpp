@@ -1,6 +1,7 @@
 #include "desktop/character/desktop_character_service.h"
 
 #include "character/acs_reader.h"
+#include "desktop/character/patient_loading.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -50,15 +51,28 @@ void DesktopCharacterService::setPaused(bool paused) {
 }
 
 bool DesktopCharacterService::load(const std::string& id, const std::string& fileName) {
-    if (!available() || characters_.contains(id))
+    if (!available() || loading_ || characters_.contains(id))
         return false;
-    auto content = folder_.read(fileName);
-    if (!content)
-        return false;
-    auto read = character::readCharacter(character::SharedBytes(std::move(*content)));
+    loading_ = true;
+    auto read = loadPatiently([this, &fileName] { return readFile(fileName); });
+    loading_ = false;
     if (!read || loaded(read->guid))
         return false;
-    auto data = std::make_shared<const character::CharacterData>(std::move(*read));
+    add(id, std::move(*read));
+    return true;
+}
+
+/// In another thread. The folder keeps nothing that could change meanwhile.
+character::LoadResult<character::CharacterData>
+DesktopCharacterService::readFile(const std::string& fileName) {
+    auto content = folder_.read(fileName);
+    if (!content)
+        return character::LoadError{character::LoadProblem::Missing, "The file", "cannot be read", 0};
+    return character::readCharacter(character::SharedBytes(std::move(*content)));
+}
+
+void DesktopCharacterService::add(const std::string& id, character::CharacterData&& loaded) {
+    auto data = std::make_shared<const character::CharacterData>(std::move(loaded));
     CharacterAudio audio = makeAudio_(data);
     DesktopCharacter::Needs needs{std::move(audio), chance_,
                                   [this, id](character::Event event) { delivery_.add(id, std::move(event)); },
@@ -77,7 +91,6 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
     made.first->second->setMenu(menu_);
     made.first->second->setLoudness(loudness_);
     made.first->second->setPaused(paused_);
-    return true;
 }
 
 QVector<QRect> DesktopCharacterService::company() const {

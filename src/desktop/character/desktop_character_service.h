@@ -1,5 +1,6 @@
 #pragma once
 
+#include "character/load_error.h"
 #include "desktop/character/character_audio.h"
 #include "desktop/character/character_folder.h"
 #include "desktop/character/desktop_character.h"
@@ -40,13 +41,17 @@ public:
     /// What a window should keep clear of, for `placeBeside`.
     [[nodiscard]] QVector<QRect> company() const;
     void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
-    /// Also false: the id is in use, or the very same character is loaded.
+    /// Also false: the id is in use, or the very same character is loaded, or a file is being read.
     bool load(const std::string& id, const std::string& fileName) override;
+    /// Whether a file is being read, and the program waits for it.
+    [[nodiscard]] bool loading() const { return loading_; }
     void unload(const std::string& id) override;
     [[nodiscard]] const platform::Character* character(const std::string& id) override;
 
 private:
+    [[nodiscard]] character::LoadResult<character::CharacterData> readFile(const std::string& fileName);
     [[nodiscard]] bool loaded(const character::Guid& guid) const;
+    void add(const std::string& id, character::CharacterData&& loaded);
     void watchScreens();
 
     CharacterFolder folder_;
@@ -57,6 +62,7 @@ private:
     platform::CharacterMenu menu_;
     platform::Loudness loudness_;
     bool paused_ = false;
+    bool loading_ = false;
     QObject watch_; ///< over the screens; ends with the service
 };
 

@@ -8,7 +8,8 @@
 
 namespace brovin::desktop {
 
-/// Lets the time of a stage pass. Nothing wakes up while there is nothing due.
+/// Lets the time of a stage pass. Nothing wakes up while there is nothing due, and a character whose pictures
+/// are hard to make shows fewer of them.
 class StageDriver {
 public:
     /// `tell` gets the events, from the event loop and never from within a call of the stage; it must leave
@@ -27,6 +28,7 @@ private:
     character::Stage& stage_;
     std::function<void(character::Event)> tell_;
     QTimer timer_;
+    character::Moment rested_{}; ///< not called before, so that others have their time
     bool paused_ = false;
 };
 
