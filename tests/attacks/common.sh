@@ -30,3 +30,20 @@ check_next() {
     grep -vqP '\r$' "$log" && tell "$1: a line of the log is torn"
     grep -qx 'User=Joe' "$settings" || tell "$1: settings are lost afterwards"
 }
+
+# Every system call of a command that can change something, as its name and the how-manieth of that name it is, from
+# the one on that first speaks of $1.
+calls=openat,write,pwrite64,fsync,fdatasync,rename,unlink,unlinkat,mkdir,flock,ftruncate,fchmod,chmod,close,fcntl
+calls_of() {
+    local from=$1; shift
+    command -v strace >/dev/null || { echo "strace is missing"; exit 1; }
+    strace -f -qq -o "$TMPDIR/trace" -e trace="$calls" "$@" >/dev/null 2>&1
+    awk '{ sub(/^[0-9]+ +/, ""); sub(/\(.*/, ""); n[$0]++; print $0, n[$0] }' "$TMPDIR/trace" |
+        tail -n +"$(grep -n "$from" "$TMPDIR/trace" | head -n 1 | cut -d: -f1)" | grep -v '[+<]'
+}
+# Runs a command and kills it in front of the how-manieth call of a name. False: it came to its end before.
+killed_at() {
+    local call=$1 when=$2; shift 2
+    { strace -f -qq -o /dev/null -e trace="$call" -e inject="$call":signal=KILL:when="$when" "$@" >/dev/null; } 2>/dev/null
+    [ $? -ne 0 ]
+}
