@@ -1,11 +1,13 @@
 #include "desktop/character/character_folder.h"
 
 #include "character/acs_limits.h"
+#include "character/acs_reader.h"
 #include "posix/unicode_case.h"
 
 #include <algorithm>
 #include <map>
 #include <string_view>
+#include <utility>
 
 namespace brovin::desktop {
 namespace {
@@ -48,6 +50,13 @@ std::optional<std::vector<std::uint8_t>> CharacterFolder::read(const std::string
         return std::nullopt;
     }
     return std::nullopt;
+}
+
+character::LoadResult<character::CharacterData> CharacterFolder::load(const std::string& name) {
+    auto content = read(name);
+    if (!content)
+        return character::LoadError{character::LoadProblem::Missing, "The file", "cannot be read", 0};
+    return character::readCharacter(character::SharedBytes(std::move(*content)));
 }
 
 } // namespace brovin::desktop

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "character/character_data.h"
+#include "character/load_error.h"
 #include "posix/disk_program_folder.h"
 
 #include <cstdint>
@@ -22,6 +24,8 @@ public:
     /// The file of this name: the exact one, else the first by name that is the same without regard to case.
     /// nullopt: missing, not readable, or larger than a character can be.
     [[nodiscard]] std::optional<std::vector<std::uint8_t>> read(const std::string& name);
+    /// The character in it. May be called in another thread than the rest.
+    [[nodiscard]] character::LoadResult<character::CharacterData> load(const std::string& name);
 
 private:
     std::vector<posix::DiskProgramFolder> folders_;

@@ -1,6 +1,5 @@
 #include "desktop/character/desktop_character_service.h"
 
-#include "character/acs_reader.h"
 #include "desktop/character/patient_loading.h"
 
 #include <QGuiApplication>
@@ -54,21 +53,12 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
     if (!available() || loading_ || characters_.contains(id))
         return false;
     loading_ = true;
-    auto read = loadPatiently([this, &fileName] { return readFile(fileName); });
+    auto read = loadPatiently([this, &fileName] { return folder_.load(fileName); });
     loading_ = false;
     if (!read || loaded(read->guid))
         return false;
     add(id, std::move(*read));
     return true;
-}
-
-/// In another thread. The folder keeps nothing that could change meanwhile.
-character::LoadResult<character::CharacterData>
-DesktopCharacterService::readFile(const std::string& fileName) {
-    auto content = folder_.read(fileName);
-    if (!content)
-        return character::LoadError{character::LoadProblem::Missing, "The file", "cannot be read", 0};
-    return character::readCharacter(character::SharedBytes(std::move(*content)));
 }
 
 void DesktopCharacterService::add(const std::string& id, character::CharacterData&& loaded) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "character/load_error.h"
 #include "desktop/character/character_audio.h"
 #include "desktop/character/character_folder.h"
 #include "desktop/character/desktop_character.h"
@@ -49,7 +48,6 @@ public:
     [[nodiscard]] const platform::Character* character(const std::string& id) override;
 
 private:
-    [[nodiscard]] character::LoadResult<character::CharacterData> readFile(const std::string& fileName);
     [[nodiscard]] bool loaded(const character::Guid& guid) const;
     void add(const std::string& id, character::CharacterData&& loaded);
     void watchScreens();

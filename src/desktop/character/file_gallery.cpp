@@ -1,7 +1,7 @@
 #include "desktop/character/file_gallery.h"
 
-#include "character/acs_reader.h"
 #include "desktop/character/character_language.h"
+#include "desktop/character/patient_loading.h"
 #include "desktop/character/portrait.h"
 
 #include <utility>
@@ -14,6 +14,8 @@ using platform::CharacterProblem;
 
 CharacterProblem problemOf(LoadProblem problem) {
     switch (problem) {
+    case LoadProblem::Missing:
+        return CharacterProblem::Unreadable;
     case LoadProblem::NotACharacterFile:
         return CharacterProblem::NotACharacter;
     case LoadProblem::UnsupportedVersion:
@@ -29,10 +31,7 @@ CharacterProblem problemOf(LoadProblem problem) {
 } // namespace
 
 FileGallery::Read FileGallery::read(const std::string& fileName) {
-    auto content = folder_.read(fileName);
-    if (!content)
-        return CharacterProblem::Unreadable;
-    auto read = character::readCharacter(character::SharedBytes(std::move(*content)));
+    auto read = loadPatiently([this, &fileName] { return folder_.load(fileName); });
     if (!read)
         return problemOf(read.failure().problem);
     return std::make_shared<const character::CharacterData>(std::move(*read));

@@ -136,23 +136,29 @@ QPixmap GalleryView::picture(const QModelIndex& index) {
 
 /// One at a time, so that the window answers in between.
 void GalleryView::fetchNext() {
-    if (wanted_.empty() || !hasCards())
+    if (wanted_.empty() || !hasCards() || std::exchange(reading_, true))
         return;
     const int row = *wanted_.begin();
     wanted_.erase(wanted_.begin());
-    if (QListWidgetItem* const wanted = item(row); wanted != nullptr && row < gallery_->count())
-        fetch(*wanted);
+    if (row < count() && row < gallery_->count())
+        fetch(row);
+    reading_ = false;
     if (!wanted_.empty())
         fetching_.start(0);
 }
 
-void GalleryView::fetch(QListWidgetItem& item) {
-    const ui::Gallery::Card card = gallery_->card(row(&item));
-    item.setData(kKnownRole, true);
-    item.setData(kBrokenRole, card.broken);
-    item.setData(kNoteRole, qt(card.note));
-    item.setData(Qt::DecorationRole, scaled(card.picture));
-    item.setToolTip(plainToolTip(card.note));
+/// A large file lets events through while it is read, by which the list may have become another.
+void GalleryView::fetch(int row) {
+    const QString name = item(row)->text();
+    const ui::Gallery::Card card = gallery_->card(row);
+    QListWidgetItem* const entry = item(row);
+    if (entry == nullptr || entry->text() != name)
+        return;
+    entry->setData(kKnownRole, true);
+    entry->setData(kBrokenRole, card.broken);
+    entry->setData(kNoteRole, qt(card.note));
+    entry->setData(Qt::DecorationRole, scaled(card.picture));
+    entry->setToolTip(plainToolTip(card.note));
 }
 
 QPixmap GalleryView::scaled(const platform::Picture& picture) const {
@@ -188,6 +194,8 @@ void GalleryView::enter(int row) {
     const bool moves = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
     if (row >= 0 && moves && gallery_ != nullptr && gallery_->portrait && row < gallery_->count())
         portrait_ = gallery_->portrait(row);
+    if (under_ != row)
+        portrait_.reset(); // while it was read the mouse went elsewhere
     if (portrait_) {
         since_.start();
         goOn();
@@ -195,11 +203,14 @@ void GalleryView::enter(int row) {
     viewport()->update();
 }
 
+/// What takes long to draw moves less often, so that it does not take the time of everything else.
 void GalleryView::goOn() {
-    const auto next = portrait_->wave(std::chrono::milliseconds(since_.elapsed()));
+    constexpr int kRest = 6;
+    const std::chrono::milliseconds begun(since_.elapsed());
+    const auto next = portrait_->wave(begun);
     moving_ = scaled(portrait_->picture());
     if (next)
-        frame_.start(*next);
+        frame_.start(std::max(*next, kRest * (std::chrono::milliseconds(since_.elapsed()) - begun)));
     else
         portrait_.reset(); // it waves once
     viewport()->update();

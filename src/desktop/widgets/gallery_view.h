@@ -35,7 +35,7 @@ protected:
 
 private:
     void fetchNext();
-    void fetch(QListWidgetItem& item);
+    void fetch(int row);
     void enter(int row);
     void goOn();
     [[nodiscard]] QPixmap scaled(const platform::Picture& picture) const;
@@ -44,6 +44,7 @@ private:
     unsigned long cardRevision_ = 0;
     std::set<int> wanted_; ///< entries that came into sight and are not known
     QTimer fetching_;
+    bool reading_ = false;
 
     int under_ = -1;                                        ///< the entry under the mouse
     std::unique_ptr<platform::CharacterPortrait> portrait_; ///< its own, while it moves
