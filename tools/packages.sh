@@ -3,7 +3,7 @@
 packages_build=(
     cmake g++ ninja-build pkg-config
     libavcodec-dev libavformat-dev libcpp-httplib-dev libcurl4-openssl-dev libsodium-dev libsqlite3-dev libssl-dev libswscale-dev
-    libespeak-ng-dev libicu-dev libpulse-dev libsimpleini-dev libxcb1-dev qt6-base-dev qt6-svg-dev
+    libespeak-ng-dev libicu-dev libpulse-dev libsimpleini-dev libxcb-shape0-dev libxcb-xfixes0-dev libxcb1-dev qt6-base-dev qt6-svg-dev
 )
 packages_run=(
     ca-certificates

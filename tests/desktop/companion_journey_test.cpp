@@ -101,7 +101,7 @@ QPoint gripOn(int fromLeft = 64) {
     QElapsedTimer still;
     still.start();
     EXPECT_TRUE(waitUntil([&] {
-        if (!figure.mask().contains(QRect(grip - QPoint(3, 3), QSize(7, 7))))
+        if (!figure.shape().contains(QRect(grip - QPoint(3, 3), QSize(7, 7))))
             still.restart();
         return still.hasExpired(500);
     }));

@@ -1,7 +1,6 @@
 #include "desktop/character/bubble.h"
 
 #include "desktop/character/opaque_region.h"
-#include "desktop/character/x11_desktop.h"
 
 #include <QCloseEvent>
 #include <QImage>
@@ -53,20 +52,27 @@ void Bubble::takeForm(const BalloonPlace& place) {
     form.bubble.translate(-place.window.topLeft());
     form.tip -= place.window.topLeft();
     form.window.moveTo(0, 0);
-    const bool blended = desktopBlends();
-    if (form != form_ || blended != blended_) {
+    if (form != form_) {
         form_ = form;
-        blended_ = blended;
         setFixedSize(form_.window.size());
-        QImage picture(size(), QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        drawOutline(painter);
-        painter.end();
-        setShape(opaqueRegion(picture));
-        update();
+        drawShape();
     }
     putAt(place.window.topLeft());
+}
+
+void Bubble::drawShape() {
+    QImage picture(pixels(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    drawOutline(painter);
+    painter.end();
+    present(opaqueRegion(picture));
+}
+
+void Bubble::blendingChanged() {
+    drawShape();
+    OverlayWindow::blendingChanged();
 }
 
 void Bubble::write(const QStringList& lines, Qt::LayoutDirection direction) {
@@ -80,14 +86,14 @@ void Bubble::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     // Where the outline and the shape differ on an unblended desktop, what shows is border, not black.
-    painter.fillRect(rect(), blended_ ? QColor(Qt::transparent) : colours_.border);
+    painter.fillRect(rect(), blended() ? QColor(Qt::transparent) : colours_.border);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     drawOutline(painter);
     drawLines(painter);
 }
 
 void Bubble::drawOutline(QPainter& painter) const {
-    painter.setRenderHint(QPainter::Antialiasing, blended_);
+    painter.setRenderHint(QPainter::Antialiasing, blended());
     painter.setPen(colours_.border);
     painter.setBrush(colours_.background);
     painter.drawPath(outlineOf(form_));

@@ -35,13 +35,15 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+    void blendingChanged() override;
+
 private:
+    void drawShape();
     void drawOutline(QPainter& painter) const;
     void drawLines(QPainter& painter) const;
 
     BubbleColours colours_;
     BalloonPlace form_; ///< in the window's own coordinates
-    bool blended_ = true;
     QStringList lines_;
     Qt::LayoutDirection direction_ = Qt::LeftToRight;
 };

@@ -1,7 +1,6 @@
 #include "desktop/character/character_window.h"
 
 #include "desktop/character/opaque_region.h"
-#include "desktop/character/x11_desktop.h"
 
 #include <QCloseEvent>
 #include <QCursor>
@@ -74,12 +73,25 @@ QRect CharacterWindow::figure() const {
 
 void CharacterWindow::showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) {
     painter_.paint(frame, mouth, canvas_);
+    drawPicture();
+    present(opaqueRegion(picture_));
+}
+
+void CharacterWindow::drawPicture() {
     picture_ = QImage(reinterpret_cast<const uchar*>(canvas_.pixels.data()), canvas_.width, canvas_.height,
                       QImage::Format_ARGB32_Premultiplied);
-    const QRegion shape = opaqueRegion(picture_);
-    opaque_ = shape.boundingRect();
-    setShape(shape);
-    update();
+    opaque_ = opaqueRegion(picture_).boundingRect();
+    if (pixels() == picture_.size())
+        return;
+    const qreal factor = devicePixelRatio();
+    const bool whole = std::floor(factor) == factor;
+    picture_ = picture_.scaled(pixels(), Qt::IgnoreAspectRatio,
+                               whole || !blended() ? Qt::FastTransformation : Qt::SmoothTransformation);
+}
+
+void CharacterWindow::blendingChanged() {
+    drawPicture();
+    OverlayWindow::blendingChanged();
 }
 
 std::optional<character::Place> CharacterWindow::pointer() const {
@@ -109,9 +121,6 @@ bool CharacterWindow::event(QEvent* event) {
 void CharacterWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    const qreal factor = devicePixelRatio();
-    const bool whole = std::floor(factor) == factor;
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, !whole && desktopBlends());
     painter.drawImage(rect(), picture_);
 }
 

@@ -59,14 +59,17 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+    void blendingChanged() override;
+
 private:
+    void drawPicture();
     void addEntries(QMenu& menu, const std::vector<platform::MenuEntry>& entries);
 
     character::ImageStore images_;
     character::FramePainter painter_;
     character::Bitmap canvas_;
-    QImage picture_; ///< a view of `canvas_`
-    QRect opaque_;   ///< of the picture
+    QImage picture_; ///< of the screen's pixels; a view of `canvas_` where those are as large
+    QRect opaque_;   ///< of the frame
     QMenu menu_;
     QAction* hideAction_;
     QAction* nextScreenAction_; ///< only to be seen while there are several screens

@@ -1,9 +1,12 @@
 #include "desktop/character/overlay_window.h"
 
+#include "desktop/character/cut_out.h"
 #include "desktop/character/x11_desktop.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+
+#include <utility>
 
 namespace brovin::desktop {
 
@@ -50,13 +53,16 @@ void OverlayWindow::appear() {
     raise();
 }
 
-void OverlayWindow::setShape(const QRegion& shape) {
-    static const QRegion nowhere(-1, -1, 1, 1); // an empty one would stand for the whole window
-    if (behindWayland()) { // what leaves the shape would stay to be seen: there it is painted over beforehand
-        clearMask();
+void OverlayWindow::present(const QRegion& shape) {
+    if (std::exchange(shape_, shape) == shape)
         repaint();
-    }
-    setMask(shape.isEmpty() ? nowhere : shape);
+    else
+        cutOut(*this, shape_, blended() ? Cut::Clicks : Cut::Sight, [this] { repaint(); });
+}
+
+void OverlayWindow::blendingChanged() {
+    makeWhole(*this);
+    cutOut(*this, shape_, blended() ? Cut::Clicks : Cut::Sight, [this] { repaint(); });
 }
 
 } // namespace brovin::desktop

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/character/compositor.h"
+
 #include <QPoint>
 #include <QRegion>
 #include <QWidget>
@@ -20,12 +22,25 @@ public:
     void appear();
     void disappear() { hide(); }
 
-    /// It is blended with what is below it where the desktop can do that, and has a shape as well: without
-    /// one, clicks beside the figure would end here, and a desktop that does not blend would show black.
-    void setShape(const QRegion& shape);
+    /// The picture from here on: what `paintEvent` paints, and its shape in pixels of the screen, where both
+    /// change at once. Where the desktop blends, the shape is for clicks alone; where it does not, it is what
+    /// keeps the desktop in sight.
+    void present(const QRegion& shape);
+
+    [[nodiscard]] const QRegion& shape() const { return shape_; }
+    /// Whether half transparent pixels come out right.
+    [[nodiscard]] bool blended() const { return compositor_.blends(); }
+    /// The window's size in pixels of the screen.
+    [[nodiscard]] QSize pixels() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
+
+protected:
+    /// The desktop blends from here on, or does not any more: the picture is to be presented again.
+    virtual void blendingChanged();
 
 private:
     QPoint place_;
+    QRegion shape_;
+    Compositor compositor_{[this] { blendingChanged(); }};
 };
 
 } // namespace brovin::desktop
