@@ -8,11 +8,12 @@
 namespace brovin::cleaner {
 
 /// What is stored of a watched folder, so that another one in its place is known: device, inode and resolved
-/// path, with colons between. "" where nothing is known.
+/// path, with colons between; what the disk is named stands behind the device and a slash. "" where nothing
+/// is known.
 [[nodiscard]] std::string identityText(const platform::FolderIdentity& identity);
 
-/// Whether a folder is the one that was stored; of one of which nothing was stored, it is. The device alone
-/// may differ: its number is given out anew whenever a disk is mounted.
+/// Whether a folder is the one that was stored; of one of which nothing was stored, it is. The device's
+/// number may differ, which is given out anew whenever a disk is mounted; what the disk is named may not.
 [[nodiscard]] bool isTheSame(std::string_view stored, const platform::FolderIdentity& found);
 
 /// Whether it is not, but stands at the same path on another disk, or on one that was formatted or hung in

@@ -72,7 +72,8 @@ bool WatchedFolderList::askWhetherRight(const std::string& path) {
     const auto found = identityOf(path);
     for (std::size_t i = 0; found && i < paths_.size(); ++i) {
         const std::string now = identityText(*found);
-        if (truePath(i) != path || !isOnAnotherDisk(identities_[i], *found) || refused_[i] == now)
+        if (truePath(i) != path || !isOnAnotherDisk(identities_[i], *found) ||
+            (!refused_[i].empty() && isTheSame(refused_[i], *found)))
             continue;
         const auto answer = needs_.speech.announcer.agentMsgBox(
             needs_.speech.messages.getText("folderAnew", {shownPath(path, "")}), box::kYesNo | box::kQuestion,

@@ -59,6 +59,9 @@ struct FolderIdentity {
     /// 0: the disk gives out numbers anew each time that it is mounted, so that they tell nothing.
     std::uint64_t inode = 0;
     std::string path; ///< the full one, without a link in it
+    /// What the disk was named when it was formatted: stays when it is hung in elsewhere, and is another one
+    /// after it was formatted anew. Without colons. "": not known.
+    std::string disk = {};
 };
 
 /// What can be seen of the folder that is open at a place of a walk.

@@ -1,5 +1,6 @@
 #include "posix/folder_facts.h"
 
+#include "posix/disk_identity.h"
 #include "posix/system_call.h"
 
 #include <fcntl.h>
@@ -13,11 +14,6 @@
 #include <utility>
 
 namespace brovin::posix {
-namespace {
-
-constexpr decltype(statfs::f_type) kUserSpaceDisk = 0x65735546; // FUSE, by the statfs manual
-
-} // namespace
 
 platform::Result<FolderFacts> factsOf(int folder) {
     struct statx facts {};
@@ -35,7 +31,7 @@ bool LastingNumbers::on(int folder, dev_t device) {
     if (known_ && device == device_)
         return lasting_;
     struct statfs disk {};
-    lasting_ = ::fstatfs(folder, &disk) == 0 && disk.f_type != kUserSpaceDisk;
+    lasting_ = ::fstatfs(folder, &disk) == 0 && numbersLast(disk);
     device_ = device;
     known_ = true;
     return lasting_;
@@ -61,8 +57,8 @@ platform::Result<platform::FolderIdentity> identityOf(int folder) {
         return path.failure();
     if (::fstat(folder, &facts) != 0 || ::fstatfs(folder, &disk) != 0)
         return lastFailure();
-    return platform::FolderIdentity{facts.st_dev, disk.f_type == kUserSpaceDisk ? 0 : facts.st_ino,
-                                    std::move(*path)};
+    return platform::FolderIdentity{facts.st_dev, numbersLast(disk) ? facts.st_ino : 0, std::move(*path),
+                                    diskName(disk, facts.st_dev)};
 }
 
 } // namespace brovin::posix

@@ -156,5 +156,43 @@ TEST(FolderIdentity, isAskedAboutOnceAfterAnotherDisk) {
     EXPECT_EQ(2U, world.files.deleted.size()) << "and so it is after a Yes";
 }
 
+TEST(FolderIdentity, isAskedAboutOnceAfterItsDiskWasFormattedAnew) {
+    CleanerWorld world;
+    const struct {
+        const char* name;
+        std::uint64_t device;
+        bool anew, asks, told;
+        const char* why;
+    } runs[] = {
+        {"one", 1, false, false, false, "as it was added"},
+        {"one", 2, false, false, false, "hung in elsewhere"},
+        {"one", 2, true, false, true, "another folder on the same disk"},
+        {"two", 1, true, true, false, "formatted anew under the same number"},
+        {"two", 1, false, false, true, "asked once"},
+        {"two", 3, false, false, true, "and so after the next start"},
+    };
+    world.files.diskName = "one";
+    world.files.addFile("/share/other", 1);
+    world.dialogs.folders = {"/share"};
+    world.form.cmdAddFolder.click();
+    for (const auto& [name, device, anew, asks, told, why] : runs) {
+        world.files.diskName = name;
+        world.files.device = device;
+        if (anew) {
+            world.files.remove("/share");
+            world.files.addFile("/share/other", 1);
+        }
+        world.watchedFolders.load();
+        world.dialogs.boxes.clear();
+        world.dialogs.answers = {platform::Button::No};
+        world.scanRun.runScan();
+        world.scanRun.tellOfStrangers();
+        ASSERT_EQ(asks || told ? 1U : 0U, world.dialogs.boxes.size()) << why;
+        EXPECT_EQ(asks, !world.dialogs.boxes.empty() &&
+                            world.dialogs.boxes[0].text.ends_with("Is it the right one?"))
+            << why;
+    }
+}
+
 } // namespace
 } // namespace brovin::cleaner

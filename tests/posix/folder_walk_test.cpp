@@ -1,5 +1,6 @@
 #include "posix/descriptor.h"
 #include "posix/outcome.h"
+#include "posix/own_mounts.h"
 #include "posix/posix_file_system.h"
 #include "posix/scratch_folder.h"
 
@@ -212,6 +213,26 @@ TEST(FolderIdentity, tellsTheFolderFromAnotherInItsPlace) {
     std::filesystem::rename(disk.path("two"), disk.path("one"));
     EXPECT_EQ(before.path, identity("one").path);
     EXPECT_NE(before.inode, identity("one").inode);
+}
+
+TEST(FolderIdentity, tellsADiskFromAnotherInItsPlace) {
+    const ScratchFolder disk;
+    disk.addFolder("disk");
+    disk.addFolder("other");
+    withOwnMounts([&disk] {
+        PosixFileSystem files;
+        const auto mounted = [&](const char* name) {
+            EXPECT_EQ(0, ::mount("none", disk.path(name).c_str(), "tmpfs", 0, nullptr));
+            return *(*files.open(disk.path(name)))->identity();
+        };
+        const platform::FolderIdentity before = mounted("disk");
+        EXPECT_EQ(0,
+                  ::mount(disk.path("disk").c_str(), disk.path("other").c_str(), nullptr, MS_MOVE, nullptr));
+        EXPECT_EQ(before.disk, (*(*files.open(disk.path("other")))->identity()).disk);
+        const platform::FolderIdentity after = mounted("disk");
+        EXPECT_EQ(before.inode, after.inode) << "which tells nothing";
+        EXPECT_TRUE(before.disk.empty() || before.disk != after.disk) << "older kernels do not tell";
+    });
 }
 
 } // namespace
