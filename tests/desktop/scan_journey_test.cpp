@@ -172,6 +172,7 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
     world.makeFile("Share/Photos/Thumbs.DB", QByteArray(6000, 'x'));
     world.makeFile("Share/Photos/beach.jpg");
     world.makeFile("Share/Music/._song");
+    world.makeFile("Share/Mine/deep/Thumbs.db");
     world.makeFile("Share/Icon\r");
     qputenv("XDG_DATA_HOME", world.path("share").toUtf8());
     world.start();
@@ -191,10 +192,14 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
         "the folder in the list", [&world] { return world.form().lstFolders.count() == 1; },
         [&world] { click(world.widget("imgTabs1")); });
     add<QInputDialog>(journey, world, "cmdAddFile", "Thumbs.db");
+    add<QInputDialog>(journey, world, "cmdAddKeep", world.path("Share/Mine/")); // "Keep Something..."
     journey.then(
-        "the name in the list", [&world] { return world.form().lstFiles.count() == 1; },
+        "the names in the lists",
+        [&world] { return world.form().lstFiles.count() == 1 && world.form().lstKeep.count() == 1; },
         [&world] {
+            Journey::takePicture("keep-something");
             EXPECT_EQ("thumbs.db", world.form().lstFiles.items()[0].text);
+            EXPECT_EQ(world.path("Share/Mine").toLower().toStdString(), world.form().lstKeep.items()[0].text);
             click(world.widget("imgTabs0"));
         });
     journey.then(
@@ -221,6 +226,7 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
     EXPECT_LT(600, QImage(world.path("score.png")).width());
     EXPECT_TRUE(world.exists("share/Trash/files/Thumbs.DB"));
 
+    EXPECT_TRUE(world.exists("Share/Mine/deep/Thumbs.db")) << "on the Keep List";
     EXPECT_FALSE(world.exists("Share/Photos/Thumbs.DB"));
     EXPECT_FALSE(world.exists("Share/Music/._song"));
     EXPECT_FALSE(world.exists("Share/Icon\r"));
@@ -233,9 +239,10 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
     EXPECT_EQ(3, std::count_if(lines.begin(), lines.begin() + 5, [&root](const QByteArray& line) {
                   return line.startsWith("Deleted file ") && line.toLower().contains(root);
               }));
-    EXPECT_EQ("Items deleted: 3 (13 KB)", lines[5]);
-    EXPECT_TRUE(lines[6].startsWith("Scan finished at "));
-    EXPECT_EQ(QByteArray(48, '-'), lines[7]) << "the second run";
+    EXPECT_TRUE(lines[5].contains("1")) << "kept: " << lines[5].toStdString();
+    EXPECT_EQ("Items deleted: 3 (13 KB)", lines[6]);
+    EXPECT_TRUE(lines[7].startsWith("Scan finished at "));
+    EXPECT_EQ(QByteArray(48, '-'), lines[8]) << "the second run";
 }
 
 TEST(ScanJourney, reachesAFolderThatNoPickerShows) {
