@@ -142,6 +142,7 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     machine.updates.setOwner(&window);
     machine.shell.setWindow(&window);
     machine.shell.setManual(pathOf(places.installedFolder + "/help"));
+    machine.shell.manualPage = [this] { return parts_->program.messages().getText("manualPage"); };
     machine.shell.ending = [&window] { window.letGo(); };
     machine.instance.serve = [this](platform::Errand errand) { serve(errand); };
     machine.dialogs.asked = [&machine] { return machine.initiative.userAsked(); };

@@ -143,6 +143,7 @@ inline constexpr TextRow kTextRows[] = {
     {"noPlaceForIcon",
      "This desktop has no place for my icon, so you find my window in the task bar. To get one, "
      "add a notification area to your panel, or your desktop's extension for indicators."},
+    {"manualPage", "index.html"}, // the manual's first page, for desktops without a viewer for the whole
     {"helpNotOpened", "The manual could not be opened:\\n\\n%1"},
     {"linkNotOpened", "This address could not be opened:\\n\\n%1"},
     // Settings: where they are; where the copy is

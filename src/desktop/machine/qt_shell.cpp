@@ -53,12 +53,19 @@ bool openByDesktop(const QUrl& target) {
 bool QtShell::openDocument(const std::string& path) {
     QString file = QFile::decodeName(QByteArray::fromStdString(path));
     if (file.endsWith(QLatin1String(".chm")) && !(QFile::exists(file) && canShowCompiledHelp()))
-        file = manual_ + QStringLiteral("/index.html");
+        file = manual();
     if (!QFile::exists(file))
         return false;
     const bool shortcut = file.endsWith(QLatin1String(".url"), Qt::CaseInsensitive);
     const QUrl target = shortcut ? shortcutTarget(file) : QUrl::fromLocalFile(file);
     return target.isValid() && openByDesktop(target);
+}
+
+QString QtShell::manual() const {
+    const QString page = manualPage ? QString::fromStdString(manualPage()) : QString();
+    const bool there = !page.contains(QLatin1Char('/')) && page.endsWith(QLatin1String(".html")) &&
+                       QFile::exists(manual_ + QLatin1Char('/') + page);
+    return manual_ + QLatin1Char('/') + (there ? page : QStringLiteral("index.html"));
 }
 
 void QtShell::setForegroundWindow() {

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <functional>
+#include <string>
 
 class QWidget;
 
@@ -18,6 +19,8 @@ public:
     void setWindow(QWidget* window) { window_ = window; }
     /// Where the pages of the manual are, for desktops that cannot show them in one compiled file.
     void setManual(const QString& folder) { manual_ = folder; }
+    /// The first of them in the language of the user. One that is not among them gives way to "index.html".
+    std::function<std::string()> manualPage;
     /// Called when the program ends, before the event loop does.
     std::function<void()> ending;
 
@@ -27,6 +30,8 @@ public:
 
 private:
     QWidget* window_ = nullptr;
+    [[nodiscard]] QString manual() const;
+
     QString manual_;
 };
 
