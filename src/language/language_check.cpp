@@ -130,7 +130,7 @@ private:
         }
     }
 
-    void keys() {
+    static std::set<std::string, std::less<>> knownKeys() {
         std::set<std::string, std::less<>> known = {"language", "languageDesc", "langversion", "languageid",
                                                     "modeid"};
         for (const auto& row : kCommaLists)
@@ -143,6 +143,11 @@ private:
             known.insert("text." + std::string(row.name));
         for (const std::string& name : captionedControls())
             known.insert("lbl" + name);
+        return known;
+    }
+
+    void keys() {
+        static const auto known = knownKeys();
         for (const std::string& key : known)
             if (!entries_.contains(key))
                 fault(0, key + " is missing");
@@ -258,7 +263,8 @@ private:
     }
 
     void captions() {
-        for (const std::vector<std::string>& together : captionsSeenTogether()) {
+        static const auto seenTogether = captionsSeenTogether();
+        for (const std::vector<std::string>& together : seenTogether) {
             std::vector<Caption> captions;
             for (const std::string& key : together)
                 if (const Entry* entry = entryOf(key))
