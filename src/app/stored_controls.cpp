@@ -40,6 +40,7 @@ constexpr StoredControl kControls[] = {
     {&setting::kMuteVoice, &FrmOptions::chkMuteVoice},
     {&setting::kSoundVolume, &FrmOptions::sldSounds},
     {&setting::kMuteSounds, &FrmOptions::chkMuteSounds},
+    {&setting::kReadOut, &FrmOptions::chkReadOut},
     {&setting::kQuietHours, &FrmOptions::chkQuietHours},
     {&setting::kQuietFrom, &FrmOptions::dtpQuietFrom},
     {&setting::kQuietTo, &FrmOptions::dtpQuietTo},

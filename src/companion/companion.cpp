@@ -15,9 +15,16 @@ Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
             needs.regional}),
       choice_({pages.character, needs.tables, needs.gallery}),
       menu_({pages.speech, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
-      service_(needs.service) {
+      service_(needs.service), surroundings_(needs.surroundings) {
     host.loaded = [this] { quiet.review(); }; // which shows the menu, too
     quiet.changed = [this] { menu_.show(); };
+    if (surroundings_ != nullptr) {
+        service_.setStill(surroundings_->lessMotion());
+        surroundings_->setChanged([this] { adapt(); });
+    }
+    pages.speech.chkReadOut.click = [this, &box = pages.speech.chkReadOut] {
+        service_.setReadOut(box.checked());
+    };
     tie(pages.character);
     tie(pages.speech, pages.reminders.cmdSpeak);
     service_.setEvents(
@@ -31,8 +38,15 @@ Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
 
 /// The machine and its characters outlive the program.
 Companion::~Companion() {
+    if (surroundings_ != nullptr)
+        surroundings_->setChanged({});
     service_.setEvents({});
     service_.setMenu({});
+}
+
+void Companion::adapt() {
+    service_.setStill(surroundings_->lessMotion());
+    quiet.review();
 }
 
 void Companion::tie(ui::CharacterPage& page) {

@@ -38,12 +38,14 @@ public:
     WaitingNews news;
 
 private:
+    void adapt();
     void tie(ui::CharacterPage& page);
     void tie(ui::SpeechPage& page, ui::Button& cmdSpeak);
 
     CharacterChoice choice_;
     CharacterMenu menu_;
     platform::CharacterService& service_;
+    platform::Surroundings* surroundings_; ///< null: nothing is known of them
 };
 
 } // namespace brovin::companion

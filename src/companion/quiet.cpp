@@ -46,14 +46,6 @@ Quiet::Quiet(const Needs& needs) : needs_(needs) {
     for (ui::Volume* volume : {&page.sldVoice, &page.sldSounds})
         volume->change = [this] { review(); };
     page.lblQuiet.setVisible(false);
-    if (needs_.surroundings != nullptr)
-        needs_.surroundings->setChanged([this] { review(); });
-}
-
-/// The machine outlives the program.
-Quiet::~Quiet() {
-    if (needs_.surroundings != nullptr)
-        needs_.surroundings->setChanged({});
 }
 
 void Quiet::choose(Switch how) {

@@ -27,9 +27,6 @@ public:
     };
     /// Ties the controls that have to do with it.
     explicit Quiet(const Needs& needs);
-    ~Quiet();
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
 
     /// The user's switch.
     enum class Switch : std::uint8_t { Off, UntilSwitchedOff, ForAnHour, UntilTomorrow };

@@ -130,6 +130,10 @@ public:
     virtual void setMenu(const CharacterMenu& menu) = 0;
     /// At once, also for what is being said.
     virtual void setLoudness(const Loudness& loudness) = 0;
+    /// While nothing is to move they stand still and change from pose to pose.
+    virtual void setStill(bool still) = 0;
+    /// What they say is announced to screen readers, too.
+    virtual void setReadOut(bool readOut) = 0;
     /// While nobody can see them their time stands still, and nothing of them costs anything. What they are
     /// asked for begins, and goes on afterwards.
     virtual void setPaused(bool paused) = 0;

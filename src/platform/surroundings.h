@@ -19,6 +19,9 @@ public:
     /// Where the active window is while it has a screen for itself; nullopt: it has not.
     [[nodiscard]] virtual std::optional<Area> fullScreen() const = 0;
 
+    /// The user has asked the desktop for as little movement as possible.
+    [[nodiscard]] virtual bool lessMotion() const = 0;
+
     /// `changed` is called after each change of any of them, at any time.
     virtual void setChanged(std::function<void()> changed) = 0;
 };

@@ -39,6 +39,7 @@ inline constexpr Setting kMuteVoice{"MuteVoice", "0"};
 inline constexpr Setting kMuteSounds{"MuteSounds", "0"};
 inline constexpr Setting kVoiceVolume{"VoiceVolume", "100"}; ///< percent, as the next
 inline constexpr Setting kSoundVolume{"SoundVolume", "100"};
+inline constexpr Setting kReadOut{"ReadOut", "0"};
 inline constexpr Setting kBackup{"Backup", "1"};
 inline constexpr Setting kBackupDate{"BackupDate", "23:00"};
 inline constexpr Setting kWeekly{"Weekly", "0"};

@@ -14,12 +14,14 @@ using Texts = std::vector<std::string>;
 struct ToldSurroundings final : platform::Surroundings {
     bool isLocked = false;
     bool silent = false;
+    bool stillness = false;
     std::optional<platform::Area> window;
     std::function<void()> tell;
 
     [[nodiscard]] bool locked() const override { return isLocked; }
     [[nodiscard]] bool doNotDisturb() const override { return silent; }
     [[nodiscard]] std::optional<platform::Area> fullScreen() const override { return window; }
+    [[nodiscard]] bool lessMotion() const override { return stillness; }
     void setChanged(std::function<void()> changed) override { tell = std::move(changed); }
 };
 
@@ -59,6 +61,20 @@ struct QuietWorld : fakes::FakeMachine {
                     "/opt/brovin"};
     ui::FrmOptions& form = program.frmOptions();
 };
+
+TEST(Companion, standsStillAndIsReadOutWhereTheUserWantsIt) {
+    QuietWorld world;
+    for (const bool wanted : {true, false}) {
+        world.around.stillness = wanted;
+        world.around.tell();
+        world.form.chkReadOut.setValue(wanted ? 1 : 0);
+        EXPECT_EQ(wanted, world.characters.still);
+        EXPECT_EQ(wanted, world.characters.readOut);
+        EXPECT_FALSE(world.silent());
+    }
+    QuietWorld next(world.settings);
+    EXPECT_FALSE(next.characters.readOut) << "as it was stored";
+}
 
 TEST(Quiet, hasItsReasonsAndAllButTwoOfThemWaitForTheUsersWord) {
     const std::tuple<std::string_view, std::function<void(QuietWorld&)>, bool> cases[] = {

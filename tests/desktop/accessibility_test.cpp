@@ -11,6 +11,7 @@
 #include <QDBusInterface>
 #include <QDBusMetaType>
 #include <QDBusReply>
+#include <QDir>
 #include <QFile>
 #include <QThread>
 
@@ -94,6 +95,18 @@ public:
             collect(child, found);
     }
 
+    /// From now on `listener` hears by `slot` of each state that changes.
+    void listen(QObject* listener, const char* slot) {
+        auto wish = QDBusMessage::createMethodCall("org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
+                                                   "org.a11y.atspi.Registry", "RegisterEvent");
+        bus_.call(wish << "object:state-changed:showing");
+        bus_.connect({}, {}, "org.a11y.atspi.Event.Object", "StateChanged", listener, slot);
+    }
+    /// What it says where it is a notification, else nothing.
+    [[nodiscard]] std::string notification(const Reference& what) const {
+        return role(what) == "notification" ? property(what, "Name") : std::string();
+    }
+
     void press(const Reference& what) const {
         QDBusInterface action(what.service, what.path.path(), "org.a11y.atspi.Action", bus_);
         action.call("DoAction", 0);
@@ -125,6 +138,24 @@ private:
     }
 
     QDBusConnection bus_{QString()};
+};
+
+/// Hears the notifications that come up, as a screen reader does.
+class Listener final : public QObject {
+    Q_OBJECT
+public:
+    explicit Listener(AccessibilityBus& bus) : bus_(bus) { bus_.listen(this, SLOT(changed(QDBusMessage))); }
+
+    std::string heard;
+
+public slots:
+    void changed(const QDBusMessage& message) {
+        if (message.arguments().value(0) == "showing" && message.arguments().value(1).toInt() == 1)
+            heard += bus_.notification({message.service(), QDBusObjectPath(message.path())});
+    }
+
+private:
+    AccessibilityBus& bus_;
 };
 
 /// The role in which a control has to appear; empty: a control that is not a thing on the window.
@@ -246,5 +277,33 @@ TEST(Accessibility, everyControlHasANameAndARole) {
         ADD_FAILURE() << "not found: " << control;
 }
 
+TEST(Accessibility, whatTheCharacterSaysIsAnnouncedWhereTheUserWantsIt) {
+    AccessibilityBus bus;
+    ASSERT_TRUE(bus.connected());
+    Listener listener(bus);
+    for (const bool wanted : {false, true}) {
+        const QTemporaryDir root;
+        QDir(root.path()).mkpath("config/Brovin");
+        QFile settings(root.filePath("config/Brovin/Brovin.conf"));
+        ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+        settings.write("[Settings]\nAgentName=Peedy\nTotalDate=x\nUpdateOnStart=0\nMuteVoice=1\nReadOut=");
+        settings.write(wanted ? "1\n" : "0\n");
+        settings.close();
+        const Process program(root.path(), {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"});
+        ASSERT_TRUE(waitForWindow("^Peedy$"));
+        const auto greets = [&listener] { return listener.heard.size() > 3; };
+        if (wanted)
+            EXPECT_TRUE(waitUntil(greets));
+        else
+            letPass(2500);
+        EXPECT_EQ(wanted, greets()) << listener.heard;
+        EXPECT_EQ(std::string::npos, listener.heard.find('\\')) << "no speech tags: " << listener.heard;
+    }
+}
+
 } // namespace
 } // namespace brovin::tests
+
+#ifndef __clang_analyzer__ // which is not to judge what the toolkit generates
+#include "accessibility_test.moc"
+#endif

@@ -5,12 +5,15 @@
 #include "desktop/machine/desktop_surroundings.h"
 #include "desktop/real_input.h"
 
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -73,6 +76,85 @@ TEST(Surroundings, areToldByTheServicesOfTheSession) {
     EXPECT_TRUE(waitUntil([&] { return around.doNotDisturb(); }));
     EXPECT_EQ(5, changes);
     QDBusConnection::disconnectFromBus("desktop");
+}
+
+/// Keeps what the desktop's settings say, as its portal does.
+class Portal final : public QDBusVirtualObject {
+public:
+    QString space;
+    QVariant value;
+
+    [[nodiscard]] QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+        if (message.arguments().value(0) != space)
+            return bus.send(message.createErrorReply("org.freedesktop.portal.Error.NotFound", "no setting"));
+        const auto wrapped = QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(value))));
+        return bus.send(message.createReply(wrapped));
+    }
+};
+
+TEST(Surroundings, areToldOfTheWishForStillnessByThePortal) {
+    const struct {
+        QString space, key;
+        QVariant still, moving;
+    } cases[] = {
+        {"org.gnome.desktop.interface", "enable-animations", false, true},
+        {"org.kde.kdeglobals.KDE", "AnimationDurationFactor", "0", "1.5"},
+        {"org.freedesktop.appearance", "reduced-motion", 1U, 0U},
+    };
+    for (const auto& [space, key, still, moving] : cases) {
+        desktop::DesktopSurroundings around; // before there is a portal
+        EXPECT_FALSE(around.lessMotion());
+        QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal");
+        Portal portal;
+        portal.space = space;
+        portal.value = still;
+        bus.registerVirtualObject("/org/freedesktop/portal/desktop", &portal);
+        bus.registerService("org.freedesktop.portal.Desktop");
+        EXPECT_TRUE(waitUntil([&] { return around.lessMotion(); })) << key.toStdString();
+        auto signal = QDBusMessage::createSignal("/org/freedesktop/portal/desktop",
+                                                 "org.freedesktop.portal.Settings", "SettingChanged");
+        bus.send(signal << space << key << QVariant::fromValue(QDBusVariant(moving)));
+        EXPECT_TRUE(waitUntil([&] { return !around.lessMotion(); })) << key.toStdString();
+        QDBusConnection::disconnectFromBus("portal");
+    }
+}
+
+TEST(Surroundings, areToldOfTheWishForStillnessByX11) {
+    const QTemporaryDir folder;
+    const auto write = [&folder](const char* settings) {
+        QFile file(folder.filePath("settings"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(settings);
+    };
+    desktop::DesktopSurroundings around;
+    write("Net/ThemeName \"odd\"\nGtk/A (1,2,3,4)\nGtk/EnableAnimations 0\n");
+    QProcess daemon;
+    daemon.start("xsettingsd", {"-c", folder.filePath("settings")});
+    EXPECT_TRUE(waitUntil([&] { return around.lessMotion(); }));
+    write("Gtk/EnableAnimations 1\n");
+    QProcess::execute("kill", {"-HUP", QString::number(daemon.processId())});
+    EXPECT_TRUE(waitUntil([&] { return !around.lessMotion(); }));
+    write("Gtk/EnableAnimations 0\n");
+    QProcess::execute("kill", {"-HUP", QString::number(daemon.processId())});
+    EXPECT_TRUE(waitUntil([&] { return around.lessMotion(); }));
+    daemon.kill();
+    daemon.waitForFinished();
+    EXPECT_TRUE(waitUntil([&] { return !around.lessMotion(); })) << "nobody asks any more";
+}
+
+TEST(XSettings, surviveDamage) {
+    std::vector<std::uint8_t> bytes{0, 0, 0,   0, 9, 0, 0, 0, 1, 0, 0, 0, 0, 0,
+                                    1, 0, 'a', 0, 0, 0, 9, 0, 0, 0, 7, 0, 0, 0};
+    EXPECT_EQ(7, desktop::numberInXSettings(bytes, "a"));
+    EXPECT_FALSE(desktop::numberInXSettings(bytes, "b"));
+    for (const std::size_t at : {8U, 14U}) { // more settings than there are, a longer name
+        auto damaged = bytes;
+        damaged[at] = damaged[at + 1] = 0xFF;
+        EXPECT_FALSE(desktop::numberInXSettings(damaged, "b"));
+    }
+    for (; !bytes.empty(); bytes.pop_back())
+        EXPECT_EQ(bytes.size() == 28, desktop::numberInXSettings(bytes, "a").has_value()) << bytes.size();
 }
 
 TEST(Surroundings, knowAWindowThatHasTheScreenForItself) {

@@ -71,6 +71,8 @@ public:
     platform::CharacterMenu menu;
     platform::Loudness loudness;
     bool paused = false;
+    bool still = false;
+    bool readOut = false;
     platform::CharacterEvents events;
 
     [[nodiscard]] bool available() const override { return present; }
@@ -78,6 +80,8 @@ public:
     [[nodiscard]] std::vector<platform::Area> screens() const override { return screenAreas; }
     void setMenu(const platform::CharacterMenu& captions) override { menu = captions; }
     void setLoudness(const platform::Loudness& loud) override { loudness = loud; }
+    void setStill(bool stands) override { still = stands; }
+    void setReadOut(bool read) override { readOut = read; }
     void setPaused(bool stands) override { paused = stands; }
     void setEvents(platform::CharacterEvents tied) override { events = std::move(tied); }
     bool load(const std::string& id, const std::string& fileName) override {

@@ -43,12 +43,14 @@ public:
     explicit FakeStageBalloon(StageLog& log) : log_(log) {}
 
     int screenLines = 20; ///< that half the screen holds
+    std::vector<std::string> statements;
 
     [[nodiscard]] int textWidth(std::string_view text) const override {
         return 10 * static_cast<int>(text.size());
     }
     [[nodiscard]] int averageCharacterWidth() const override { return 10; }
     [[nodiscard]] int mostLines() const override { return screenLines; }
+    void beginStatement(const std::string& text) override { statements.push_back(text); }
     void show(const character::BalloonPage& page) override {
         std::string text;
         for (const std::string& line : page.lines)

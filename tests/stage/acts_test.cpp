@@ -109,6 +109,57 @@ TEST(ShowAndHide, pickOneOfTheStatesAnimationsAtRandom) {
     }
 }
 
+TEST(StandingStill, changesPosesAndNothingMoves) {
+    TestCharacter character = usualCharacter();
+    character.animation("Bow", {{}, {.ms = 300, .sound = 4}, {}, {}}).state("IdlingLevel1", {"Blink"});
+    QuietWorld world(character);
+    world.surface.logsPlaces = true;
+    world.stage->setStill(true);
+    const struct {
+        std::function<void(Stage&)> ask;
+        Lines seen;
+        std::string_view why;
+    } steps[] = {
+        {[](Stage& s) { EXPECT_TRUE(s.play("Bow")); },
+         {"0 frame Bow1", "0 sound 4", "600 frame Bow3"},
+         "what it shows half way"},
+        {[](Stage& s) { EXPECT_TRUE(s.play("Read")); },
+         {"0 frame Read1", "200 frame Read1"},
+         "the pose that it ends in"},
+        {[](Stage& s) {
+             s.moveTo({30, 20}, kUsualMoveTime);
+         },
+         {"0 at 30,20"},
+         "it is there"},
+        {[](Stage& s) { EXPECT_TRUE(s.play("Search")); },
+         {"0 sound off", "0 frame ReadReturn0", "0 frame Search1"},
+         "which has no end"},
+        {[](Stage& s) { s.stop(); }, {"0 frame Search2"}, "but is left at once"},
+        {[](Stage& s) { s.hide(Manner::Animated); }, {"0 frame nothing", "0 gone"}, "without a farewell"},
+        {[](Stage& s) { s.show(Manner::Animated); },
+         {"0 frame RestPose0", "0 at 30,20", "0 shown"},
+         "nor an entrance"},
+    };
+    for (const auto& [ask, seen, why] : steps) {
+        world.log.now = Moment{};
+        world.wake.reset();
+        ask(*world.stage);
+        EXPECT_EQ(seen, world.pass(Milliseconds{5000})) << why;
+    }
+    world.voice.isAvailable = false;
+    EXPECT_TRUE(world.stage->speak("Good evening"));
+    for (const std::string& line : untimed(world.pass(kLong)))
+        EXPECT_TRUE(line.starts_with("balloon")) << line << ": the mouth rests";
+    EXPECT_EQ(Lines{"Good evening"}, world.balloon.statements);
+    world.pass(Milliseconds{60'000});
+    const int calls = world.calls;
+    EXPECT_EQ(Lines{}, world.pass(Milliseconds{600'000})) << "and it does not idle";
+    EXPECT_EQ(calls, world.calls);
+    world.stage->setStill(false);
+    world.pass(Milliseconds{10'000});
+    EXPECT_FALSE(world.pass(Milliseconds{60'000}).empty()) << "until it may";
+}
+
 TEST(HidingByTheUser, interruptsWhatIsGoingOn) {
     ShownWorld world;
     const Asked search = world.stage->play("Search");

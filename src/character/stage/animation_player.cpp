@@ -76,6 +76,8 @@ void AnimationPlayer::setMouth(std::optional<Mouth> mouth) {
 Wake AnimationPlayer::advance(Moment now) {
     if (!running_)
         return std::nullopt;
+    if (still_)
+        return advanceStill(now);
     if (!due_ || now - *due_ > kLongestCatchUp)
         due_ = now;
     int steps = 0;
@@ -88,6 +90,24 @@ Wake AnimationPlayer::advance(Moment now) {
             running_ = false;
         *due_ += time;
     }
+    showArrival(now);
+    return running_ ? due_ : std::nullopt;
+}
+
+Wake AnimationPlayer::advanceStill(Moment now) {
+    if (!at_) {
+        const StillPose pose = stillPose(*animation_);
+        at_ = arrival_ = pose.frame;
+        if (!hurried_)
+            sound_ = pose.sound;
+        due_ = pose.time && pose.frame ? Wake(now + *pose.time) : std::nullopt;
+        running_ = pose.frame.has_value();
+    }
+    if (leaving_ || hurried_ || (due_ && *due_ <= now))
+        running_ = false;
+    if (!running_)
+        if (const auto last = lastPicture(*animation_))
+            arrival_ = last;
     showArrival(now);
     return running_ ? due_ : std::nullopt;
 }

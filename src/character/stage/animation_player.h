@@ -58,9 +58,15 @@ public:
     /// sounds.
     void hurry(Milliseconds within);
 
+    /// While nothing is to move, one picture stands for each animation as long as that takes, and then the
+    /// one that it ends with. It is left at once.
+    void setStill(bool still) { still_ = still; }
+    [[nodiscard]] bool still() const { return still_; }
+
     Wake advance(Moment now);
 
 private:
+    Wake advanceStill(Moment now);
     Milliseconds step();
     void enter(FrameIndex frame);
     void showArrival(Moment now);
@@ -76,6 +82,7 @@ private:
     bool leaving_ = false;
     bool strayed_ = false;
     bool hurried_ = false;
+    bool still_ = false;
     double pace_ = 1;          ///< of a frame's time, what it gets
     std::size_t stepsOut_ = 0; ///< how many the way out may still take
 

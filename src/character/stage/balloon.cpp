@@ -6,6 +6,7 @@
 namespace brovin::character {
 
 void Balloon::open(std::string text) {
+    view_.beginStatement(text);
     if (!settings_)
         return;
     const int width = settings_->charactersPerLine * view_.averageCharacterWidth();

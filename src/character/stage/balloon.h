@@ -21,7 +21,8 @@ public:
 
     [[nodiscard]] bool available() const { return settings_.has_value(); }
 
-    /// Appears with this text, of which nothing has been spoken. It must not be on the screen.
+    /// A statement begins: appears with its text, of which nothing has been spoken. It must not be on the
+    /// screen.
     void open(std::string text);
 
     /// The voice has come to a byte of the text.

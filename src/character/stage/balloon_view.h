@@ -31,6 +31,9 @@ public:
     /// Lines that half the height of the screen holds, at least 1.
     [[nodiscard]] virtual int mostLines() const = 0;
 
+    /// A statement begins: all that it says, as it would stand in a balloon. Also where there is none.
+    virtual void beginStatement(const std::string& text) = 0;
+
     /// Opens the balloon, or replaces what is in it.
     virtual void show(const BalloonPage& page) = 0;
 

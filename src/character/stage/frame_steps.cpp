@@ -67,6 +67,28 @@ Milliseconds timeLeft(const Animation& animation, std::optional<FrameIndex> fram
     return time;
 }
 
+StillPose stillPose(const Animation& animation) {
+    StillPose pose;
+    const Milliseconds half = timeLeft(animation, std::nullopt, false) / 2;
+    Milliseconds time{0};
+    std::optional<FrameIndex> at;
+    if (!animation.frames.empty())
+        at = FrameIndex{0};
+    for (std::size_t steps = 0; at && steps < animation.frames.size(); ++steps) {
+        const Frame& frame = animation.frames[*at];
+        if (!frame.images.empty() && (time <= half || !pose.frame))
+            pose.frame = at;
+        if (!pose.sound && isShown(frame))
+            pose.sound = frame.sound;
+        time += frame.duration;
+        at = likelyNext(animation, *at, false);
+    }
+    pose.time = at ? std::nullopt : std::optional(time);
+    if (animation.transition == Transition::ReturnAnimation)
+        pose.frame = lastPicture(animation);
+    return pose;
+}
+
 bool hasExits(const Animation& animation) {
     return std::any_of(animation.frames.begin(), animation.frames.end(),
                        [](const Frame& frame) { return frame.exitFrame.has_value(); });

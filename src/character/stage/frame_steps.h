@@ -31,6 +31,17 @@ using FrameIndex = std::uint16_t;
 /// Whether any frame says how to leave early.
 [[nodiscard]] bool hasExits(const Animation& animation);
 
+/// What stands for an animation where nothing moves.
+struct StillPose {
+    std::optional<FrameIndex> frame;     ///< nullopt: it shows no images
+    std::optional<std::uint16_t> sound;  ///< the first on the way
+    std::optional<Milliseconds> time{0}; ///< as long as the animation takes; nullopt: it has no end
+};
+
+/// Of an animation that another one leads back from, the pose that it ends in; of all others, what they show
+/// half way, by their most probable way.
+[[nodiscard]] StillPose stillPose(const Animation& animation);
+
 /// The last frame that shows images: the picture that an animation leaves behind. nullopt: none does.
 [[nodiscard]] std::optional<FrameIndex> lastPicture(const Animation& animation);
 

@@ -31,7 +31,7 @@ Wake IdleBehaviour::advance(Moment now) {
         return acting_ ? sleepOn(now) : std::nullopt;
     if (!restingSince_)
         restingSince_ = now;
-    if (!on_)
+    if (!on_ || needs_.performer.still())
         return std::nullopt;
     if (now < *restingSince_ + kIdleAfter)
         return *restingSince_ + kIdleAfter;

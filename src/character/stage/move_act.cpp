@@ -28,7 +28,7 @@ ActProgress MoveAct::begin(Moment now) {
     }
     if (here == target_)
         return kActComplete;
-    if (atOnce)
+    if (atOnce || parts_.performer.still())
         return arrive();
     phase_ = Phase::TakingPose;
     // Without an animation for the direction it glides in whatever pose it has.

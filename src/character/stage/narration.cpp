@@ -99,7 +99,7 @@ void Narration::readStep(const ReadingStep& step) {
 }
 
 Wake Narration::moveMouth(Moment now) {
-    if (!needs_.performer.canSpeak())
+    if (needs_.performer.still() || !needs_.performer.canSpeak())
         return std::nullopt;
     if (now >= wordEnd_) {
         needs_.performer.setMouth(Mouth::Closed);

@@ -77,10 +77,17 @@ bool Performer::canSpeak() const {
     return !busy() && player_.shown() != nullptr && !player_.shown()->mouths.empty();
 }
 
+void Performer::setStill(bool still) {
+    player_.setStill(still);
+    if (still)
+        player_.setMouth(std::nullopt);
+    pending_ = true;
+}
+
 Wake Performer::advance(Moment now, Haste haste) {
     pending_ = false;
     for (;;) {
-        if (phase_ == Phase::GoingBack && haste != Haste::None)
+        if (phase_ == Phase::GoingBack && (haste != Haste::None || still()))
             player_.hurry(kLongestWayBack);
         else if (phase_ == Phase::Acting && (haste == Haste::Pose || haste == Haste::Entrance))
             player_.hurry(haste == Haste::Pose ? kLongestPose : kLongestEntrance);

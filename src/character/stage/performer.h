@@ -72,7 +72,11 @@ public:
 
     /// Whether the picture has mouths to speak with.
     [[nodiscard]] bool canSpeak() const;
-    void setMouth(std::optional<Mouth> mouth) { player_.setMouth(mouth); }
+    void setMouth(std::optional<Mouth> mouth) { player_.setMouth(still() ? std::nullopt : mouth); }
+
+    /// While nothing is to move, poses stand for animations, and nothing leads back from them.
+    void setStill(bool still);
+    [[nodiscard]] bool still() const { return player_.still(); }
 
     Wake advance(Moment now, Haste haste);
 

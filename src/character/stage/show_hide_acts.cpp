@@ -13,7 +13,7 @@ ActProgress ShowAct::advance(Moment /*now*/) {
     }
     if (parts_.presence.visible())
         return kActComplete;
-    if (manner_ == Manner::Animated)
+    if (manner_ == Manner::Animated && !parts_.performer.still())
         animation_ = parts_.situations.pick(Situation::Showing, parts_.chance);
     if (animation_)
         parts_.performer.perform(*animation_);
@@ -27,7 +27,7 @@ void ShowAct::stop() {
     const bool begun = animation_.has_value();
     if (!begun && parts_.presence.visible())
         return;
-    if (!begun && manner_ == Manner::Animated)
+    if (!begun && manner_ == Manner::Animated && !parts_.performer.still())
         animation_ = parts_.situations.pick(Situation::Showing, parts_.chance);
     parts_.sounds.stop();
     if (animation_)
@@ -43,7 +43,8 @@ ActProgress HideAct::advance(Moment /*now*/) {
         return kActComplete;
     if (!std::exchange(begun_, true)) {
         parts_.balloon.hide();
-        if (manner_ == Manner::Animated && parts_.performer.perform(Situation::Hiding))
+        if (manner_ == Manner::Animated && !parts_.performer.still() &&
+            parts_.performer.perform(Situation::Hiding))
             return kActGoesOn;
     } else if (parts_.performer.busy()) {
         return kActGoesOn;

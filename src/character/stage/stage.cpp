@@ -133,6 +133,14 @@ void Stage::setIdleOn(bool on) {
     attention_.ask();
 }
 
+void Stage::setStill(bool still) {
+    if (performer_.still() == still)
+        return;
+    performer_.setStill(still);
+    idle_.interrupt(WithoutExits::Cut);
+    attention_.ask();
+}
+
 std::vector<std::string> Stage::animationNames() const {
     std::vector<std::string> names;
     for (const Animation& animation : character_->animations)

@@ -87,6 +87,9 @@ public:
     [[nodiscard]] MoveCause moveCause() const { return presence_.moveCause(); }
     void setIdleOn(bool on);
     [[nodiscard]] bool idleOn() const { return idle_.on(); }
+    /// While nothing is to move, the character comes, goes and changes its place and its pose at once, does
+    /// not idle, and its mouth rests.
+    void setStill(bool still);
     void setSoundEffectsOn(bool on) { sounds_.setOn(on); }
     [[nodiscard]] bool soundEffectsOn() const { return sounds_.on(); }
     /// All animations, in the order of the character's file.

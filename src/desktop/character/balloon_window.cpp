@@ -87,6 +87,11 @@ int BalloonWindow::mostLines() const {
     return linesIn(room().height() / 2);
 }
 
+void BalloonWindow::beginStatement(const std::string& text) {
+    if (readOut_)
+        announcement_.announce(plainLine(text));
+}
+
 void BalloonWindow::show(const character::BalloonPage& page) {
     QStringList lines;
     for (const std::string& line : page.lines)

@@ -2,6 +2,7 @@
 
 #include "character/character_data.h"
 #include "character/stage/balloon_view.h"
+#include "desktop/character/announcement.h"
 #include "desktop/character/bubble.h"
 #include "desktop/character/character_window.h"
 
@@ -23,6 +24,8 @@ public:
     void setClosed(std::function<void()> closed) { bubble_.closed = std::move(closed); }
     /// The direction of texts that do not show one by their letters.
     void setDirection(Qt::LayoutDirection direction) { direction_ = direction; }
+    /// Whether statements are announced to screen readers.
+    void setReadOut(bool readOut) { readOut_ = readOut; }
     /// The speaker has moved.
     void follow();
     /// Where a balloon of full width would be at this moment.
@@ -31,6 +34,7 @@ public:
     [[nodiscard]] int textWidth(std::string_view text) const override;
     [[nodiscard]] int averageCharacterWidth() const override;
     [[nodiscard]] int mostLines() const override;
+    void beginStatement(const std::string& text) override;
     void show(const character::BalloonPage& page) override;
     void hide() override;
 
@@ -47,6 +51,8 @@ private:
     /// it; nullopt: the balloon is closed.
     std::optional<QRect> figure_;
     QSize size_;
+    bool readOut_ = false;
+    Announcement announcement_;
     Bubble bubble_;
 };
 

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] QRect frameWithBalloon() const { return frame() | balloon_.reach(); }
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
     void setPaused(bool paused) { driver_.setPaused(paused); }
+    void setStill(bool still) { stage_.setStill(still); }
+    void setReadOut(bool readOut) { balloon_.setReadOut(readOut); }
     void setLoudness(const platform::Loudness& loudness) {
         if (audio_.setLoudness)
             audio_.setLoudness(loudness);

@@ -42,6 +42,18 @@ void DesktopCharacterService::setLoudness(const platform::Loudness& loudness) {
         character->setLoudness(loudness_);
 }
 
+void DesktopCharacterService::setStill(bool still) {
+    still_ = still;
+    for (const auto& [id, character] : characters_)
+        character->setStill(still_);
+}
+
+void DesktopCharacterService::setReadOut(bool readOut) {
+    readOut_ = readOut;
+    for (const auto& [id, character] : characters_)
+        character->setReadOut(readOut_);
+}
+
 void DesktopCharacterService::setPaused(bool paused) {
     if (std::exchange(paused_, paused) == paused)
         return;
@@ -80,6 +92,8 @@ void DesktopCharacterService::add(const std::string& id, character::CharacterDat
         characters_.emplace(id, std::make_unique<DesktopCharacter>(std::move(data), std::move(needs)));
     made.first->second->setMenu(menu_);
     made.first->second->setLoudness(loudness_);
+    made.first->second->setStill(still_);
+    made.first->second->setReadOut(readOut_);
     made.first->second->setPaused(paused_);
 }
 

@@ -36,6 +36,8 @@ public:
     [[nodiscard]] std::vector<platform::Area> screens() const override;
     void setMenu(const platform::CharacterMenu& menu) override;
     void setLoudness(const platform::Loudness& loudness) override;
+    void setStill(bool still) override;
+    void setReadOut(bool readOut) override;
     void setPaused(bool paused) override;
     /// What a window should keep clear of, for `placeBeside`.
     [[nodiscard]] QVector<QRect> company() const;
@@ -59,6 +61,8 @@ private:
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;
     platform::Loudness loudness_;
+    bool still_ = false;
+    bool readOut_ = false;
     bool paused_ = false;
     bool loading_ = false;
     QObject watch_; ///< over the screens; ends with the service

@@ -21,6 +21,7 @@ struct SpeechPage : virtual Form {
     Label lblSounds{*this, "lblSounds"};
     Volume sldSounds{*this, "sldSounds"};
     CheckBox chkMuteSounds{*this, "chkMuteSounds"};
+    CheckBox chkReadOut{*this, "chkReadOut"}; ///< to screen readers
     Panel frmQuiet{*this, "frmQuiet"};
     CheckBox chkQuietHours{*this, "chkQuietHours"};
     Picker dtpQuietFrom{*this, "dtpQuietFrom"};

@@ -24,6 +24,7 @@ QWidget* makeVolume(ui::FrmOptions& form, QWidget* page) {
     };
     addRow(0, form.lblVoice, form.sldVoice, form.chkMuteVoice);
     addRow(1, form.lblSounds, form.sldSounds, form.chkMuteSounds);
+    layout->addWidget(bound<QCheckBox>(form.chkReadOut, frame), 2, 0, 1, 3);
     return frame;
 }
 
