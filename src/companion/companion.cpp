@@ -25,6 +25,7 @@ Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
     pages.speech.chkReadOut.click = [this, &box = pages.speech.chkReadOut] {
         service_.setReadOut(box.checked());
     };
+    pages.character.lblNoAgent.setVisible(!service_.available());
     tie(pages.character);
     tie(pages.speech, pages.reminders.cmdSpeak);
     service_.setEvents(

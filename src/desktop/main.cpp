@@ -27,9 +27,11 @@ std::optional<desktop::UpdateSource> updateSource(std::string server) {
     return desktop::UpdateSource{std::move(server), kUpdateKey};
 }
 
-/// The toolkit complains of a missing folder for what runs, at each start and although it needs none here.
+/// The toolkit complains at each start of a missing folder for what runs, although it needs none here, and on
+/// Wayland of its own icon, which looks for X11.
 void tellUnlessKnown(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (!message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+    if (!message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")) &&
+        !message.contains(QLatin1String("systemTrayWindowChanged")))
         std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
 }
 
@@ -68,7 +70,9 @@ int main(int argc, char** argv) {
     if (!places)
         return refuse(ExitStatus::BadUsage, "the environment names no home folder: set HOME");
     if (!desktop::choosePlatform())
-        return refuse(ExitStatus::SomeFailed, "there is no display; \"brovin --scan\" works without one");
+        return refuse(ExitStatus::SomeFailed,
+                      "there is no X server that could show windows (on Wayland: XWayland, or the package "
+                      "qt6-wayland); \"brovin --scan\" works without");
     const settings::ProgramInfo info{"Brovin", kVersionMajor, kVersionMinor, kVersionRevision};
     QCoreApplication::setApplicationName(QString::fromStdString(info.title));
     QCoreApplication::setApplicationVersion(

@@ -245,6 +245,7 @@ TEST(Accessibility, everyControlHasANameAndARole) {
     const desktop::OptionsWindow plan(form); // tells which control is on which page
     form.picAnim.setVisible(false);          // there only while something is fetched
     form.lblNoNames.setVisible(false);       // and that while there are folders without names
+    form.lblNoAgent.setVisible(false);       // and that where no character can be shown
     form.lblQuiet.setVisible(false);         // and that while it is quiet
     form.sbProgress.setVisible(false);       // and these while a scan runs
     form.cmdStopScan.setVisible(false);

@@ -9,6 +9,7 @@ namespace brovin::ui {
 /// Page 3: the character.
 struct CharacterPage : virtual Form {
     CheckBox chkAgent{*this, "chkAgent"};
+    Label lblNoAgent{*this, "lblNoAgent"}; ///< why there is no character; only there where there can be none
     Label lblChars{*this, "lblChars"};
     Gallery lstChars{*this, "lstChars"};
     Button cmdCheckChars{*this, "cmdCheckChars"};

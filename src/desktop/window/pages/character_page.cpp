@@ -15,6 +15,9 @@ QWidget* makeCharacterPage(ui::FrmOptions& form, QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(bound<QCheckBox>(form.chkAgent, page));
+    auto* none = bound<QLabel>(form.lblNoAgent, page);
+    none->setWordWrap(true);
+    layout->addWidget(none);
     auto* characters = bound<GalleryView>(form.lstChars, page);
     layout->addWidget(labelFor(characters, form.lblChars, page));
     layout->addWidget(characters, 1);
