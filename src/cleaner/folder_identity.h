@@ -8,8 +8,8 @@
 namespace brovin::cleaner {
 
 /// What is stored of a watched folder, so that another one in its place is known: device, inode and resolved
-/// path, with colons between; what the disk is named stands behind the device and a slash. "" where nothing
-/// is known.
+/// path, with colons between; what the disk is named stands behind the device and a slash, when the folder
+/// was made behind the inode and an "@". "" where nothing is known.
 [[nodiscard]] std::string identityText(const platform::FolderIdentity& identity);
 
 /// Whether a folder is the one that was stored; of one of which nothing was stored, it is. The device's

@@ -59,6 +59,9 @@ struct FolderIdentity {
     /// 0: the disk gives out numbers anew each time that it is mounted, so that they tell nothing.
     std::uint64_t inode = 0;
     std::string path; ///< the full one, without a link in it
+    /// When it was made, as the disk writes it down: the number of a folder that was removed is given to the
+    /// next one. Without colons. "": the disk does not tell, or what it tells may change.
+    std::string born = {};
     /// What the disk was named when it was formatted: stays when it is hung in elsewhere, and is another one
     /// after it was formatted anew. Without colons. "": not known.
     std::string disk = {};

@@ -5,11 +5,14 @@
 
 #include <fcntl.h>
 #include <limits.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
 #include <sys/statfs.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -49,6 +52,21 @@ platform::Result<std::string> pathOf(int folder) {
     return path;
 }
 
+namespace {
+
+/// Servers make this time up from others that change, so only disks of this machine are believed.
+std::string birthOf(int folder, const struct statfs& disk) {
+    constexpr decltype(disk.f_type) kBelieved[] = {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,
+                                                   F2FS_SUPER_MAGIC, TMPFS_MAGIC};
+    struct statx facts {};
+    if (std::ranges::find(kBelieved, disk.f_type) == std::end(kBelieved) ||
+        ::statx(folder, "", AT_EMPTY_PATH, STATX_BTIME, &facts) != 0 || (facts.stx_mask & STATX_BTIME) == 0)
+        return {};
+    return std::to_string(facts.stx_btime.tv_sec) + "." + std::to_string(facts.stx_btime.tv_nsec);
+}
+
+} // namespace
+
 platform::Result<platform::FolderIdentity> identityOf(int folder) {
     struct stat facts {};
     struct statfs disk {};
@@ -58,7 +76,7 @@ platform::Result<platform::FolderIdentity> identityOf(int folder) {
     if (::fstat(folder, &facts) != 0 || ::fstatfs(folder, &disk) != 0)
         return lastFailure();
     return platform::FolderIdentity{facts.st_dev, numbersLast(disk) ? facts.st_ino : 0, std::move(*path),
-                                    diskName(disk, facts.st_dev)};
+                                    birthOf(folder, disk), diskName(disk, facts.st_dev)};
 }
 
 } // namespace brovin::posix

@@ -1,5 +1,6 @@
 #include "cleaner/cleaner_world.h"
 #include "cleaner/folder_guard.h"
+#include "cleaner/folder_identity.h"
 #include "cleaner/keep_entry.h"
 
 #include <gtest/gtest.h>
@@ -118,6 +119,19 @@ TEST(FolderGuard, asksBeforeSuchAFolderIsAdded) {
     world.form.cmdAddFolder.click();
     EXPECT_EQ(2, world.form.lstFolders.count());
     EXPECT_EQ(2U, world.dialogs.boxes.size());
+}
+
+TEST(FolderIdentity, isNotThatOfALaterFolderWithItsNumber) {
+    const platform::FolderIdentity added{1, 7, "/a:b@c/share", "10.5", "disk"};
+    platform::FolderIdentity found = added;
+    const std::string stored = identityText(added);
+    EXPECT_TRUE(isTheSame(stored, found));
+    found.born = "11.0";
+    EXPECT_FALSE(isTheSame(stored, found));
+    EXPECT_FALSE(isOnAnotherDisk(stored, found)) << "it is told, and no question";
+    EXPECT_TRUE(isTheSame("1/disk:7:/a:b@c/share", found)) << "of what was stored without it";
+    found.born = "";
+    EXPECT_TRUE(isTheSame(stored, found)) << "not told today";
 }
 
 TEST(FolderIdentity, isAskedAboutOnceAfterAnotherDisk) {

@@ -48,6 +48,7 @@ public:
 
     std::uint64_t device = 1; ///< the number that this disk has
     std::string diskName;     ///< what it was named when it was formatted; "": that is not told
+    std::string born;         ///< of every folder
     std::vector<Asked> asked; ///< every call in order, whether it failed or not
     bool hasTrash = true;
     std::vector<std::string> deleted; ///< what deleteFile and deleteFolder took away, in order
@@ -151,7 +152,7 @@ private:
             const Item* folder = disk_.find(path_);
             if (folder == nullptr)
                 return failure(ENOENT);
-            return platform::FolderIdentity{disk_.device, folder->inode, path_, disk_.diskName};
+            return platform::FolderIdentity{disk_.device, folder->inode, path_, disk_.born, disk_.diskName};
         }
 
         platform::Result<std::span<const platform::Entry>> list() override {

@@ -213,6 +213,11 @@ TEST(FolderIdentity, tellsTheFolderFromAnotherInItsPlace) {
     std::filesystem::rename(disk.path("two"), disk.path("one"));
     EXPECT_EQ(before.path, identity("one").path);
     EXPECT_NE(before.inode, identity("one").inode);
+    const platform::FolderIdentity last = identity("one");
+    std::filesystem::remove(disk.path("one"));
+    disk.addFolder("one");
+    const platform::FolderIdentity next = identity("one");
+    EXPECT_TRUE(last.inode != next.inode || last.born.empty() || last.born != next.born);
 }
 
 TEST(FolderIdentity, tellsADiskFromAnotherInItsPlace) {
