@@ -5,6 +5,7 @@
 #include "text/date_text.h"
 #include "text/numbers.h"
 
+#include <algorithm>
 #include <chrono>
 #include <limits>
 #include <optional>
@@ -170,6 +171,8 @@ void Scheduler::announceWord() {
 void Scheduler::scanWhenDue() {
     ui::FrmOptions& form = needs_.form;
     using std::chrono::hours;
+    // A clock that was wrong and was put right would keep the next scan away for as long as it was ahead.
+    needs_.cleaner.scan.lastScanTime = std::min(needs_.cleaner.scan.lastScanTime, needs_.clock.now());
     const auto boundaries = std::chrono::floor<hours>(needs_.clock.now()) -
                             std::chrono::floor<hours>(needs_.cleaner.scan.lastScanTime);
     if (!form.chkCheck.checked() || needs_.cleaner.scan.searching() ||

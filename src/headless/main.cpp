@@ -21,6 +21,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,7 +100,8 @@ ExitStatus becomeWindow(char** argv) {
 
 } // namespace
 
-int main(int argc, char** argv) {
+/// Where memory runs out nothing is left half done: what was open is closed on the way here.
+int main(int argc, char** argv) try {
     std::ios::sync_with_stdio(false);
     const std::vector<std::string_view> arguments(argv + 1, argv + argc);
     const headless::CommandLine line = headless::parseCommandLine(arguments);
@@ -110,4 +112,8 @@ int main(int argc, char** argv) {
     const bool window =
         !line.scan && !line.starterNames && !line.help && !line.version && line.checkLanguage.empty();
     return static_cast<int>(window ? becomeWindow(argv) : run(line));
+} catch (const std::bad_alloc&) {
+    constexpr std::string_view kSaid = "brovin: There is not enough memory.\n";
+    static_cast<void>(!::write(STDERR_FILENO, kSaid.data(), kSaid.size()));
+    return static_cast<int>(ExitStatus::SomeFailed);
 }

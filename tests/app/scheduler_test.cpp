@@ -113,6 +113,29 @@ TEST(AutomaticScan, countsTheHoursThatBegin) {
     EXPECT_EQ("21 November 2026 11:00:01", world.settings.setting("LastScanned"));
 }
 
+/// Also by an hour, as summer ends and begins, and while the machine sleeps.
+TEST(AutomaticScan, goesOnAfterTheClockHasJumped) {
+    SchedulerWorld world("2026-11-21T10:30:00");
+    world.form.chkCheck.setValue(1);
+    world.form.chkBackup.setValue(1);
+    world.form.txtInterval.setText("2");
+    constexpr struct {
+        const char* time;
+        const char* scanned; ///< the last time, after a tick at that one
+    } kTicks[] = {{"2026-11-21T12:00:05", "21 November 2026 12:00:05"},
+                  {"2026-11-22T12:00:35", "22 November 2026 12:00:35"},
+                  {"2026-11-21T12:01:05", "22 November 2026 12:00:35"},
+                  {"2026-11-21T13:59:59", "22 November 2026 12:00:35"},
+                  {"2026-11-21T14:00:05", "21 November 2026 14:00:05"},
+                  {"2026-11-21T13:00:35", "21 November 2026 14:00:05"},
+                  {"2026-11-21T15:00:05", "21 November 2026 15:00:05"}};
+    for (const auto& [time, scanned] : kTicks) {
+        world.tickAt(time);
+        EXPECT_EQ(scanned, world.settings.setting("LastScanned")) << time;
+    }
+    EXPECT_TRUE(world.dialogs.boxes.empty()) << "no reminder that was not due";
+}
+
 TEST(AutomaticScan, waitsWhileAnotherCopyScans) {
     SchedulerWorld world;
     world.form.chkCheck.setValue(1);
