@@ -25,7 +25,7 @@ constexpr std::size_t kMostOfOneFolder = std::size_t{256} * 1024; ///< bytes; th
 /// All together may hold 32 MiB: this, what each thread has in hand, and a folder of each on its way into the
 /// plan.
 constexpr std::size_t kMostBytes = std::size_t{22} * 1024 * 1024;
-constexpr std::chrono::milliseconds kAskPatienceEvery{50};
+constexpr std::chrono::milliseconds kAskPatienceEvery{10}; // events go through then
 
 /// A third of what the program may open besides its own needs: the walk and what it deletes need some, too.
 std::size_t mostFolders() {
