@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <string>
 #include <string_view>
 
 namespace brovin::character {
@@ -96,6 +98,44 @@ TEST(Idle, looksWhereThePointerIsNowAndThenButNotTwiceRunning) {
         ASSERT_FALSE(lines.empty());
         EXPECT_EQ(frame, lines.front()) << why;
         EXPECT_TRUE(has(untimed(lines), "frame Blink0")) << why;
+    }
+}
+
+TEST(Idle, breathesInThePausesAndRarelyDoesWhatTheSeasonBrings) {
+    const struct {
+        TimeOfYear today;
+        const char* surprise;
+    } cases[] = {
+        {{1, 12}, "Scarf0"}, {{1, 23}, "Yawn0"}, {{7, 12}, ""}, {{7, 2}, "Yawn0"}, {{12, 5}, "Scarf0"}};
+    for (const auto& [today, surprise] : cases) {
+        TestCharacter character = idler();
+        for (const char* const name : {"Breathe", "Wink", "Nod", "Scarf", "Yawn"})
+            character.animation(name, {{}});
+        character.state("Resting", {"Breathe", "Wink"})
+            .state("IdlingLate", {"Yawn"})
+            .state("IdlingWinter", {"Scarf"});
+        for (const std::size_t level : {3, 4, 5})
+            character.data.states[level].animations = {character.index("Look"), character.index("Nod")};
+        QuietWorld world(character);
+        world.chance.seed(7);
+        world.today = today;
+        std::map<std::string, int> seen;
+        std::string last;
+        for (const std::string& line : untimed(world.pass(hours{10}))) {
+            const std::string frame = line.substr(line.find(' ') + 1);
+            ++seen[frame];
+            if (frame != "Breathe0" && frame != "Wink0") {
+                ASSERT_NE(last, frame) << "not twice running, whatever is between";
+                last = frame;
+            }
+        }
+        EXPECT_GT(seen["Look0"] + seen["Nod0"], 2'000) << "breathing holds nothing up";
+        EXPECT_GT(seen["Breathe0"], 500);
+        EXPECT_NEAR(seen["Breathe0"], seen["Wink0"], 1);
+        for (const char* const frame : {"Scarf0", "Yawn0"})
+            EXPECT_TRUE(frame == std::string_view(surprise) ? seen[frame] >= 5 && seen[frame] <= 20
+                                                            : seen[frame] == 0)
+                << frame << ' ' << seen[frame] << " in month " << today.month;
     }
 }
 

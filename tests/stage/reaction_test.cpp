@@ -11,7 +11,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <map>
 
 namespace brovin::character {
 namespace {
@@ -61,17 +63,21 @@ struct Player {
             sound.lengths[i] = lengthOf(data->sounds[i].wave.view());
         voice.isAvailable = false; // the balloon opens in the same moment
     }
-    void pass(Milliseconds time) {
+    std::vector<std::string> pass(Milliseconds time) {
         const Moment end = log.now + time;
         while (true) {
-            while (std::exchange(asked, false) || (wake && *wake <= log.now))
+            while (std::exchange(asked, false) || (wake && *wake <= log.now)) {
                 wake = stage.advance(log.now);
+                ++calls;
+                while (stage.takeEvent())
+                    ;
+            }
             if (!wake || *wake > end)
                 break;
             log.now = *wake;
         }
         log.now = end;
-        static_cast<void>(log.take());
+        return log.take();
     }
     /// How long it takes from now on.
     Answer answer() {
@@ -101,14 +107,22 @@ struct Player {
     fakes::FakeStageChance chance;
     fakes::FakeStageSurface surface{log, [this](const Frame& frame) {
                                         picture = frame.images;
+                                        if (shows)
+                                            shows(frame);
                                         return std::string();
                                     }};
     fakes::FakeStageSound sound{log};
     fakes::FakeStageVoice voice{log};
     fakes::FakeStageBalloon balloon{log};
+    std::function<void(const Frame&)> shows;
+    int calls = 0;
     bool asked = false;
     Wake wake;
-    Stage stage{data, {surface, balloon, sound, voice, chance, [this] { asked = true; }}};
+    Stage stage{data,
+                {surface, balloon, sound, voice, chance, [this] { asked = true; },
+                 [] {
+                     return TimeOfYear{1, 15};
+                 }}};
 };
 
 struct Range {
@@ -164,6 +178,51 @@ TEST_P(Reaction, bringsAMessageSoonFromHiding) {
     std::printf("| %s, from hiding | %ld | %ld | %ld |\n", GetParam(), words.at(0.5), words.at(0.99),
                 words.at(1));
     EXPECT_TRUE(words.at(0) >= 0 && words.at(1) <= kAppearing) << words.at(1);
+}
+
+/// Six hours that nobody asks anything of it, in a winter's afternoon.
+TEST_P(Reaction, isQuietAndNeverTheSameAtRest) {
+    const auto data = shipped(GetParam());
+    std::map<const Frame*, const Animation*> animationOf;
+    for (const Animation& animation : data->animations)
+        for (const Frame& frame : animation.frames)
+            animationOf[&frame] = &animation;
+    Player player(data);
+    player.chance.seed(3);
+    const Animation* last = nullptr;
+    std::map<std::string, int> begun;
+    int repeats = 0;
+    player.shows = [&](const Frame& frame) {
+        const auto found = animationOf.find(&frame);
+        if (found == animationOf.end() || &frame != &found->second->frames.front())
+            return;
+        ++begun[found->second->name];
+        if (found->second->name == "Breathe" || found->second->name == "Blink")
+            return;
+        repeats += found->second == last ? 1 : 0;
+        last = found->second;
+    };
+    player.stage.show(Manner::Animated);
+    player.pass(Milliseconds{60'000}); // its entrance may be loud
+    std::vector<long> sounds;
+    for (int hour = 0; hour < 6; ++hour)
+        for (const std::string& line : player.pass(Milliseconds{3'600'000}))
+            if (line.find(" sound ") != std::string::npos && !line.ends_with("off"))
+                sounds.push_back(std::stol(line));
+    int most = 0;
+    for (std::size_t i = 0; i < sounds.size(); ++i)
+        most = std::max(most, static_cast<int>(std::count_if(sounds.begin(), sounds.end(), [&](long at) {
+                            return at >= sounds[i] && at < sounds[i] + 60'000;
+                        })));
+    std::printf("| %s, at rest | %.2f sounds a minute | %d at most | %d repeats | %.1f calls a second | %d "
+                "breaths | %d "
+                "winters |\n",
+                GetParam(), static_cast<double>(sounds.size()) / 360, most, repeats, player.calls / 21'600.0,
+                begun["Breathe"], begun["IdleWinter"]);
+    EXPECT_LE(most, 2);
+    EXPECT_EQ(0, repeats);
+    EXPECT_GT(begun["Breathe"], 20) << "it sleeps most of the time";
+    EXPECT_TRUE(begun["IdleWinter"] > 0 && begun["IdleWinter"] <= 12) << begun["IdleWinter"];
 }
 
 } // namespace

@@ -28,8 +28,9 @@ TestCharacter usualCharacter() {
 StageWorld::StageWorld(const TestCharacter& character)
     : data(std::make_shared<const CharacterData>(character.data)),
       surface(log, [this](const Frame& frame) { return TestCharacter::nameOf(*data, frame); }),
-      stage(std::make_unique<Stage>(
-          data, Stage::Needs{surface, balloon, sound, voice, chance, [this] { asked = true; }})) {}
+      stage(std::make_unique<Stage>(data, Stage::Needs{surface, balloon, sound, voice, chance,
+                                                       [this] { asked = true; }, [this] { return today; }})) {
+}
 
 Lines StageWorld::pass(Milliseconds time) {
     const Moment end = log.now + time;

@@ -29,9 +29,10 @@ public:
     fakes::FakeStageSound sound{log};
     fakes::FakeStageVoice voice{log};
     fakes::FakeStageBalloon balloon{log};
-    int calls = 0;          ///< of `advance`
-    bool asked = false;     ///< the stage wants to be called
-    Wake wake;              ///< what `advance` has said last
+    int calls = 0;      ///< of `advance`
+    bool asked = false; ///< the stage wants to be called
+    Wake wake;          ///< what `advance` has said last
+    TimeOfYear today{7, 12};
     bool logsEvents = true; ///< "show 4", "balloon shown" and so on
     std::unique_ptr<Stage> stage;
 

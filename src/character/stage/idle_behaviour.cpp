@@ -19,6 +19,10 @@ constexpr std::array<Level, 3> kLevels = {{
     {kIdleLevel3After, Situation::IdlingLevel3},
 }};
 
+/// Hours at which whoever is still up is late.
+constexpr int kLateFrom = 22;
+constexpr int kLateUntil = 5;
+
 Milliseconds drawBetween(Milliseconds shortest, Milliseconds longest, platform::Random& chance) {
     const auto spread = static_cast<double>((longest - shortest).count());
     return shortest + Milliseconds{std::lround(chance.next() * spread)};
@@ -46,6 +50,7 @@ Wake IdleBehaviour::advance(Moment now) {
 void IdleBehaviour::interrupt(WithoutExits otherwise) {
     restingSince_.reset();
     nextAct_.reset();
+    nextBreath_.reset();
     if (acting_)
         needs_.performer.stop(otherwise);
     acting_ = acting_ && otherwise == WithoutExits::PlayOn; // what is cut makes room for others
@@ -61,22 +66,52 @@ Wake IdleBehaviour::actIfDue(Moment now) {
     if (!nextAct_)
         nextAct_ = now + drawBetween(kShortestIdlePause, kLongestIdlePause, needs_.chance);
     if (now < *nextAct_)
-        return nextAct_;
+        return breatheIfDue(now);
     const int level = levelAt(now);
-    if (lookAround(level)) {
+    if (surprise(now) || lookAround(level)) {
         begin(now);
         return std::nullopt;
     }
     for (int i = level; i >= 0; --i)
-        if (perform(kLevels[static_cast<std::size_t>(i)].situation)) {
+        if (perform(needs_.situations.animations(kLevels[static_cast<std::size_t>(i)].situation), lastAct_)) {
             begin(now);
             return std::nullopt;
         }
     return beginOfNextLevel(level);
 }
 
+/// Rarely enough that it costs little, and never while there would be something else to see.
+Wake IdleBehaviour::breatheIfDue(Moment now) {
+    if (needs_.resting.empty())
+        return nextAct_;
+    if (!nextBreath_)
+        nextBreath_ = now + drawBetween(kShortestBreathPause, kLongestBreathPause, needs_.chance);
+    if (now < *nextBreath_)
+        return sooner(nextAct_, nextBreath_);
+    const std::optional<Moment> act = nextAct_;
+    if (!perform(needs_.resting, lastBreath_))
+        return act;
+    begin(now);
+    nextAct_ = act;
+    return std::nullopt;
+}
+
+bool IdleBehaviour::surprise(Moment now) {
+    if (!needs_.today || (surprisedAt_ && now - *surprisedAt_ < kBetweenSurprises))
+        return false;
+    const TimeOfYear today = needs_.today();
+    const bool late = today.hour >= kLateFrom || today.hour < kLateUntil;
+    const bool winter = today.month <= 2 || today.month == 12;
+    if ((!late && !winter) || (late ? needs_.late : needs_.winter).empty() ||
+        needs_.chance.next() >= kSurprises || !perform(late ? needs_.late : needs_.winter, lastAct_))
+        return false;
+    surprisedAt_ = now;
+    return true;
+}
+
 void IdleBehaviour::begin(Moment now) {
     nextAct_.reset();
+    nextBreath_.reset();
     actingSince_ = now;
     wakesAt_.reset();
     acting_ = true;
@@ -108,16 +143,15 @@ Wake IdleBehaviour::sleepOn(Moment now) {
     return actingSince_ + kShortestSleep;
 }
 
-bool IdleBehaviour::perform(Situation situation) {
-    auto act = needs_.situations.pick(situation, needs_.chance);
-    if (!act)
+bool IdleBehaviour::perform(const std::vector<std::uint32_t>& all, std::optional<std::uint32_t>& last) {
+    if (all.empty())
         return false;
-    const auto& all = needs_.situations.animations(situation);
-    if (act == lastAct_) {
+    std::optional act = all[drawBelow(needs_.chance, all.size())];
+    if (act == last) {
         const auto same = std::find(all.begin(), all.end(), *act);
         act = same + 1 == all.end() ? all.front() : *(same + 1);
     }
-    lastAct_ = act;
+    last = act;
     needs_.performer.perform(*act);
     return true;
 }

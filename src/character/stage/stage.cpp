@@ -1,5 +1,6 @@
 #include "character/stage/stage.h"
 
+#include "character/letter_case.h"
 #include "character/stage/move_act.h"
 #include "character/stage/play_act.h"
 #include "character/stage/speak_act.h"
@@ -7,6 +8,20 @@
 #include <utility>
 
 namespace brovin::character {
+namespace {
+
+/// The animations of a state that this engine alone knows, in small letters.
+std::vector<std::uint32_t> playable(const CharacterData& character, std::string_view state) {
+    std::vector<std::uint32_t> found;
+    for (const State& candidate : character.states)
+        if (foldedCase(candidate.name) == state)
+            for (const std::uint32_t animation : candidate.animations)
+                if (!character.animations[animation].frames.empty())
+                    found.push_back(animation);
+    return found;
+}
+
+} // namespace
 
 Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
     : character_(std::move(character)), surface_(needs.surface), attention_(needs.attention),
@@ -17,7 +32,9 @@ Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
       narration_({needs.voice, balloon_, performer_, needs.chance, events_, attention_,
                   character_->voice.has_value()}),
       glance_(*character_),
-      idle_({situations_, performer_, sounds_, needs.chance, events_, [this] { return lookAtPointer(); }}),
+      idle_({situations_, performer_, sounds_, needs.chance, events_, [this] { return lookAtPointer(); },
+             needs.today, playable(*character_, "resting"), playable(*character_, "idlinglate"),
+             playable(*character_, "idlingwinter")}),
       queue_(events_) {}
 
 std::optional<std::uint32_t> Stage::lookAtPointer() const {

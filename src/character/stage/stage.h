@@ -40,6 +40,7 @@ public:
         Voice& voice;
         platform::Random& chance;
         std::function<void()> attention;
+        std::function<TimeOfYear()> today{}; ///< empty: it knows no seasons
     };
     /// The character is hidden at first.
     Stage(std::shared_ptr<const CharacterData> character, const Needs& needs);

@@ -2,9 +2,19 @@
 
 #include "desktop/character/character_language.h"
 
+#include <QDateTime>
+
 #include <utility>
 
 namespace brovin::desktop {
+namespace {
+
+character::TimeOfYear timeOfYear() {
+    const QDateTime now = QDateTime::currentDateTime();
+    return {now.date().month(), now.time().hour()};
+}
+
+} // namespace
 
 DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs)
     : data_(std::move(data)), audio_(std::move(needs.audio)), window_(*data_),
@@ -14,7 +24,8 @@ DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterDat
                      .sound = *audio_.sound,
                      .voice = *audio_.voice,
                      .chance = needs.chance,
-                     .attention = [this] { driver_.callSoon(); }}),
+                     .attention = [this] { driver_.callSoon(); },
+                     .today = timeOfYear}),
       driver_(stage_, std::move(needs.tell)) {
     window_.attach(stage_);
     window_.nextScreen = std::move(needs.nextScreen);
