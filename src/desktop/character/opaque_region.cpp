@@ -27,23 +27,24 @@ public:
 
     /// The runs of the row from the pixels of row `top` on.
     void findRuns(int top, std::vector<Run>& runs) {
-        std::fill(opaque_.begin(), opaque_.end(), false);
+        std::fill(opaque_.begin(), opaque_.end(), char{0});
         for (int y = top; y < std::min(top + (1 << power_), picture_.height()); ++y)
             mark(reinterpret_cast<const QRgb*>(picture_.constScanLine(y)));
         runs.clear();
         const auto begin = opaque_.cbegin();
         const auto end = opaque_.cend();
-        for (auto from = std::find(begin, end, true); from != end;) {
-            const auto to = std::find(from, end, false);
+        for (auto from = std::find(begin, end, char{1}); from != end;) {
+            const auto to = std::find(from, end, char{0});
             runs.emplace_back(from - begin, to - begin);
-            from = std::find(to, end, true);
+            from = std::find(to, end, char{1});
         }
     }
 
 private:
     void mark(const QRgb* pixels) {
         for (int x = 0; x < picture_.width(); ++x)
-            opaque_[static_cast<std::size_t>(x >> power_)] |= static_cast<char>(qAlpha(pixels[x]) != 0);
+            if (qAlpha(pixels[x]) != 0)
+                opaque_[static_cast<std::size_t>(x >> power_)] = 1;
     }
 
     const QImage& picture_;
