@@ -2,7 +2,9 @@
 
 #include "text/numbers.h"
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 
 namespace brovin::app {
 namespace {
@@ -39,12 +41,12 @@ bool StartUp::run(std::optional<platform::Errand> errand) {
         &StartUp::endLoading,          &StartUp::bringCharacter,
         &StartUp::startTabFrame,
     };
-    for (const Step step : kSteps) {
+    const bool runs = std::all_of(std::begin(kSteps), std::end(kSteps), [this](Step step) {
         const Status outcome = (this->*step)();
-        if (ended_ || (!outcome && !goesOn(outcome.failure())))
-            return false;
-    }
-    return true;
+        return !ended_ && (outcome || goesOn(outcome.failure()));
+    });
+    storedTogether_.reset();
+    return runs;
 }
 
 /// A failing statement is passed over when the user wants to go on, and ends the program when not.
@@ -114,7 +116,10 @@ Status StartUp::refuseSecondInstance() {
     return Done{};
 }
 
+/// A second copy waits before this, for as long as its message is open, and must not store old values after
+/// that.
 Status StartUp::beginLoading() {
+    storedTogether_.emplace(needs_.settings);
     needs_.form.loading = true;
     needs_.machine.random.seed(
         static_cast<std::uint64_t>(needs_.machine.clock.now().time_since_epoch().count()));

@@ -75,6 +75,8 @@ private:
     Needs needs_;
     std::optional<platform::Errand> errand_;
     bool ended_ = false;
+    std::optional<settings::Settings::Together>
+        storedTogether_; ///< what the steps restore, and so store again
 };
 
 } // namespace brovin::app

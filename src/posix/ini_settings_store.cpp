@@ -69,6 +69,9 @@ struct IniSettingsStore::Content {
     explicit Content(const std::string& path);
     [[nodiscard]] bool current(const std::string& path) const;
     [[nodiscard]] std::optional<std::string> find(const std::string& section, const std::string& key) const;
+    /// Whether any of the entries differs from what is here.
+    enum class Change { Ask, Make };
+    bool change(std::string_view section, std::span<const platform::SettingsEntry> entries, Change change);
 };
 
 IniSettingsStore::Content::Content(const std::string& path) {
@@ -104,6 +107,21 @@ std::optional<std::string> IniSettingsStore::Content::find(const std::string& se
                                                            const std::string& key) const {
     const char* const value = ini.GetValue(section.c_str(), key.c_str());
     return value == nullptr ? std::nullopt : std::optional(textOfIniValue(value));
+}
+
+bool IniSettingsStore::Content::change(std::string_view section,
+                                       std::span<const platform::SettingsEntry> entries, Change change) {
+    const std::string group = iniKey(section);
+    bool differs = false;
+    for (const auto& entry : entries) {
+        const std::string key = iniKey(entry.key);
+        if (find(group, key) == entry.value)
+            continue;
+        differs = true;
+        if (change == Change::Make)
+            ini.SetValue(group.c_str(), key.c_str(), iniValue(entry.value).c_str());
+    }
+    return differs;
 }
 
 IniSettingsStore::IniSettingsStore(std::string path) : path_(std::move(path)) {
@@ -143,6 +161,10 @@ std::optional<std::string> IniSettingsStore::read(std::string_view section, std:
 }
 
 bool IniSettingsStore::write(std::string_view section, std::span<const platform::SettingsEntry> entries) {
+    refresh();
+    if (content_->kind != Content::Kind::Unreadable &&
+        !content_->change(section, entries, Content::Change::Ask))
+        return true; // what is stored needs no second write
     makeFolderOf(path_);
     const std::string file = behindLinks(path_);
     const FileLock lock(lockBeside(file), kPatience);
@@ -151,17 +173,8 @@ bool IniSettingsStore::write(std::string_view section, std::span<const platform:
     refresh(); // another copy of the program may have stored something meanwhile
     if (content_->kind == Content::Kind::Unreadable)
         return false; // what it holds would be lost
-    const std::string group = iniKey(section);
-    bool differs = false;
-    for (const auto& entry : entries) {
-        const std::string key = iniKey(entry.key);
-        if (content_->find(group, key) == entry.value)
-            continue;
-        content_->ini.SetValue(group.c_str(), key.c_str(), iniValue(entry.value).c_str());
-        differs = true;
-    }
-    if (!differs)
-        return true; // what is stored needs no second write
+    if (!content_->change(section, entries, Content::Change::Make))
+        return true;
     std::string bytes;
     const bool stored = content_->ini.Save(bytes) >= 0 && replaceFile(file, bytes, kOwnFile);
     // Read again, so that what is in memory is what is on the disk, whether that succeeded or not.

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brovin::settings {
 
@@ -27,6 +28,19 @@ public:
     [[nodiscard]] std::optional<std::string> stored(const Setting& setting) const;
     void write(const Setting& setting, std::string value);
 
+    /// While one lives, `write` keeps what it is given, and `read` knows it; at the end all is stored by one
+    /// write to the disk, as the start would otherwise make one for each control that it restores.
+    class Together {
+    public:
+        explicit Together(Settings& settings) : settings_(settings) { settings_.together_ = true; }
+        ~Together();
+        Together(const Together&) = delete;
+        Together& operator=(const Together&) = delete;
+
+    private:
+        Settings& settings_;
+    };
+
     /// A key of another section.
     [[nodiscard]] std::optional<std::string> readFrom(std::string_view section, std::string_view key) const;
     /// Stores several keys of another section by one write to the disk. False: refused, nothing was stored.
@@ -35,6 +49,8 @@ public:
 private:
     platform::SettingsStore& store_;
     bool refusedBefore_ = false;
+    bool together_ = false;
+    std::vector<platform::SettingsEntry> kept_; ///< while writes are kept together
 };
 
 } // namespace brovin::settings

@@ -36,5 +36,22 @@ TEST(Settings, reportEachRefusalThatIsNewAndGoOn) {
     EXPECT_EQ(2U, reports.size()) << "full again";
 }
 
+TEST(Settings, storeTogetherWhatIsWrittenMeanwhile) {
+    fakes::FakeSettingsStore store;
+    Settings settings(store);
+    {
+        const Settings::Together together(settings);
+        settings.write(setting::kKb, "1");
+        settings.write(setting::kTab, "2");
+        settings.write(setting::kKb, "3");
+        EXPECT_EQ("3", settings.read(setting::kKb)) << "as if it were stored";
+        EXPECT_EQ(0, store.writes);
+    }
+    EXPECT_EQ(1, store.writes);
+    EXPECT_EQ("3 2", store.setting("KB") + " " + store.setting("Tab"));
+    settings.write(setting::kTab, "4");
+    EXPECT_EQ("4", store.setting("Tab")) << "at once again";
+}
+
 } // namespace
 } // namespace brovin::settings
