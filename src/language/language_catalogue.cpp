@@ -52,8 +52,10 @@ bool takePrefix(std::string_view& line, std::string_view prefix) {
 std::optional<LanguageInfo> languageInfo(std::string_view bytes) {
     LanguageInfo info;
     float version = -1;
-    for (const std::string& raw : linesOf(bytes)) {
-        std::string_view line = text::trim(raw);
+    // They stand at the top, and every start asks this of every file: the rest is not taken apart.
+    LineReader reader(bytes);
+    while (const auto raw = reader.next()) {
+        std::string_view line = text::trim(*raw);
         if (takePrefix(line, "language="))
             info.name = line;
         else if (takePrefix(line, "languageDesc="))

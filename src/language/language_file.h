@@ -14,6 +14,21 @@ inline constexpr std::size_t kLargestFile = std::size_t{4} << 20U;
 /// Windows-1252; lines end with LF or CR LF.
 [[nodiscard]] std::vector<std::string> linesOf(std::string_view bytes);
 
+/// The same one by one, for those who want the first few.
+class LineReader {
+public:
+    /// `bytes` must outlive it.
+    explicit LineReader(std::string_view bytes);
+
+    /// nullopt: there are no more.
+    [[nodiscard]] std::optional<std::string> next();
+
+private:
+    std::string_view rest_;
+    bool more_ = true;
+    bool utf8_ = false;
+};
+
 /// A line that sets something: what stands before its first "=", without blanks around it, and all that
 /// follows.
 struct KeyedLine {

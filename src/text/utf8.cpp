@@ -81,13 +81,17 @@ void appendUtf8(std::string& text, char32_t codePoint) {
 }
 
 bool isUtf8(std::string_view text) {
-    while (!text.empty()) {
+    const auto isPlain = [](char c) { return static_cast<std::uint8_t>(c) < 0x80; };
+    while (true) {
+        const auto* const other = std::find_if_not(text.begin(), text.end(), isPlain);
+        text.remove_prefix(static_cast<std::size_t>(other - text.begin()));
+        if (text.empty())
+            return true;
         const Decoded next = decodeUtf8(text);
         if (!next.valid)
             return false;
         text.remove_prefix(next.bytes);
     }
-    return true;
 }
 
 std::string displayText(std::string_view text) {
