@@ -41,6 +41,9 @@ public:
         reader_.rewind();
     }
 
+    /// Goes back to the first entry of this part.
+    void rewind() { reader_.rewind(); }
+
     /// Bytes that this part takes in memory.
     [[nodiscard]] std::size_t bytes() const { return reader_.bytes(); }
 

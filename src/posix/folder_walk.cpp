@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -94,8 +95,8 @@ void PosixFolderWalk::notePace() {
         pace_.note(took);
 }
 
-/// Tells what lies below, if the disk is slow.
-void PosixFolderWalk::planAhead() {
+/// Tells what lies below, if the disk is slow. Where there is no memory for that, the walk reads all itself.
+void PosixFolderWalk::planAhead() try {
     if (ahead_ ? !ahead_->slow() : !pace_.slow())
         return;
     if (!ahead_ && ReadAhead::possible())
@@ -109,6 +110,8 @@ void PosixFolderWalk::planAhead() {
     });
     if (!names.empty())
         ahead_->plan(handle(), chain_.depth(), names);
+} catch (const std::bad_alloc&) {
+    list_.rewind();
 }
 
 platform::Status PosixFolderWalk::enter(std::string_view trueName) {

@@ -192,6 +192,8 @@ bool ReadAhead::hire() {
         return true;
     } catch (const std::system_error&) { // there are as many as the system grants
         return false;
+    } catch (const std::bad_alloc&) { // or as memory has room for
+        return false;
     }
 }
 
