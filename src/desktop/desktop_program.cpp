@@ -39,6 +39,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -122,6 +123,8 @@ struct DesktopProgram::Parts {
     cleaner::ScoreBook score{{machine.history, program.messages(), machine.regional}};
     QPointer<QDialog> scoreWindow; ///< null: not open
     QPointer<QDialog> logWindow;
+    platform::Errand waiting{}; ///< for `later`
+    QTimer later;
     TimerBinding tick{program.frmOptions().Timer1, machine.initiative, busy};
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
 };
@@ -149,6 +152,8 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
     machine.tray.tie(form(), parts_->program.mainWindow(),
                      {[&machine] { machine.initiative.userActs(); }, parts_->busy, [this] { comeUp(); }});
     tieRecords();
+    parts_->later.setSingleShot(true);
+    QObject::connect(&parts_->later, &QTimer::timeout, [this] { serve(parts_->waiting); });
     form().imgBrovin.setPicture("imgBrovin");
     form().imgLogo.setPicture("imgLogo");
     form().picAdd.setPicture("picAdd");
@@ -185,11 +190,19 @@ bool DesktopProgram::start(std::optional<platform::Errand> errand) {
         return false;
     tellOfDamage(parts_->machine.dialogs, parts_->machine.settings, parts_->program.messages());
     if (errand) // once there are events: a scan lets them through
-        QTimer::singleShot(0, &parts_->window, [this, errand] { serve(*errand); });
+        serveSoon(*errand);
     return true;
 }
 
+void DesktopProgram::serveSoon(platform::Errand errand) {
+    constexpr std::chrono::milliseconds kSoon{20};
+    parts_->waiting = errand;
+    parts_->later.start(kSoon);
+}
+
 void DesktopProgram::serve(platform::Errand errand) {
+    if (parts_->machine.characters.loading()) // perhaps at the start, which goes on behind it
+        return serveSoon(errand);
     if (errand == platform::Errand::ShowWindow || parts_->busy())
         return comeUp(); // what is open wants its answer first
     parts_->machine.initiative.userActs();
@@ -198,6 +211,8 @@ void DesktopProgram::serve(platform::Errand errand) {
 
 void DesktopProgram::comeUp() {
     parts_->machine.initiative.userActs();
+    if (parts_->machine.characters.loading())
+        return serveSoon(platform::Errand::ShowWindow);
     if (QWidget* question = QApplication::activeModalWidget()) {
         if (question->parentWidget() != nullptr) // which takes its question along when it is put away
             form().mPopRestore.click();

@@ -45,6 +45,7 @@ private:
     /// Brings the window to the front, or the question that is open before it.
     void comeUp();
     void serve(platform::Errand errand);
+    void serveSoon(platform::Errand errand);
 
     struct Parts;
     std::unique_ptr<Parts> parts_;

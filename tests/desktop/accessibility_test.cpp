@@ -140,6 +140,8 @@ private:
     QDBusConnection bus_{QString()};
 };
 
+} // namespace
+
 /// Hears the notifications that come up, as a screen reader does.
 class Listener final : public QObject {
     Q_OBJECT
@@ -157,6 +159,8 @@ public slots:
 private:
     AccessibilityBus& bus_;
 };
+
+namespace {
 
 /// The role in which a control has to appear; empty: a control that is not a thing on the window.
 std::string roleOf(const ui::Control& control) {

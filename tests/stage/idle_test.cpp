@@ -114,7 +114,7 @@ TEST(Idle, breathesInThePausesAndRarelyDoesWhatTheSeasonBrings) {
         character.state("Resting", {"Breathe", "Wink"})
             .state("IdlingLate", {"Yawn"})
             .state("IdlingWinter", {"Scarf"});
-        for (const std::size_t level : {3, 4, 5})
+        for (const std::size_t level : {3U, 4U, 5U})
             character.data.states[level].animations = {character.index("Look"), character.index("Nod")};
         QuietWorld world(character);
         world.chance.seed(7);
