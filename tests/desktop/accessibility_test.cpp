@@ -17,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -146,18 +147,23 @@ private:
 class Listener final : public QObject {
     Q_OBJECT
 public:
-    explicit Listener(AccessibilityBus& bus) : bus_(bus) { bus_.listen(this, SLOT(changed(QDBusMessage))); }
+    explicit Listener(AccessibilityBus& bus)
+        : textOf_([&bus](const QDBusMessage& of) {
+              return bus.notification({of.service(), QDBusObjectPath(of.path())});
+          }) {
+        bus.listen(this, SLOT(changed(QDBusMessage)));
+    }
 
     std::string heard;
 
 public slots:
     void changed(const QDBusMessage& message) {
         if (message.arguments().value(0) == "showing" && message.arguments().value(1).toInt() == 1)
-            heard += bus_.notification({message.service(), QDBusObjectPath(message.path())});
+            heard += textOf_(message);
     }
 
 private:
-    AccessibilityBus& bus_;
+    std::function<std::string(const QDBusMessage&)> textOf_;
 };
 
 namespace {
