@@ -18,13 +18,9 @@ Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
       service_(needs.service), surroundings_(needs.surroundings) {
     host.loaded = [this] { quiet.review(); }; // which shows the menu, too
     quiet.changed = [this] { menu_.show(); };
-    if (surroundings_ != nullptr) {
-        service_.setStill(surroundings_->lessMotion());
-        surroundings_->setChanged([this] { adapt(); });
-    }
-    pages.speech.chkReadOut.click = [this, &box = pages.speech.chkReadOut] {
-        service_.setReadOut(box.checked());
-    };
+    if (surroundings_ != nullptr)
+        surroundings_->setChanged([this] { quiet.review(); });
+    pages.speech.chkReadOut.click = [this] { quiet.review(); };
     pages.character.lblNoAgent.setVisible(!service_.available());
     tie(pages.character);
     tie(pages.speech, pages.reminders.cmdSpeak);
@@ -43,11 +39,6 @@ Companion::~Companion() {
         surroundings_->setChanged({});
     service_.setEvents({});
     service_.setMenu({});
-}
-
-void Companion::adapt() {
-    service_.setStill(surroundings_->lessMotion());
-    quiet.review();
 }
 
 void Companion::tie(ui::CharacterPage& page) {

@@ -38,7 +38,6 @@ public:
     WaitingNews news;
 
 private:
-    void adapt();
     void tie(ui::CharacterPage& page);
     void tie(ui::SpeechPage& page, ui::Button& cmdSpeak);
 

@@ -77,11 +77,13 @@ void Quiet::review() {
             actor.breakOff();
     }
     const ui::SpeechPage& page = needs_.page;
-    needs_.service.setPaused(behindLock());
     const bool mutedVoice = actor.quiet || page.chkMuteVoice.checked();
     const bool mutedSounds = actor.quiet || page.chkMuteSounds.checked();
-    needs_.service.setLoudness({.voice = mutedVoice ? 0 : page.sldVoice.percent(),
-                                .sounds = mutedSounds ? 0 : page.sldSounds.percent()});
+    needs_.service.setManners({.loudness = {.voice = mutedVoice ? 0 : page.sldVoice.percent(),
+                                            .sounds = mutedSounds ? 0 : page.sldSounds.percent()},
+                               .still = needs_.surroundings != nullptr && needs_.surroundings->lessMotion(),
+                               .readOut = page.chkReadOut.checked(),
+                               .paused = behindLock()});
     needs_.page.lblQuiet.setVisible(actor.quiet);
     showSwitch();
     changed();

@@ -38,6 +38,18 @@ struct Loudness {
     bool operator==(const Loudness&) const = default;
 };
 
+/// How they behave on this desktop, at this moment.
+struct Manners {
+    Loudness loudness;
+    bool still = false;   ///< nothing is to move: they change from pose to pose
+    bool readOut = false; ///< what they say is announced to screen readers, too
+    /// Nobody can see them: their time stands still, and nothing of them costs anything. What they are asked
+    /// for begins, and goes on afterwards.
+    bool paused = false;
+
+    bool operator==(const Manners&) const = default;
+};
+
 /// A mouse button over a character.
 struct CharacterClick {
     std::string id;
@@ -129,14 +141,7 @@ public:
     [[nodiscard]] virtual std::vector<Area> screens() const = 0;
     virtual void setMenu(const CharacterMenu& menu) = 0;
     /// At once, also for what is being said.
-    virtual void setLoudness(const Loudness& loudness) = 0;
-    /// While nothing is to move they stand still and change from pose to pose.
-    virtual void setStill(bool still) = 0;
-    /// What they say is announced to screen readers, too.
-    virtual void setReadOut(bool readOut) = 0;
-    /// While nobody can see them their time stands still, and nothing of them costs anything. What they are
-    /// asked for begins, and goes on afterwards.
-    virtual void setPaused(bool paused) = 0;
+    virtual void setManners(const Manners& manners) = 0;
     virtual void setEvents(CharacterEvents events) = 0;
 
     /// Loads a character file from the characters folder under an id; upper and lower case in the file's name

@@ -47,7 +47,7 @@ struct QuietWorld : fakes::FakeMachine {
         form.Timer1.tick();
     }
     Texts& requests() { return characters.only.requests; }
-    [[nodiscard]] bool silent() const { return characters.loudness == platform::Loudness{0, 0}; }
+    [[nodiscard]] bool silent() const { return characters.manners.loudness == platform::Loudness{0, 0}; }
     /// By a copy, as a service does: the menu is another one afterwards.
     void choose(std::size_t entry) { platform::MenuEntry(characters.menu.more[entry]).chosen(); }
     void chooseBelow(std::size_t menu, std::size_t entry) {
@@ -68,12 +68,12 @@ TEST(Companion, standsStillAndIsReadOutWhereTheUserWantsIt) {
         world.around.stillness = wanted;
         world.around.tell();
         world.form.chkReadOut.setValue(wanted ? 1 : 0);
-        EXPECT_EQ(wanted, world.characters.still);
-        EXPECT_EQ(wanted, world.characters.readOut);
+        EXPECT_EQ(wanted, world.characters.manners.still);
+        EXPECT_EQ(wanted, world.characters.manners.readOut);
         EXPECT_FALSE(world.silent());
     }
     QuietWorld next(world.settings);
-    EXPECT_FALSE(next.characters.readOut) << "as it was stored";
+    EXPECT_FALSE(next.characters.manners.readOut) << "as it was stored";
 }
 
 TEST(Quiet, hasItsReasonsAndAllButTwoOfThemWaitForTheUsersWord) {
@@ -123,7 +123,7 @@ TEST(Quiet, hasItsReasonsAndAllButTwoOfThemWaitForTheUsersWord) {
         world.around.tell();
         EXPECT_EQ(quiet, world.silent()) << why;
         EXPECT_EQ(quiet, world.form.lblQuiet.visible()) << why;
-        EXPECT_EQ(why == "locked", world.characters.paused) << why << ": nobody sees it move";
+        EXPECT_EQ(why == "locked", world.characters.manners.paused) << why << ": nobody sees it move";
     }
 }
 
@@ -209,15 +209,15 @@ TEST(Quiet, keepsRemindersAndTheWordAndTellsThemOnce) {
 TEST(Loudness, isSetByThePageAndByTheCharactersMenu) {
     QuietWorld world;
     world.form.sldVoice.setPercent(40);
-    EXPECT_EQ((platform::Loudness{40, 100}), world.characters.loudness);
+    EXPECT_EQ((platform::Loudness{40, 100}), world.characters.manners.loudness);
     world.chooseBelow(6, 0); // no sounds
-    EXPECT_EQ((platform::Loudness{40, 0}), world.characters.loudness);
+    EXPECT_EQ((platform::Loudness{40, 0}), world.characters.manners.loudness);
     EXPECT_EQ("1", world.settings.setting("MuteSounds"));
     world.chooseBelow(6, 4);
-    EXPECT_EQ((platform::Loudness{40, 50}), world.characters.loudness) << "which is heard again";
+    EXPECT_EQ((platform::Loudness{40, 50}), world.characters.manners.loudness) << "which is heard again";
     EXPECT_TRUE(world.characters.menu.more[6].entries[4].checked);
     EXPECT_EQ("50", world.settings.setting("SoundVolume"));
-    EXPECT_EQ((platform::Loudness{40, 50}), QuietWorld(world.settings).characters.loudness);
+    EXPECT_EQ((platform::Loudness{40, 50}), QuietWorld(world.settings).characters.manners.loudness);
 }
 
 } // namespace

@@ -69,20 +69,14 @@ public:
     std::vector<std::string> broken;    ///< of these: files that do not load
     std::vector<platform::Area> screenAreas{{0, 0, 1024, 768}};
     platform::CharacterMenu menu;
-    platform::Loudness loudness;
-    bool paused = false;
-    bool still = false;
-    bool readOut = false;
+    platform::Manners manners;
     platform::CharacterEvents events;
 
     [[nodiscard]] bool available() const override { return present; }
     [[nodiscard]] std::vector<std::string> files() override { return installed; }
     [[nodiscard]] std::vector<platform::Area> screens() const override { return screenAreas; }
     void setMenu(const platform::CharacterMenu& captions) override { menu = captions; }
-    void setLoudness(const platform::Loudness& loud) override { loudness = loud; }
-    void setStill(bool stands) override { still = stands; }
-    void setReadOut(bool read) override { readOut = read; }
-    void setPaused(bool stands) override { paused = stands; }
+    void setManners(const platform::Manners& wanted) override { manners = wanted; }
     void setEvents(platform::CharacterEvents tied) override { events = std::move(tied); }
     bool load(const std::string& id, const std::string& fileName) override {
         const bool sound = present && std::find(broken.begin(), broken.end(), fileName) == broken.end();

@@ -42,6 +42,14 @@ DesktopCharacter::~DesktopCharacter() {
     window_.detach();
 }
 
+void DesktopCharacter::setManners(const platform::Manners& manners) {
+    driver_.setPaused(manners.paused);
+    stage_.setStill(manners.still);
+    balloon_.setReadOut(manners.readOut);
+    if (audio_.setLoudness)
+        audio_.setLoudness(manners.loudness);
+}
+
 platform::Area DesktopCharacter::area() const {
     return {stage_.place().x, stage_.place().y, data_->width, data_->height};
 }

@@ -34,13 +34,7 @@ public:
     [[nodiscard]] QRect frame() const { return {window_.place(), window_.size()}; }
     [[nodiscard]] QRect frameWithBalloon() const { return frame() | balloon_.reach(); }
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
-    void setPaused(bool paused) { driver_.setPaused(paused); }
-    void setStill(bool still) { stage_.setStill(still); }
-    void setReadOut(bool readOut) { balloon_.setReadOut(readOut); }
-    void setLoudness(const platform::Loudness& loudness) {
-        if (audio_.setLoudness)
-            audio_.setLoudness(loudness);
-    }
+    void setManners(const platform::Manners& manners);
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }
     [[nodiscard]] bool busy() const override { return stage_.busy(); }

@@ -36,29 +36,12 @@ void DesktopCharacterService::setMenu(const platform::CharacterMenu& menu) {
         character->setMenu(menu_);
 }
 
-void DesktopCharacterService::setLoudness(const platform::Loudness& loudness) {
-    loudness_ = loudness;
-    for (const auto& [id, character] : characters_)
-        character->setLoudness(loudness_);
-}
-
-void DesktopCharacterService::setStill(bool still) {
-    still_ = still;
-    for (const auto& [id, character] : characters_)
-        character->setStill(still_);
-}
-
-void DesktopCharacterService::setReadOut(bool readOut) {
-    readOut_ = readOut;
-    for (const auto& [id, character] : characters_)
-        character->setReadOut(readOut_);
-}
-
-void DesktopCharacterService::setPaused(bool paused) {
-    if (std::exchange(paused_, paused) == paused)
+void DesktopCharacterService::setManners(const platform::Manners& manners) {
+    if (manners_ == manners)
         return;
+    manners_ = manners;
     for (const auto& [id, character] : characters_)
-        character->setPaused(paused_);
+        character->setManners(manners_);
 }
 
 bool DesktopCharacterService::load(const std::string& id, const std::string& fileName) {
@@ -91,10 +74,7 @@ void DesktopCharacterService::add(const std::string& id, character::CharacterDat
     const auto made =
         characters_.emplace(id, std::make_unique<DesktopCharacter>(std::move(data), std::move(needs)));
     made.first->second->setMenu(menu_);
-    made.first->second->setLoudness(loudness_);
-    made.first->second->setStill(still_);
-    made.first->second->setReadOut(readOut_);
-    made.first->second->setPaused(paused_);
+    made.first->second->setManners(manners_);
 }
 
 QVector<QRect> DesktopCharacterService::company() const {

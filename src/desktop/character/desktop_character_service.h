@@ -35,10 +35,7 @@ public:
     [[nodiscard]] std::vector<std::string> files() override { return folder_.files(); }
     [[nodiscard]] std::vector<platform::Area> screens() const override;
     void setMenu(const platform::CharacterMenu& menu) override;
-    void setLoudness(const platform::Loudness& loudness) override;
-    void setStill(bool still) override;
-    void setReadOut(bool readOut) override;
-    void setPaused(bool paused) override;
+    void setManners(const platform::Manners& manners) override;
     /// What a window should keep clear of, for `placeBeside`.
     [[nodiscard]] QVector<QRect> company() const;
     void setEvents(platform::CharacterEvents events) override { delivery_.setEvents(std::move(events)); }
@@ -60,10 +57,7 @@ private:
     EventDelivery delivery_;
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;
-    platform::Loudness loudness_;
-    bool still_ = false;
-    bool readOut_ = false;
-    bool paused_ = false;
+    platform::Manners manners_;
     bool loading_ = false;
     QObject watch_; ///< over the screens; ends with the service
 };
