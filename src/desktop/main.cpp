@@ -8,6 +8,8 @@
 
 #include <QApplication>
 
+#include <malloc.h>
+
 #include <iostream>
 #include <optional>
 #include <string_view>
@@ -44,6 +46,13 @@ std::optional<platform::Errand> errandOf(const headless::CommandLine& line) {
     return std::nullopt;
 }
 
+/// A character's file is read whole and let go again. The allocator would learn from the first one to keep so
+/// much for the next, which comes perhaps tomorrow.
+void giveLargeBlocksBack() {
+    constexpr int kLarge = 1024 * 1024;
+    ::mallopt(M_MMAP_THRESHOLD, kLarge);
+}
+
 int refuse(ExitStatus status, std::string_view why) {
     std::cerr << "brovin: " << why << "\n";
     return static_cast<int>(status);
@@ -53,6 +62,7 @@ int refuse(ExitStatus status, std::string_view why) {
 
 /// The program with its windows. "brovin" starts it with its own arguments, which it has looked through.
 int main(int argc, char** argv) {
+    giveLargeBlocksBack();
     const std::vector<std::string_view> arguments(argv + 1, argv + argc);
     const headless::CommandLine line = headless::parseCommandLine(arguments);
     if (!line.problem.empty() || line.scan || line.help || line.version)
