@@ -13,6 +13,7 @@
 #include <QDBusReply>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -72,15 +73,15 @@ public:
     }
     [[nodiscard]] bool connected() const { return bus_.isConnected(); }
 
-    /// The program's window, once it is on the screen.
-    [[nodiscard]] std::optional<Reference> waitForWindow() const {
+    /// The program's window of this role, once it is on the screen.
+    [[nodiscard]] std::optional<Reference> waitForWindow(const std::string& wanted = "frame") const {
         const Reference desktop{"org.a11y.atspi.Registry",
                                 QDBusObjectPath("/org/a11y/atspi/accessible/root")};
         for (int i = 0; i < 100; ++i) {
             for (const Reference& application : children(desktop))
                 if (property(application, "Name") == "Brovin")
                     for (const Reference& window : children(application))
-                        if (showing(window) && role(window) == "frame") // the companion has windows too
+                        if (showing(window) && role(window) == wanted) // the companion has windows too
                             return window;
             QThread::msleep(100);
         }
@@ -309,6 +310,79 @@ TEST(Accessibility, whatTheCharacterSaysIsAnnouncedWhereTheUserWantsIt) {
             letPass(2500);
         EXPECT_EQ(wanted, greets()) << listener.heard;
         EXPECT_EQ(std::string::npos, listener.heard.find('\\')) << "no speech tags: " << listener.heard;
+    }
+}
+
+/// Opens the window behind a button, on whatever page that is; what can be read in it.
+std::vector<Node> opened(const AccessibilityBus& bus, const Reference& window, const std::string& button) {
+    bool pressed = false;
+    for (std::size_t page = 0; page < ui::FrmOptions::kTabs && !pressed; ++page) {
+        std::vector<Node> shown;
+        bus.collect(window, shown);
+        for (const Node& node : shown)
+            if (tells(node, "page tab", captionOf("imgTabs" + std::to_string(page))))
+                bus.press(node.reference);
+        shown.clear();
+        bus.collect(window, shown);
+        for (const Node& node : shown)
+            if (!pressed && (pressed = tells(node, "push button", captionOf(button))))
+                bus.press(node.reference);
+    }
+    std::vector<Node> found;
+    if (const auto dialog = bus.waitForWindow("dialog"))
+        bus.collect(*dialog, found);
+    return found;
+}
+
+/// A file in a shared folder goes, and is logged.
+void scan(const QTemporaryDir& root) {
+    ASSERT_TRUE(QDir(root.path()).mkpath("share"));
+    QFile clutter(root.filePath("share/Thumbs.db"));
+    ASSERT_TRUE(clutter.open(QIODevice::WriteOnly) && clutter.write(QByteArray(3000, 'x')) == 3000);
+    clutter.close();
+    QProcess scan;
+    QProcessEnvironment places = QProcessEnvironment::systemEnvironment();
+    places.insert("XDG_CONFIG_HOME", root.filePath("config"));
+    places.insert("XDG_DATA_HOME", root.filePath("data"));
+    scan.setProcessEnvironment(places);
+    scan.start(QStringLiteral(BROVIN_PROGRAM),
+               {"--scan", "--nasty", "thumbs.db", "--folder", root.filePath("share")});
+    ASSERT_TRUE(scan.waitForFinished() && scan.exitCode() == 0) << scan.readAllStandardError().toStdString();
+}
+
+// What is drawn of the score is read as a table beside the picture, and the log as a list.
+TEST(Accessibility, theScoreIsReadAsATableAndTheLogAsAList) {
+    const AccessibilityBus bus;
+    ASSERT_TRUE(bus.connected());
+    const struct {
+        const char* button;
+        std::vector<std::pair<const char*, const char*>> reads; ///< role and a part of the name
+    } windows[] = {
+        {"cmdScore",
+         {{"combo box", "Week"},
+          {"table", "The score"},
+          {"column header", "Items"},
+          {"cell", "1"},
+          {"cell", "4"}}},
+        {"cmdSearchLog", {{"text", "Search"}, {"list", "log"}, {"list item", "Deleted file "}}},
+    };
+    for (const auto& [button, reads] : windows) {
+        const QTemporaryDir root;
+        const Process program(root.path(), {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"});
+        bringUp(root.path());
+        const auto window = bus.waitForWindow();
+        ASSERT_TRUE(window);
+        scan(root);
+        const std::vector<Node> found = opened(bus, *window, button);
+        for (const auto& [role, name] : reads)
+            EXPECT_TRUE(std::any_of(found.begin(), found.end(),
+                                    [&](const Node& node) {
+                                        return node.role == role && node.name.find(name) != std::string::npos;
+                                    }))
+                << button << ": " << role << " " << name;
+        if (testing::Test::HasFailure())
+            for (const Node& node : found)
+                std::cerr << node.role << " | " << node.name << " | " << node.description << "\n";
     }
 }
 
