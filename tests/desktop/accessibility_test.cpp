@@ -376,7 +376,7 @@ TEST(Accessibility, theScoreIsReadAsATableAndTheLogAsAList) {
         const std::vector<Node> found = opened(bus, *window, button);
         for (const auto& [role, name] : reads)
             EXPECT_TRUE(std::any_of(found.begin(), found.end(),
-                                    [&](const Node& node) {
+                                    [role = role, name = name](const Node& node) {
                                         return node.role == role && node.name.find(name) != std::string::npos;
                                     }))
                 << button << ": " << role << " " << name;
