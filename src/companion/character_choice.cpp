@@ -33,7 +33,10 @@ CharacterChoice::CharacterChoice(const Needs& needs) : needs_(needs) {
     if (needs_.gallery == nullptr)
         return;
     needs_.page.lstChars.card = [this](int index) { return card(index); };
-    needs_.page.lstChars.portrait = [this](int index) { return needs_.gallery->portrait(fileOf(index)); };
+    needs_.page.lstChars.portrait = [this](int index) {
+        const bool still = needs_.surroundings != nullptr && needs_.surroundings->lessMotion();
+        return still ? nullptr : needs_.gallery->portrait(fileOf(index));
+    };
 }
 
 std::string CharacterChoice::fileOf(int index) const {

@@ -2,6 +2,7 @@
 
 #include "language/language_tables.h"
 #include "platform/character_gallery.h"
+#include "platform/surroundings.h"
 #include "ui/pages/character_page.h"
 
 #include <string>
@@ -14,7 +15,8 @@ public:
     struct Needs {
         ui::CharacterPage& page;
         const language::LanguageTables& tables;
-        platform::CharacterGallery* gallery; ///< null: the list has names alone
+        platform::CharacterGallery* gallery;        ///< null: the list has names alone
+        const platform::Surroundings* surroundings; ///< null: nothing is known of them
     };
     explicit CharacterChoice(const Needs& needs);
     CharacterChoice(const CharacterChoice&) = delete;

@@ -13,7 +13,7 @@ Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
              needs.surroundings, needs.clock}),
       news({needs.teller.announcer, needs.teller.actor, needs.tables.messageTable, needs.clock,
             needs.regional}),
-      choice_({pages.character, needs.tables, needs.gallery}),
+      choice_({pages.character, needs.tables, needs.gallery, needs.surroundings}),
       menu_({pages.speech, needs.trayMenu, quiet, needs.tables.messageTable, needs.service}),
       service_(needs.service), surroundings_(needs.surroundings) {
     host.loaded = [this] { quiet.review(); }; // which shows the menu, too

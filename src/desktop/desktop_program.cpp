@@ -123,7 +123,7 @@ struct DesktopProgram::Parts {
     cleaner::ScoreBook score{{machine.history, program.messages(), machine.regional}};
     QPointer<QDialog> scoreWindow; ///< null: not open
     QPointer<QDialog> logWindow;
-    platform::Errand waiting{}; ///< for `later`
+    std::vector<platform::Errand> waiting; ///< for `later`
     QTimer later;
     TimerBinding tick{program.frmOptions().Timer1, machine.initiative, busy};
     TimerBinding frame{program.frmOptions().lineTimer, program.frmOptions().window};
@@ -153,7 +153,10 @@ DesktopProgram::DesktopProgram(const posix::Places& places, const settings::Prog
                      {[&machine] { machine.initiative.userActs(); }, parts_->busy, [this] { comeUp(); }});
     tieRecords();
     parts_->later.setSingleShot(true);
-    QObject::connect(&parts_->later, &QTimer::timeout, [this] { serve(parts_->waiting); });
+    QObject::connect(&parts_->later, &QTimer::timeout, [this] {
+        for (const platform::Errand errand : std::exchange(parts_->waiting, {}))
+            serve(errand);
+    });
     form().imgBrovin.setPicture("imgBrovin");
     form().imgLogo.setPicture("imgLogo");
     form().picAdd.setPicture("picAdd");
@@ -196,7 +199,7 @@ bool DesktopProgram::start(std::optional<platform::Errand> errand) {
 
 void DesktopProgram::serveSoon(platform::Errand errand) {
     constexpr std::chrono::milliseconds kSoon{20};
-    parts_->waiting = errand;
+    parts_->waiting.push_back(errand);
     parts_->later.start(kSoon);
 }
 

@@ -191,8 +191,7 @@ void GalleryView::enter(int row) {
         return;
     frame_.stop();
     portrait_.reset();
-    const bool moves = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
-    if (row >= 0 && moves && gallery_ != nullptr && gallery_->portrait && row < gallery_->count())
+    if (row >= 0 && gallery_ != nullptr && gallery_->portrait && row < gallery_->count())
         portrait_ = gallery_->portrait(row);
     if (under_ != row)
         portrait_.reset(); // while it was read the mouse went elsewhere

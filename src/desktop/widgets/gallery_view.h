@@ -13,7 +13,7 @@
 namespace brovin::desktop {
 
 /// A list whose entries are pictures, each with its name and a line below that. The picture under the mouse
-/// moves, unless the desktop wants nothing to. A screen reader hears names, and the lines as descriptions.
+/// moves. A screen reader hears names, and the lines as descriptions.
 class GalleryView final : public QListWidget {
     Q_OBJECT
 public:
