@@ -253,12 +253,13 @@ TEST(Accessibility, everyControlHasANameAndARole) {
     ASSERT_TRUE(window);
 
     ui::FrmOptions form;
-    const desktop::OptionsWindow plan(form); // tells which control is on which page
-    form.picAnim.setVisible(false);          // there only while something is fetched
-    form.lblNoNames.setVisible(false);       // and that while there are folders without names
-    form.lblNoAgent.setVisible(false);       // and that where no character can be shown
-    form.lblQuiet.setVisible(false);         // and that while it is quiet
-    form.sbProgress.setVisible(false);       // and these while a scan runs
+    desktop::OptionsWindow plan(form); // tells which control is on which page
+    plan.furnish();
+    form.picAnim.setVisible(false);    // there only while something is fetched
+    form.lblNoNames.setVisible(false); // and that while there are folders without names
+    form.lblNoAgent.setVisible(false); // and that where no character can be shown
+    form.lblQuiet.setVisible(false);   // and that while it is quiet
+    form.sbProgress.setVisible(false); // and these while a scan runs
     form.cmdStopScan.setVisible(false);
     std::set<std::string> missing;
     for (std::size_t page = 0; page < ui::FrmOptions::kTabs; ++page) {

@@ -41,8 +41,9 @@ struct DesktopWorld {
 
     [[nodiscard]] ui::FrmOptions& form() const { return program->form(); }
 
-    /// The widget that shows a control.
+    /// The widget that shows a control, also before the window has been shown.
     [[nodiscard]] QWidget* widget(const char* name) const {
+        program->window().furnish();
         return program->window().findChild<QWidget*>(QLatin1String(name));
     }
 

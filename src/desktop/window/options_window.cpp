@@ -51,13 +51,6 @@ QSize decorationOf(const QWidget& window) {
 
 OptionsWindow::OptionsWindow(ui::FrmOptions& form) : form_(form) {
     setObjectName(qt(form.window.name()));
-    setWindowIcon(programIcon());
-    auto* layout = new QVBoxLayout(this);
-    auto* upper = new QHBoxLayout;
-    upper->addWidget(makeTabs());
-    upper->addWidget(makePages(), 1);
-    layout->addLayout(upper, 1);
-    layout->addLayout(makeBottom());
     minimiseSoon_.setSingleShot(true);
     connect(&minimiseSoon_, &QTimer::timeout, this, &OptionsWindow::minimise);
     followWindow();
@@ -65,6 +58,18 @@ OptionsWindow::OptionsWindow(ui::FrmOptions& form) : form_(form) {
         if (shown)
             shown->followWindow();
     });
+}
+
+void OptionsWindow::furnish() {
+    if (layout() != nullptr)
+        return;
+    setWindowIcon(programIcon());
+    auto* all = new QVBoxLayout(this);
+    auto* upper = new QHBoxLayout;
+    upper->addWidget(makeTabs());
+    upper->addWidget(makePages(), 1);
+    all->addLayout(upper, 1);
+    all->addLayout(makeBottom());
 }
 
 QWidget* OptionsWindow::makeTabs() {
@@ -143,6 +148,7 @@ void OptionsWindow::minimise() {
 }
 
 void OptionsWindow::showOnScreen() {
+    furnish();
     if (!placed_) {
         const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
         const QSize around = decorationOf(*this);

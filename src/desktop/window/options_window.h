@@ -15,11 +15,16 @@ class QVBoxLayout;
 
 namespace brovin::desktop {
 
-/// The options window: the tabs at the left, the chosen page beside them, status, help and exit below.
+/// The options window: the tabs at the left, the chosen page beside them, status, help and exit below. What
+/// stands in it is made when it is shown for the first time: most starts end behind the icon, and need none
+/// of it.
 class OptionsWindow final : public QWidget {
     Q_OBJECT
 public:
     explicit OptionsWindow(ui::FrmOptions& form);
+
+    /// Makes what stands in the window, unless it is there; whoever shows the window need not ask for it.
+    void furnish();
 
     /// Lets the window go without asking the program, which is ending.
     void letGo() { lettingGo_ = true; }
