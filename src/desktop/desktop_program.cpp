@@ -65,7 +65,7 @@ struct DesktopMachine {
           folder({places.installedFolder, places.ownFolder}), gallery(characterFolders(places)),
           characters({characterFolders(places), audio ? audio : spokenAudio, [this] { return busy(); }}),
           logOn(pathOf(places.autostartFolder) + QStringLiteral("/brovin.desktop")),
-          instance(pathOf(places.runningLock)), scanLock(places.settingsFolder),
+          instance(places.runningLock), scanLock(places.settingsFolder),
           history(places.ownFolder + posix::kScoreFile), updates(source) {}
 
     Initiative initiative;

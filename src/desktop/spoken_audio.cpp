@@ -1,24 +1,31 @@
 #include "desktop/spoken_audio.h"
 
-#include "desktop/voice/espeak_voice.h"
-#include "desktop/voice/sound_player.h"
+#include "posix/places.h"
 
-#include <utility>
+#include <dlfcn.h>
 
 namespace brovin::desktop {
+namespace {
+
+using MakeAudio = void (*)(const std::shared_ptr<const character::CharacterData>& data,
+                           CharacterAudio& audio);
+
+MakeAudio fromModule() {
+    static const std::string beside = posix::moduleFile(BROVIN_AUDIO_MODULE);
+    static void* const module =
+        ::dlopen(beside.empty() ? BROVIN_AUDIO_MODULE : beside.c_str(), RTLD_NOW | RTLD_LOCAL);
+    return module == nullptr ? nullptr : reinterpret_cast<MakeAudio>(::dlsym(module, "brovinMakeAudio"));
+}
+
+} // namespace
 
 CharacterAudio spokenAudio(const std::shared_ptr<const character::CharacterData>& data) {
-    auto own = std::make_unique<voice::EspeakVoice>(*data);
-    auto sound = std::make_unique<voice::SoundPlayer>(data);
-    voice::EspeakVoice* const speaks = own.get(); // both live as long as what is returned
-    voice::SoundPlayer* const sounds = sound.get();
-    return {std::move(own), std::move(sound),
-            [speaks](character::LanguageId language) { speaks->choice().setLanguageId(language); },
-            [speaks](const std::string& mode) { speaks->choice().setTtsModeId(mode); },
-            [speaks, sounds](const platform::Loudness& loudness) {
-                speaks->setLoudness(loudness.voice);
-                sounds->setLoudness(loudness.sounds);
-            }};
+    const MakeAudio make = fromModule();
+    if (make == nullptr)
+        return silentAudio(data);
+    CharacterAudio audio;
+    make(data, audio);
+    return audio;
 }
 
 } // namespace brovin::desktop

@@ -51,21 +51,21 @@ TEST(AutostartEntry, isOneThatDesktopsAccept) {
 
 TEST(LockFileInstance, letsOneCopyThrough) {
     const QTemporaryDir scratch;
-    const QString path = scratch.filePath("running.lock");
+    const std::string path = scratch.filePath("running.lock").toStdString();
     LockFileInstance first(path);
     EXPECT_TRUE(first.isFirst());
     {
         LockFileInstance second(path);
         EXPECT_FALSE(second.isFirst());
     }
-    EXPECT_TRUE(QFile::exists(path)) << "the second one took nothing away";
+    EXPECT_TRUE(QFile::exists(path.c_str())) << "the second one took nothing away";
 }
 
 TEST(LockFileInstance, servesWhatALaterCopyAsksFor) {
     int none = 0;
     const QCoreApplication application(none, nullptr);
     const QTemporaryDir scratch;
-    const QString path = scratch.filePath("running.lock");
+    const std::string path = scratch.filePath("running.lock").toStdString();
     LockFileInstance first(path);
     ASSERT_TRUE(first.isFirst());
     std::vector<platform::Errand> served;
@@ -85,7 +85,7 @@ TEST(LockFileInstance, servesWhatALaterCopyAsksFor) {
 
 TEST(LockFileInstance, takesOverTheLockOfAKilledCopy) {
     const QTemporaryDir scratch;
-    const QString path = scratch.filePath("running.lock");
+    const std::string path = scratch.filePath("running.lock").toStdString();
     const pid_t killed = fork();
     if (killed == 0) {
         LockFileInstance first(path);
@@ -94,7 +94,7 @@ TEST(LockFileInstance, takesOverTheLockOfAKilledCopy) {
     int status = -1;
     ASSERT_EQ(killed, waitpid(killed, &status, 0));
     ASSERT_EQ(0, status);
-    ASSERT_TRUE(QFile::exists(path));
+    ASSERT_TRUE(QFile::exists(path.c_str()));
     LockFileInstance next(path);
     EXPECT_TRUE(next.isFirst());
 }

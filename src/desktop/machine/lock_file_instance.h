@@ -1,12 +1,14 @@
 #pragma once
 
 #include "platform/single_instance.h"
+#include "posix/descriptor.h"
 
-#include <QLocalServer>
-#include <QLocalSocket>
 #include <QLockFile>
+#include <QSocketNotifier>
 
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace brovin::desktop {
 
@@ -14,7 +16,10 @@ namespace brovin::desktop {
 /// listens on a socket of this user's alone, where a later copy can have it do an errand.
 class LockFileInstance final : public platform::SingleInstance {
 public:
-    explicit LockFileInstance(const QString& path);
+    explicit LockFileInstance(const std::string& path);
+    ~LockFileInstance() override;
+    LockFileInstance(const LockFileInstance&) = delete;
+    LockFileInstance& operator=(const LockFileInstance&) = delete;
 
     /// Does what a later copy asks for.
     std::function<void(platform::Errand)> serve;
@@ -24,11 +29,14 @@ public:
     [[nodiscard]] bool sendToFirst(platform::Errand errand) override;
 
 private:
-    void listenTo(QLocalSocket* asking);
+    void openDoor();
+    void admit();
+    void listenTo(posix::Descriptor asking);
 
     QLockFile lock_;
-    QString socket_;
-    QLocalServer server_;
+    std::string socket_;
+    posix::Descriptor door_; ///< where later copies knock; none while this is not the first one
+    std::optional<QSocketNotifier> knocking_;
 };
 
 } // namespace brovin::desktop
