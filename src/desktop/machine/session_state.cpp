@@ -64,9 +64,15 @@ bool truth(const QVariant& value) {
 } // namespace
 
 SessionState::SessionState() {
-    watchScreenSavers();
-    watchLogin();
-    watchNotifications();
+    // All of it answers later anyway, and the icon is not to wait for the connections.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            watchScreenSavers();
+            watchLogin();
+            watchNotifications();
+        },
+        Qt::QueuedConnection);
 }
 
 void SessionState::watchScreenSavers() {
