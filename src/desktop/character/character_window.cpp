@@ -121,7 +121,15 @@ bool CharacterWindow::event(QEvent* event) {
 void CharacterWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(rect(), picture_);
+    if (picture_.size() != size()) {
+        painter.drawImage(rect(), picture_);
+        return;
+    }
+    // In bands, because the toolkit shares out among threads what is in many pieces, as a figure's outline
+    // is: that wakes two of them up for each frame, to do what takes less than the waking.
+    constexpr int kBand = 16;
+    for (QRect band(0, 0, width(), kBand); band.top() < height(); band.translate(0, kBand))
+        painter.drawImage(band, picture_, band);
 }
 
 void CharacterWindow::mousePressEvent(QMouseEvent* event) {
