@@ -153,7 +153,7 @@ void OptionsWindow::showOnScreen() {
         const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
         const QSize around = decorationOf(*this);
         const QSize wanted = sizeHint().expandedTo({680, 0}) + around;
-        const int least = sizeHint().width() * 9 / 10 + around.width(); // the widest page may scroll a little
+        const int least = sizeHint().width() * 7 / 8 + around.width(); // the widest page may scroll a little
         const QRect place = placeBeside(company ? company() : QVector<QRect>(), wanted, least, room);
         resize(place.size() - around);
         move(place.topLeft());
