@@ -12,6 +12,14 @@
 
 namespace brovin::bench {
 
+namespace {
+
+double seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+} // namespace
+
 Cost run(const std::vector<std::string>& command) {
     std::vector<char*> arguments;
     for (const std::string& argument : command)
@@ -33,7 +41,8 @@ Cost run(const std::vector<std::string>& command) {
         std::fprintf(stderr, "%s failed\n", command[0].c_str());
         std::exit(1);
     }
-    return {took.count(), static_cast<double>(used.ru_maxrss) / 1024};
+    return {took.count(), seconds(used.ru_utime) + seconds(used.ru_stime),
+            static_cast<double>(used.ru_maxrss) / 1024};
 }
 
 Cost cheapest(const std::vector<std::string>& command, int runs) {

@@ -8,6 +8,7 @@ namespace brovin::bench {
 /// What one run of a command took.
 struct Cost {
     double seconds = 0;
+    double processor = 0; ///< seconds of it, of all its threads
     double mebibytes = 0; ///< at its peak, resident
 };
 

@@ -1,6 +1,7 @@
 // A scan in the window: how long it takes, and for how long at most no event gets through.
-// Usage: window_sweep PROGRAM-FOLDER FOLDER NAME...   Prints seconds and milliseconds. Names that nothing has
-// make it a scan that deletes nothing. Needs a display.
+// Usage: window_sweep PROGRAM-FOLDER FOLDER NAME...   Prints the seconds that the scan took, those in which
+// its thread had a processor, and the longest wait of events in milliseconds, all and on a processor. Names
+// that nothing has make it a scan that deletes nothing. No character is there. Needs a display.
 
 #include "cleaner/stored_list.h"
 #include "desktop/desktop_program.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,13 @@ namespace {
 
 using namespace brovin;
 using Clock = std::chrono::steady_clock;
+
+/// What this thread has had of a processor, whatever else the machine is busy with.
+double processorMilliseconds() {
+    timespec spent{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &spent);
+    return static_cast<double>(spent.tv_sec) * 1000 + static_cast<double>(spent.tv_nsec) / 1e6;
+}
 
 double millisecondsBetween(Clock::time_point from, Clock::time_point to) {
     return std::chrono::duration<double, std::milli>(to - from).count();
@@ -44,6 +53,7 @@ posix::Places placesIn(const std::string& scratch, const char* programFolder) {
 void store(const posix::Places& places, const std::vector<std::string>& folderAndNames) {
     posix::IniSettingsStore file(places.settingsFile);
     settings::Settings settings(file);
+    settings.write(settings::setting::kAgent, "0");
     const posix::UnicodeLetters letters;
     const std::string& folder = folderAndNames.front();
     cleaner::saveList(settings, cleaner::kWatchedFoldersSection, {{letters.lowerCase(folder), folder}},
@@ -76,18 +86,28 @@ int main(int argc, char** argv) {
     Clock::time_point end;
     Clock::time_point chance; // for events, the last one
     double longest = 0;
+    double busyBegin = 0; // and the same times on a processor
+    double busyEnd = 0;
+    double busyChance = 0;
+    double longestBusy = 0;
     bool told = false;
     form.sbStatus.observe([&] {
         if (told || begin == Clock::time_point())
             return;
         end = Clock::now();
         longest = std::max(longest, millisecondsBetween(chance, end));
+        busyEnd = processorMilliseconds();
+        longestBusy = std::max(longestBusy, busyEnd - busyChance);
     });
     QTimer beat;
-    QObject::connect(&beat, &QTimer::timeout, [&] { chance = Clock::now(); });
+    QObject::connect(&beat, &QTimer::timeout, [&] {
+        chance = Clock::now();
+        busyChance = processorMilliseconds();
+    });
     QTimer::singleShot(200, [&] {
         beat.start(0);
         begin = end = chance = Clock::now();
+        busyBegin = busyChance = processorMilliseconds();
         form.cmdNuke.click();
         QApplication::quit();
     });
@@ -100,6 +120,7 @@ int main(int argc, char** argv) {
     });
     watch.start(1);
     QApplication::exec();
-    std::printf("%.3f %.1f\n", millisecondsBetween(begin, end) / 1000, longest);
+    std::printf("%.3f %.3f %.1f %.1f\n", millisecondsBetween(begin, end) / 1000, (busyEnd - busyBegin) / 1000,
+                longest, longestBusy);
     return 0;
 }

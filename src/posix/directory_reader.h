@@ -29,7 +29,7 @@ public:
         platform::EntryKind kind = platform::EntryKind::File;
     };
 
-    static constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024; ///< of one part
+    static constexpr std::size_t kMostBytes = std::size_t{1} * 1024 * 1024; ///< of one part
 
     /// Told while a huge folder is read, every few milliseconds of work.
     std::function<void()> whileReading;
