@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace brovin::character {
@@ -257,6 +259,51 @@ TEST(MoveTo, dependsOnSpeedPlaceAndAnimations) {
         std::erase_if(lines, [](const std::string& line) { return line.find(" 4") == line.size() - 2; });
         EXPECT_EQ(told, lines) << why;
         EXPECT_EQ("complete", outcomeOf(move)) << why;
+    }
+}
+
+TEST(MoveTo, glidesInTheCharactersOwnWayAndEndsWhereItWasAskedTo) {
+    const struct {
+        const char* state;
+        Place target;
+        std::pair<int, int> past; ///< how far beyond the target it comes at least and at most
+        std::pair<int, int> above;
+        int arcs; ///< how often it sinks
+        std::string_view why;
+    } cases[] = {
+        {"IdlingLevel1", {400, 0}, {0, 0}, {0, 0}, 0, "a stranger goes straight"},
+        {"FLUTTERING", {400, 0}, {0, 0}, {9, 9}, 5, "each beat lifts it"},
+        {"Fluttering", {-40, 0}, {0, 0}, {6, 6}, 5, "small arcs on a short way"},
+        {"Sailing", {-400, 0}, {0, 0}, {40, 40}, 1, "an arc"},
+        {"Drifting", {400, 0}, {16, 16}, {4, 14}, 2, "past it, and back"},
+        {"Jolting", {400, 0}, {8, 8}, {0, 0}, 0, "a stop that shakes it"},
+        {"Jolting", {10, 0}, {1, 1}, {0, 0}, 0, "hardly, on a short way"},
+    };
+    for (const auto& [state, target, past, above, arcs, why] : cases) {
+        TestCharacter character = usualCharacter();
+        character.animation("MoveRight", {{}, {}}).state(state, {"MoveLeft", "MoveRight"});
+        ShownWorld world(character);
+        world.stage->moveTo(target, Milliseconds{2'000});
+        world.pass(Milliseconds{200});
+        int farthest = 0;
+        int highest = 0;
+        int sinks = 0;
+        int slope = 0;
+        Place last{};
+        for (int ms = 0; ms < 2'000; ms += 16) {
+            world.pass(Milliseconds{16});
+            const Place at = world.stage->place();
+            EXPECT_LE(std::hypot(at.x - last.x, at.y - last.y), 9) << why << ", at " << ms;
+            sinks += slope < 0 && at.y > last.y ? 1 : 0;
+            slope = at.y == last.y ? slope : at.y - last.y;
+            farthest = std::max(farthest, (at.x - target.x) * (target.x < 0 ? -1 : 1));
+            highest = std::max(highest, -at.y);
+            last = at;
+        }
+        EXPECT_EQ(target, last) << why << ": in the same time";
+        EXPECT_TRUE(farthest >= past.first && farthest <= past.second) << why << ' ' << farthest;
+        EXPECT_TRUE(highest >= above.first && highest <= above.second) << why << ' ' << highest;
+        EXPECT_EQ(arcs, sinks) << why;
     }
 }
 

@@ -2,35 +2,40 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <cstdlib>
 
 namespace brovin::character {
 namespace {
 
 constexpr Milliseconds kScreenStep{16};
-
-/// Of the way, at a part of the time: it sets out and arrives gently, and is fastest in the middle.
-double eased(double part) {
-    return part * part * (3 - 2 * part);
-}
+/// How often a way may lead from one side to the other and back.
+constexpr double kMostBends = 10;
 
 } // namespace
 
+Glide::Glide(Place from, Place to, Moment start, Milliseconds time, const Gait& gait)
+    : from_(from), to_(to), start_(start), time_(time), gait_(&gait),
+      length_(std::hypot(to.x - from.x, to.y - from.y)) {}
+
 Place Glide::at(Moment now) const {
-    if (over(now))
+    if (over(now) || length_ == 0)
         return to_;
-    const double part =
-        eased(static_cast<double>((now - start_).count()) / static_cast<double>(time_.count()));
-    const auto between = [part](int from, int to) {
-        return from + static_cast<int>(std::lround((to - from) * part));
-    };
-    return {between(from_.x, to_.x), between(from_.y, to_.y)};
+    const double time = static_cast<double>((now - start_).count()) / static_cast<double>(time_.count());
+    const GaitKey key = gait_->at(time);
+    const double along = key.way + key.swing * gait_->swingOn(length_) / length_;
+    const double beside = gait_->aside(time) * gait_->widthOn(length_) / length_;
+    const int x = to_.x - from_.x;
+    const int y = to_.y - from_.y;
+    // Above the way, whether it leads to the left or to the right.
+    const double upwards = x < 0 || (x == 0 && y > 0) ? -beside : beside;
+    return {from_.x + static_cast<int>(std::lround(x * along + y * upwards)),
+            from_.y + static_cast<int>(std::lround(y * along - x * upwards))};
 }
 
 Moment Glide::nextStep(Moment now) const {
-    const int pixels = std::max(std::abs(to_.x - from_.x), std::abs(to_.y - from_.y));
-    const Milliseconds pixelTime = time_ / std::max(pixels, 1);
+    const int straight = std::max(std::abs(to_.x - from_.x), std::abs(to_.y - from_.y));
+    const double bends = kMostBends * (gait_->swingOn(length_) + gait_->widthOn(length_));
+    const Milliseconds pixelTime = time_ / std::max(straight + static_cast<int>(bends), 1);
     return std::min(end(), now + std::max(kScreenStep, pixelTime));
 }
 

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "character/stage/gait.h"
 #include "character/stage/moment.h"
 #include "character/stage/surface.h"
 
 namespace brovin::character {
 
-/// A straight way from one place to another, gone gently at both ends. Coordinates are within 16 bits.
+/// A way from one place to another, gone as the character goes. Coordinates are within 16 bits.
 class Glide {
 public:
     /// `time` is above zero.
-    Glide(Place from, Place to, Moment start, Milliseconds time)
-        : from_(from), to_(to), start_(start), time_(time) {}
+    Glide(Place from, Place to, Moment start, Milliseconds time, const Gait& gait);
 
     [[nodiscard]] Place at(Moment now) const;
     [[nodiscard]] bool over(Moment now) const { return now >= end(); }
@@ -25,6 +25,8 @@ private:
     Place to_;
     Moment start_;
     Milliseconds time_;
+    const Gait* gait_;
+    double length_; ///< of the straight way, pixels
 };
 
 } // namespace brovin::character

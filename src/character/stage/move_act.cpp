@@ -31,8 +31,9 @@ ActProgress MoveAct::begin(Moment now) {
     if (atOnce || parts_.performer.still())
         return arrive();
     phase_ = Phase::TakingPose;
-    // Without an animation for the direction it glides in whatever pose it has.
-    static_cast<void>(parts_.performer.perform(movingTowards(directionTo(here, target_))));
+    pose_ = parts_.situations.pick(movingTowards(directionTo(here, target_)), parts_.chance);
+    if (pose_) // else it glides in whatever pose it has
+        parts_.performer.perform(*pose_);
     return takePose(now);
 }
 
@@ -40,14 +41,18 @@ ActProgress MoveAct::takePose(Moment now) {
     if (parts_.performer.busy())
         return kActGoesOn;
     phase_ = Phase::Gliding;
-    put_ = parts_.presence.place();
-    glide_.emplace(put_, target_, now, time_);
+    setOut(now, time_);
     return glideOn(now);
+}
+
+void MoveAct::setOut(Moment now, Milliseconds time) {
+    put_ = parts_.presence.place();
+    glide_.emplace(put_, target_, now, time, gaitIn(parts_.character, pose_));
 }
 
 ActProgress MoveAct::glideOn(Moment now) {
     if (parts_.presence.place() != put_ && glide_->end() > now) // the program has put it elsewhere meanwhile
-        glide_.emplace(parts_.presence.place(), target_, now, glide_->end() - now);
+        setOut(now, glide_->end() - now);
     if (glide_->over(now))
         return arrive();
     parts_.presence.put(glide_->at(now));

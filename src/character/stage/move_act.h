@@ -24,6 +24,7 @@ private:
 
     ActProgress begin(Moment now);
     ActProgress takePose(Moment now);
+    void setOut(Moment now, Milliseconds time);
     ActProgress glideOn(Moment now);
     ActProgress arrive();
 
@@ -31,6 +32,7 @@ private:
     Place target_;
     Milliseconds time_;
     Phase phase_ = Phase::NotBegun;
+    std::optional<std::uint32_t> pose_; ///< the animation that takes it
     std::optional<Glide> glide_;
     Place put_; ///< where the glide has put the character last
 };
