@@ -83,7 +83,8 @@ void Quiet::review() {
                                             .sounds = mutedSounds ? 0 : page.sldSounds.percent()},
                                .still = needs_.surroundings != nullptr && needs_.surroundings->lessMotion(),
                                .readOut = page.chkReadOut.checked(),
-                               .paused = behindLock()});
+                               .paused = behindLock(),
+                               .curious = !actor.quiet});
     needs_.page.lblQuiet.setVisible(actor.quiet);
     showSwitch();
     changed();

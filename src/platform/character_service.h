@@ -46,6 +46,7 @@ struct Manners {
     /// Nobody can see them: their time stands still, and nothing of them costs anything. What they are asked
     /// for begins, and goes on afterwards.
     bool paused = false;
+    bool curious = true; ///< they look by themselves at what the user does with the mouse
 
     bool operator==(const Manners&) const = default;
 };

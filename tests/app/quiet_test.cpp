@@ -123,6 +123,7 @@ TEST(Quiet, hasItsReasonsAndAllButTwoOfThemWaitForTheUsersWord) {
         world.around.tell();
         EXPECT_EQ(quiet, world.silent()) << why;
         EXPECT_EQ(quiet, world.form.lblQuiet.visible()) << why;
+        EXPECT_EQ(quiet, !world.characters.manners.curious) << why;
         EXPECT_EQ(why == "locked", world.characters.manners.paused) << why << ": nobody sees it move";
     }
 }

@@ -88,6 +88,12 @@ TEST(CharacterWindow, followsTheHandThatDragsIt) {
     letPass(200);
     EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(grip + kWay));
     EXPECT_EQ(QColor(Qt::blue), CharacterWorld::screen().pixelColor(grip));
+
+    const auto ground = [] { return CharacterWorld::window<CharacterWindow>()->ground(); };
+    const QPoint middle = world.below.geometry().center();
+    EXPECT_EQ((character::Place{middle.x(), middle.y()}), ground().value_or(character::Place{}));
+    world.below.showMinimized();
+    EXPECT_TRUE(waitUntil([&ground] { return !ground(); })) << "the desktop itself";
 }
 
 TEST(CharacterWindow, hidesByItsMenu) {

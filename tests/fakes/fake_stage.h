@@ -123,8 +123,10 @@ public:
     character::Shown shown = character::Shown::No;
     character::Place place;
     std::optional<character::Place> mouse;
+    std::optional<character::Place> below; ///< the middle of what it stands on
 
     [[nodiscard]] std::optional<character::Place> pointer() const override { return mouse; }
+    [[nodiscard]] std::optional<character::Place> ground() const override { return below; }
     void showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) override {
         log_.add("frame " + nameOf_(frame) +
                  (mouth == nullptr ? "" : "+" + std::to_string(static_cast<int>(mouth->mouth))));

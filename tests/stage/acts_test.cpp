@@ -373,6 +373,47 @@ TEST(User, dragsTheCharacterByWhereItWasSeized) {
     EXPECT_TRUE(world.settle().empty()) << "nothing is held any more";
 }
 
+TEST(User, makesItLookAtWhatItIsDroppedOn) {
+    const std::function<void(StageWorld&)> nothing = [](StageWorld&) {};
+    const Lines looksDown = {"frame LookDown0", "balloon "};
+    const struct {
+        std::optional<Place> below;
+        std::function<void(StageWorld&)> before;
+        Lines seen;
+        std::string_view why;
+    } cases[] = {
+        {{{-500, 40}}, nothing, {"frame LookRight0", "balloon "}, "at the window, and speaks so"},
+        {{{60, 50}}, nothing, looksDown, "it stands on the middle of it"},
+        {{}, nothing, looksDown, "the desktop does not tell"},
+        {{}, [](auto& w) { w.stage->setCurious(false); }, {"balloon "}, "quiet is asked for"},
+        {{}, [](auto& w) { w.stage->setIdleOn(false); }, {"balloon "}, "it does nothing unasked"},
+        {{}, [](auto& w) { w.stage->setStill(true); }, {"balloon "}, "nothing is to move"},
+        {{},
+         [](auto& w) { EXPECT_TRUE(w.stage->play("Blink")); },
+         {"frame Blink0", "frame LookDown0", "balloon "},
+         "after what the drag has begun with"},
+        {{},
+         [](auto& w) { EXPECT_TRUE(w.stage->speak("So")); },
+         {"balloon "},
+         "not when it has spoken about something else"},
+    };
+    for (const auto& [below, before, seen, why] : cases) {
+        TestCharacter character = usualCharacter();
+        for (const char* const look : {"LookRight", "LookDown"})
+            character.animation(look, {{.mouths = {Mouth::OpenWide1}}});
+        QuietWorld world(character);
+        world.surface.below = below;
+        world.stage->beginDrag(kLeftAt(0, 0));
+        before(world);
+        world.stage->endDrag(kLeftAt(0, 0));
+        ASSERT_TRUE(world.stage->speak("Here")) << why;
+        Lines lines = untimed(world.pass(kLong));
+        std::erase_if(lines,
+                      [](auto& line) { return !line.starts_with("frame") && !line.starts_with("balloon"); });
+        EXPECT_EQ(seen, lines) << why;
+    }
+}
+
 TEST(User, keepsTheCharacterFromMovingWhileHoldingIt) {
     ShownWorld world;
     const RequestHandle gliding = world.stage->moveTo({500, 0}, Milliseconds{1'000});

@@ -17,6 +17,8 @@ public:
     /// The animation that looks from the frame's centre towards a place. nullopt: it is before the
     /// character's nose, or there is no such animation.
     [[nodiscard]] std::optional<std::uint32_t> towards(Place frame, Place target) const;
+    /// The animation that looks at the ground; nullopt: there is none.
+    [[nodiscard]] std::optional<std::uint32_t> down() const { return looks_[2][1]; }
 
 private:
     int width_;

@@ -38,8 +38,21 @@ Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
       queue_(events_) {}
 
 std::optional<std::uint32_t> Stage::lookAtPointer() const {
-    const auto pointer = surface_.pointer();
+    const auto pointer = curious_ ? surface_.pointer() : std::nullopt;
     return pointer ? glance_.towards(presence_.place(), *pointer) : std::nullopt;
+}
+
+/// A request, so that what the program has it say about its new place is said while it looks there.
+void Stage::lookAtGround() {
+    const bool free = queue_.empty() || (queue_.size() == 1 && queue_.running() == RequestKind::Play);
+    if (!curious_ || !free || !idle_.on() || performer_.still())
+        return;
+    const auto ground = surface_.ground();
+    auto look = ground ? glance_.towards(presence_.place(), *ground) : std::nullopt;
+    if (!look)
+        look = glance_.down();
+    if (look)
+        ask(RequestKind::Play, std::make_unique<PlayAct>(parts(), *look));
 }
 
 Stage::~Stage() {
@@ -202,6 +215,7 @@ void Stage::endDrag(const Pointer& pointer) {
     presence_.setDragged(false);
     presence_.reportMove(MoveCause::User);
     userShowsUp(event::DragCompleted{pointer});
+    lookAtGround();
 }
 
 void Stage::closeBalloon() {

@@ -91,6 +91,9 @@ public:
     /// While nothing is to move, the character comes, goes and changes its place and its pose at once, does
     /// not idle, and its mouth rests.
     void setStill(bool still);
+    /// Whether it looks by itself at what the user does: where his pointer is now and then, and at what he
+    /// has dropped it on. At first it does.
+    void setCurious(bool curious) { curious_ = curious; }
     void setSoundEffectsOn(bool on) { sounds_.setOn(on); }
     [[nodiscard]] bool soundEffectsOn() const { return sounds_.on(); }
     /// All animations, in the order of the character's file.
@@ -115,6 +118,7 @@ private:
     Wake carryOn(Moment now);
     [[nodiscard]] Haste haste() const;
     [[nodiscard]] std::optional<std::uint32_t> lookAtPointer() const;
+    void lookAtGround();
     void userShowsUp(Event event);
 
     std::shared_ptr<const CharacterData> character_;
@@ -133,6 +137,7 @@ private:
     IdleBehaviour idle_;
     std::optional<std::vector<SpeechSegment>> lastStatement_;
     RequestQueue queue_;
+    bool curious_ = true;
     Place grip_; ///< where the user holds the character, from its upper left corner
 };
 

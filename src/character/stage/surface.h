@@ -33,6 +33,10 @@ public:
 
     /// Where the mouse pointer is on the screen; nullopt: the desktop does not tell.
     [[nodiscard]] virtual std::optional<Place> pointer() const { return std::nullopt; }
+
+    /// The middle of the window on which the character's feet are; nullopt: they are on none, or the desktop
+    /// does not tell.
+    [[nodiscard]] virtual std::optional<Place> ground() const { return std::nullopt; }
 };
 
 } // namespace brovin::character

@@ -1,6 +1,7 @@
 #include "desktop/character/character_window.h"
 
 #include "desktop/character/opaque_region.h"
+#include "desktop/character/window_below.h"
 
 #include <QCloseEvent>
 #include <QCursor>
@@ -97,6 +98,13 @@ void CharacterWindow::blendingChanged() {
 std::optional<character::Place> CharacterWindow::pointer() const {
     const QPoint at = QCursor::pos();
     return character::Place{at.x(), at.y()};
+}
+
+std::optional<character::Place> CharacterWindow::ground() const {
+    const QRect standing = figure();
+    const auto window = windowBelow({standing.center().x(), standing.bottom()}, *this);
+    return window ? std::optional(character::Place{window->center().x(), window->center().y()})
+                  : std::nullopt;
 }
 
 void CharacterWindow::setPlace(character::Place place) {

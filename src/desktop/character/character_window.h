@@ -48,6 +48,7 @@ public:
     void setPlace(character::Place place) override;
     void setShown(character::Shown shown) override;
     [[nodiscard]] std::optional<character::Place> pointer() const override;
+    [[nodiscard]] std::optional<character::Place> ground() const override;
 
 protected:
     bool event(QEvent* event) override;

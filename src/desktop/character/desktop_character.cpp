@@ -45,6 +45,7 @@ DesktopCharacter::~DesktopCharacter() {
 void DesktopCharacter::setManners(const platform::Manners& manners) {
     driver_.setPaused(manners.paused);
     stage_.setStill(manners.still);
+    stage_.setCurious(manners.curious);
     balloon_.setReadOut(manners.readOut);
     if (audio_.setLoudness)
         audio_.setLoudness(manners.loudness);
