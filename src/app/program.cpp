@@ -111,6 +111,7 @@ void Program::Rooms::tieLanguage() {
         cleaner.statistics.showLastScanned();
         cleaner.nastyFiles.tellKnown();
         schedule.options.dtpWord_Change();
+        companion.size.nameSizes();
         companion.host.lstChars_Click();
         form.lstChars.renewCards();
         updates.tellWhoUpdates();

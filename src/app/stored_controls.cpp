@@ -31,6 +31,7 @@ constexpr StoredControl kControls[] = {
     {&setting::kForce, &FrmOptions::chkForce, Stores::Always, kGuidesScan},
     {&setting::kTrash, &FrmOptions::chkTrash, Stores::Always, kGuidesScan},
     {&setting::kLog, &FrmOptions::chkLog, Stores::Always, kGuidesScan},
+    {&setting::kCharacterSize, &FrmOptions::cmbSize, Stores::WhenLoaded},
     {&setting::kDude, &FrmOptions::chkDude, Stores::WhenLoaded, kGuidesScan},
     {&setting::kCallMe, &FrmOptions::txtUser, Stores::WhenLoaded},
     {&setting::kCheck, &FrmOptions::chkCheck},

@@ -15,15 +15,13 @@ using language::Message;
 using language::PhraseList;
 namespace setting = settings::setting;
 
-/// How far above the screen's lower edge a character stands that nobody has moved.
+/// How far above the screen's lower edge a character stands that nobody has moved: its upper edge; and, where
+/// the user wants it larger than the screen does, its lower edge.
 constexpr int kStandingRoom = 147;
+constexpr int kBelowFeet = 19;
 /// A character whose corner is farther out than this is fetched back when it is loaded.
 constexpr int kFarthestOut = -50;
 constexpr int kLeftButton = 1;
-
-int topAtFirst(const platform::Area& screen) {
-    return screen.top + screen.height - kStandingRoom;
-}
 
 } // namespace
 
@@ -72,7 +70,7 @@ void CharacterHost::place(platform::CharacterPlace& character) const {
     else if (const auto left = text::leadingInt16(*storedLeft))
         place.left = *left;
     if (!storedTop)
-        place.top = topAtFirst(screens.front());
+        place.top = topAtFirst(screens.front(), place.height);
     else if (const auto top = text::leadingInt16(*storedTop))
         place.top = *top;
     const platform::Area screen = screenUnder(place, screens);
@@ -81,9 +79,15 @@ void CharacterHost::place(platform::CharacterPlace& character) const {
     if (x > screen.width || x < kFarthestOut)
         place.left = screen.left;
     if (y > screen.height || y < kFarthestOut)
-        place.top = topAtFirst(screen);
+        place.top = topAtFirst(screen, place.height);
     place = onOneScreen(place, screens);
     character.put(place.left, place.top);
+}
+
+int CharacterHost::topAtFirst(const platform::Area& screen, int height) const {
+    const bool larger = needs_.pages.character.cmbSize.selected() > 0;
+    const int room = larger ? std::max(kStandingRoom, height + kBelowFeet) : kStandingRoom;
+    return screen.top + screen.height - room;
 }
 
 void CharacterHost::setVoice(platform::CharacterVoice& voice) const {
@@ -201,7 +205,7 @@ void CharacterHost::Agent1_DragComplete() {
     if (isLost(dropped, screens)) {
         const platform::Area& screen = screenUnder(dropped, screens);
         place.left = screen.left;
-        place.top = topAtFirst(screen);
+        place.top = topAtFirst(screen, place.height);
     }
     remember(place);
     if (place != dropped)

@@ -72,6 +72,7 @@ public:
 private:
     void unloadCharacter();
     void place(platform::CharacterPlace& character) const;
+    [[nodiscard]] int topAtFirst(const platform::Area& screen, int height) const;
     void setVoice(platform::CharacterVoice& voice) const;
     void fillAnimations();
     void nameLabels();

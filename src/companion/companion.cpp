@@ -7,6 +7,8 @@ using platform::CharacterClick;
 Companion::Companion(const CharacterHost::Pages& pages, const Needs& needs)
     : host({pages, needs.settings, needs.tables, needs.teller.actor, needs.teller.phrases, needs.service,
             needs.letters, needs.random}),
+      size({pages.character, pages.life, needs.settings, needs.tables.messageTable, needs.teller.actor,
+            needs.service}),
       commands({pages.speech, pages.reminders, needs.tables, needs.teller.actor, needs.teller.phrases,
                 needs.teller.announcer, needs.random}),
       quiet({pages.speech, needs.trayMenu, needs.settings, needs.teller.actor, needs.service,
@@ -43,6 +45,7 @@ Companion::~Companion() {
 
 void Companion::tie(ui::CharacterPage& page) {
     page.chkAgent.click = [this] { host.chkAgent_Click(); };
+    page.cmbSize.click = [this] { size.cmbSize_Click(); };
     page.lstChars.click = [this] { host.lstChars_Click(); };
     page.cmdCheckChars.click = [this] { host.cmdCheckChars_Click(); };
 }

@@ -3,6 +3,7 @@
 #include "companion/character_choice.h"
 #include "companion/character_host.h"
 #include "companion/character_menu.h"
+#include "companion/character_size.h"
 #include "companion/quiet.h"
 #include "companion/speech_commands.h"
 #include "companion/teller.h"
@@ -33,6 +34,7 @@ public:
     Companion& operator=(const Companion&) = delete;
 
     CharacterHost host;
+    CharacterSize size;
     SpeechCommands commands;
     Quiet quiet;
     WaitingNews news;

@@ -131,6 +131,7 @@ inline constexpr TextRow kTextRows[] = {
     {"menuVoice", "&Voice"},
     {"menuSounds", "Sou&nds"},
     {"menuPercent", "%1 %"},
+    {"sizeByScreen", "By the screen"},
     // The list of characters: why one cannot be had
     {"characterUnreadable", "This file cannot be read."},
     {"characterIsNone", "This file is not a character."},

@@ -141,6 +141,9 @@ public:
     /// All screens, the main one first. Empty: the machine has none at this moment.
     [[nodiscard]] virtual std::vector<Area> screens() const = 0;
     virtual void setMenu(const CharacterMenu& menu) = 0;
+    /// How large characters are: pixels of the screen for a hundred of their own; 0: as many as the screen's
+    /// scale makes of them. One that is loaded keeps its feet where they are.
+    virtual void setSize(int percent) = 0;
     /// At once, also for what is being said.
     virtual void setManners(const Manners& manners) = 0;
     virtual void setEvents(CharacterEvents events) = 0;

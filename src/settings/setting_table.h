@@ -21,6 +21,7 @@ inline constexpr Setting kAgentShow{"AgentShow", "True"};
 inline constexpr Setting kAgentX{"AgentX", "0"};
 inline constexpr Setting kAgentY{"AgentY", ""}; ///< missing: 147 pixels above the screen's lower edge
 inline constexpr Setting kAgent{"Agent", "1"};
+inline constexpr Setting kCharacterSize{"CharacterSize", "0"}; ///< entry of its list; 0: by the screen
 inline constexpr Setting kSpeechFreq{"SpeechFreq", "25"};
 inline constexpr Setting kDude{"Dude", "0"};
 inline constexpr Setting kDudeSex{"DudeSex", "0"};

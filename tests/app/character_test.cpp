@@ -183,5 +183,36 @@ TEST(Chatter, keepsItsFrequencyOverTenThousandTicks) {
     }
 }
 
+TEST(ProgramWithACharacter, growsWhereItStandsAndStaysOnTheScreen) {
+    const struct {
+        int entry;
+        int x;
+        int y; ///< before
+        platform::Area after;
+        const char* why;
+    } kCases[] = {
+        {1, 400, 300, {400, 300, 128, 128}, "as large as it is"},
+        {2, 400, 300, {368, 236, 192, 192}, "its feet stay"},
+        {3, 900, 10, {768, 0, 256, 256}, "moved onto the screen"},
+        {4, 0, 621, {0, 365, 384, 384}, "in the corner it stood beyond the edge"},
+    };
+    for (const auto& row : kCases) {
+        CharacterWorld world;
+        world.startUp();
+        world.character.put(row.x, row.y);
+        world.form.cmbSize.select(row.entry);
+        EXPECT_EQ(row.after, world.character.area()) << row.why;
+        EXPECT_EQ(std::to_string(row.after.top), world.settings.read("Settings", "AgentY")) << row.why;
+        CharacterWorld next(world.settings);
+        next.startUp();
+        EXPECT_EQ(row.after, next.character.area()) << row.why << ", and again at the next start";
+        EXPECT_EQ("By the screen", next.form.cmbSize.items().front().text);
+    }
+    CharacterWorld fresh;
+    fresh.settings.set("CharacterSize", "3");
+    fresh.startUp();
+    EXPECT_EQ(768 - 19, fresh.character.y + fresh.character.size) << "large ones stand where small ones do";
+}
+
 } // namespace
 } // namespace brovin::app

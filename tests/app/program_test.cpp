@@ -196,6 +196,7 @@ TEST(Program, startsWhateverIsWrittenInItsSettings) {
         {"CheckFreq", "4", "0", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 1},
         {"CheckFreq", "month", "0", [](const Form& f) { return std::to_string(f.cmbCheck.selected()); }, 0},
         {"DudeSex", "1e9", "0", [](const Form& f) { return std::to_string(f.cmbDudeSex.selected() > 0); }, 1},
+        {"CharacterSize", "5", "0", [](const Form& f) { return std::to_string(f.cmbSize.selected()); }, 1},
         {"SpeechFreq", "loud", "0", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 0},
         {"SpeechFreq", "40000", "25", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 1},
         {"SpeechFreq", "1000", "200", [](const Form& f) { return std::to_string(f.picSlide.value()); }, 0},

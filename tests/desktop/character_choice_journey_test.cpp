@@ -5,6 +5,7 @@
 #include "desktop/widgets/gallery_view.h"
 
 #include <QMessageBox>
+#include <QProcess>
 
 #include <limits>
 #include <map>
@@ -138,6 +139,21 @@ TEST(CharacterChoice, showsWhomThereIsToChoose) {
     world.choose("lstLang", "Deutsch");
     world.turnTo(3);
     EXPECT_TRUE(waitUntil([&] { return line("Peedy") == inLanguage(0x0407); })) << line("Peedy");
+}
+
+TEST(CharacterChoice, growsByTheKeyboard) {
+    CompanionWorld world;
+    world.open();
+    world.turnTo(3);
+    input({"key", "alt+z", "key", "Down", "Down", "Down"});
+    EXPECT_TRUE(waitUntil([&] { return world.stored("CharacterSize") == "3"; }));
+    QProcess xwininfo;
+    xwininfo.start("xwininfo", {"-id", QString::number(CompanionWorld::figure()->winId())});
+    xwininfo.waitForFinished(5000);
+    const QString told = xwininfo.readAllStandardOutput();
+    for (const char* const line : {"Width: 256\n", "Height: 256\n"})
+        EXPECT_TRUE(told.contains(line)) << told.toStdString();
+    Journey::takePicture("character-twice-as-large");
 }
 
 TEST(CharacterChoice, goesOnWhenTheFileOfItsCharacterIsLost) {

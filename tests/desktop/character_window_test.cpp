@@ -60,6 +60,32 @@ TEST(CharacterWindow, coversAndHearsItsShapeAlone) {
     EXPECT_TRUE(world.below.hasTheFocus());
 }
 
+TEST(CharacterWindow, isAsLargeAsTheUserWishes) {
+    CharacterWorld world;
+    constexpr QPoint kLow(450, 420);
+    world.showAt(kLow);
+    const auto* const window = CharacterWorld::window<CharacterWindow>();
+    for (const int percent : {200, 150, 300, 100, 200}) {
+        world.service->setSize(percent);
+        const QSize size = QSize(120, 120) * percent / 100;
+        const QPoint corner = kLow + QPoint(60, 120) - QPoint(size.width() / 2, size.height());
+        const platform::Area area = world.ring().place.area();
+        EXPECT_EQ(QRect(corner, size), QRect(area.left, area.top, area.width, area.height)) << percent;
+        EXPECT_TRUE(waitUntil([&] { return window->geometry() == QRect(corner, size); })) << percent;
+        letPass(200);
+        Journey::takePicture(QStringLiteral("character-%1").arg(percent));
+        const QImage screen = CharacterWorld::screen();
+        EXPECT_EQ(kRed, screen.pixelColor(corner + kOnRing * percent / 100)) << percent;
+        EXPECT_EQ(QColor(Qt::blue), screen.pixelColor(corner + kInHole * percent / 100)) << percent;
+        EXPECT_EQ(QColor(Qt::blue), screen.pixelColor(corner + kInCorner * percent / 100)) << percent;
+    }
+    const QPoint corner = window->place();
+    input(at(corner + 2 * kInHole) + QStringList{"click", "1"} + at(corner + 2 * kOnRing) +
+          QStringList{"click", "1"});
+    EXPECT_EQ((std::vector<QPoint>{corner + 2 * kInHole}), world.below.clicks);
+    EXPECT_EQ((Lines{pressed("click", 1, 0, corner + 2 * kOnRing)}), world.events);
+}
+
 TEST(CharacterWindow, liesOnTopAndOutsideOfTheTaskBar) {
     CharacterWorld world;
     for (const char* const time : {"at first", "when it comes back"}) {
@@ -183,11 +209,11 @@ TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {
         letPass(2600); // until most is said
         Journey::takePicture(QStringLiteral("balloon-") + name);
         const QRect room = QApplication::primaryScreen()->availableGeometry();
-        const QRect window(bubble->place(), bubble->size());
+        const QRect window = bubble->shape().boundingRect().translated(bubble->place());
         EXPECT_TRUE(room.contains(window)) << name;
         const QRect ring = CharacterWorld::window<CharacterWindow>()->figure();
         EXPECT_FALSE(window.intersects(ring)) << name;
-        EXPECT_TRUE(window.adjusted(-1, -1, 1, 1).intersects(ring.intersected(room)))
+        EXPECT_TRUE(window.adjusted(-3, -3, 3, 3).intersects(ring.intersected(room)))
             << name << ": it touches";
         EXPECT_GT(share(CharacterWorld::screen().copy(window), QColor(255, 255, 225)), 0.5) << name;
         EXPECT_GT(share(CharacterWorld::screen().copy(window), Qt::black), 0.02) << name << ": the text";

@@ -76,6 +76,11 @@ public:
     [[nodiscard]] std::vector<std::string> files() override { return installed; }
     [[nodiscard]] std::vector<platform::Area> screens() const override { return screenAreas; }
     void setMenu(const platform::CharacterMenu& captions) override { menu = captions; }
+    void setSize(int percent) override {
+        const int grown = 128 * std::max(percent, 100) / 100 - only.size;
+        only.put(only.x - grown / 2, only.y - grown); // its feet stay
+        only.size += grown;
+    }
     void setManners(const platform::Manners& wanted) override { manners = wanted; }
     void setEvents(platform::CharacterEvents tied) override { events = std::move(tied); }
     bool load(const std::string& id, const std::string& fileName) override {

@@ -32,9 +32,8 @@ Glance::Glance(const CharacterData& character) : width_(character.width), height
                 looks_[row][column] = found;
 }
 
-std::optional<std::uint32_t> Glance::towards(Place frame, Place target) const {
-    const int x = std::clamp(target.x, -0x10000, 0x10000) - frame.x - width_ / 2;
-    const int y = std::clamp(target.y, -0x10000, 0x10000) - frame.y - height_ / 2;
+std::optional<std::uint32_t> Glance::towards(Place way) const {
+    const auto [x, y] = way;
     if (std::abs(x) < width_ / 4 && std::abs(y) < height_ / 4)
         return std::nullopt;
     if (const auto slanting = looks_[third(y, x)][third(x, y)])

@@ -14,9 +14,9 @@ class Glance {
 public:
     explicit Glance(const CharacterData& character);
 
-    /// The animation that looks from the frame's centre towards a place. nullopt: it is before the
-    /// character's nose, or there is no such animation.
-    [[nodiscard]] std::optional<std::uint32_t> towards(Place frame, Place target) const;
+    /// The animation that looks this way from the frame's middle, in the frame's pixels. nullopt: what is
+    /// there is before the character's nose, or there is no such animation.
+    [[nodiscard]] std::optional<std::uint32_t> towards(Place way) const;
     /// The animation that looks at the ground; nullopt: there is none.
     [[nodiscard]] std::optional<std::uint32_t> down() const { return looks_[2][1]; }
 

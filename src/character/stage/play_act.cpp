@@ -32,9 +32,8 @@ RequestError PlayAct::begin() {
 }
 
 std::optional<std::uint32_t> PlayAct::gestureTowards(Place place) const {
-    const Place corner = parts_.presence.place();
-    const Place centre{corner.x + parts_.character.width / 2, corner.y + parts_.character.height / 2};
-    return parts_.situations.pick(gesturingTowards(directionTo(centre, place)), parts_.chance);
+    const Place way = parts_.presence.wayTo(place, parts_.character.width, parts_.character.height);
+    return parts_.situations.pick(gesturingTowards(directionTo({}, way)), parts_.chance);
 }
 
 } // namespace brovin::character

@@ -39,6 +39,14 @@ void Presence::put(Place place) {
     surface_.setPlace(place_);
 }
 
+Place Presence::wayTo(Place target, int width, int height) const {
+    const double scale = surface_.scale();
+    const auto along = [scale](int from, int to, int side) {
+        return static_cast<int>((std::clamp(to, -0x10000, 0x10000) - from) / scale) - side / 2;
+    };
+    return {along(place_.x, target.x, width), along(place_.y, target.y, height)};
+}
+
 void Presence::reportMove(MoveCause cause) {
     moveCause_ = cause;
     events_.add(event::Moved{place_, cause});

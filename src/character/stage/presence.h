@@ -19,6 +19,8 @@ public:
     [[nodiscard]] VisibilityCause visibilityCause() const { return visibilityCause_; }
 
     [[nodiscard]] Place place() const { return place_; }
+    /// The way from the middle of a frame of this size to a place, in the frame's pixels.
+    [[nodiscard]] Place wayTo(Place target, int width, int height) const;
     /// Moves without telling the program, as on the way to somewhere.
     void put(Place place);
     /// Tells the program that the character has moved.

@@ -37,9 +37,14 @@ Stage::Stage(std::shared_ptr<const CharacterData> character, const Needs& needs)
              playable(*character_, "idlingwinter")}),
       queue_(events_) {}
 
+std::optional<std::uint32_t> Stage::lookTowards(std::optional<Place> place) const {
+    if (!place)
+        return std::nullopt;
+    return glance_.towards(presence_.wayTo(*place, character_->width, character_->height));
+}
+
 std::optional<std::uint32_t> Stage::lookAtPointer() const {
-    const auto pointer = curious_ ? surface_.pointer() : std::nullopt;
-    return pointer ? glance_.towards(presence_.place(), *pointer) : std::nullopt;
+    return lookTowards(curious_ ? surface_.pointer() : std::nullopt);
 }
 
 /// A request, so that what the program has it say about its new place is said while it looks there.
@@ -47,8 +52,7 @@ void Stage::lookAtGround() {
     const bool free = queue_.empty() || (queue_.size() == 1 && queue_.running() == RequestKind::Play);
     if (!curious_ || !free || !idle_.on() || performer_.still())
         return;
-    const auto ground = surface_.ground();
-    auto look = ground ? glance_.towards(presence_.place(), *ground) : std::nullopt;
+    auto look = lookTowards(surface_.ground());
     if (!look)
         look = glance_.down();
     if (look)

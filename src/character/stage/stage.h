@@ -117,6 +117,7 @@ private:
     [[nodiscard]] StageParts parts();
     Wake carryOn(Moment now);
     [[nodiscard]] Haste haste() const;
+    [[nodiscard]] std::optional<std::uint32_t> lookTowards(std::optional<Place> place) const;
     [[nodiscard]] std::optional<std::uint32_t> lookAtPointer() const;
     void lookAtGround();
     void userShowsUp(Event event);

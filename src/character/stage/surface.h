@@ -31,6 +31,9 @@ public:
 
     virtual void setShown(Shown shown) = 0;
 
+    /// Pixels of the screen for one of the frame's.
+    [[nodiscard]] virtual double scale() const { return 1; }
+
     /// Where the mouse pointer is on the screen; nullopt: the desktop does not tell.
     [[nodiscard]] virtual std::optional<Place> pointer() const { return std::nullopt; }
 

@@ -8,15 +8,29 @@
 #include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScreen>
+#include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
 namespace brovin::desktop {
+namespace {
 
-CharacterWindow::CharacterWindow(const character::CharacterData& shown)
-    : images_(shown.images), painter_(shown, images_), hideAction_(menu_.addAction(QString())),
-      nextScreenAction_(menu_.addAction(QString())) {
-    setFixedSize(shown.width, shown.height);
+/// Of a screen on which nothing is to be larger than it was drawn.
+constexpr double kUsualDotsPerInch = 96;
+
+QImage viewOf(const character::Bitmap& bitmap) {
+    return {reinterpret_cast<const uchar*>(bitmap.pixels.data()), bitmap.width, bitmap.height,
+            QImage::Format_ARGB32_Premultiplied};
+}
+
+} // namespace
+
+CharacterWindow::CharacterWindow(const character::CharacterData& shown, int percent)
+    : images_(shown.images), painter_(shown, images_), frame_(shown.width, shown.height), percent_(percent),
+      hideAction_(menu_.addAction(QString())), nextScreenAction_(menu_.addAction(QString())) {
+    setFixedSize(wantedSize());
     QObject::connect(hideAction_, &QAction::triggered, this, [this] {
         if (stage_ != nullptr)
             stage_->hideByUser(character::VisibilityCause::UserHidByMenu);
@@ -68,8 +82,44 @@ void CharacterWindow::addEntries(QMenu& menu, const std::vector<platform::MenuEn
     }
 }
 
+void CharacterWindow::setPercent(int percent) {
+    percent_ = percent;
+    fit();
+}
+
+QSize CharacterWindow::wantedSize() const {
+    if (percent_ == 0)
+        return (QSizeF(frame_) * std::max(screen()->logicalDotsPerInch() / kUsualDotsPerInch, 1.0)).toSize();
+    const double most =
+        std::sqrt(static_cast<double>(character::kMostEnlargedPixels) / (frame_.width() * frame_.height()));
+    return (QSizeF(frame_) * std::min(percent_ / 100.0, most) / devicePixelRatioF()).toSize();
+}
+
+/// Behind a change of the size or of the screen.
+void CharacterWindow::fit() {
+    const QSize before = size();
+    const QSize after = wantedSize();
+    if (after != before) {
+        setFixedSize(after);
+        const QPoint feet((before.width() - after.width()) / 2, before.height() - after.height());
+        const QPoint to = place() + feet;
+        if (stage_ != nullptr)
+            stage_->setPlace({to.x(), to.y()}, character::MoveCause::Program);
+    }
+    if (picture_.isNull() || picture_.size() == pixels())
+        return;
+    drawPicture();
+    present(opaqueRegion(picture_));
+}
+
+double CharacterWindow::scale() const {
+    return static_cast<double>(width()) / frame_.width();
+}
+
 QRect CharacterWindow::figure() const {
-    return (opaque_.isEmpty() ? rect() : opaque_).translated(place());
+    const QRectF shown = shape().boundingRect();
+    const QRectF drawn(shown.topLeft() / devicePixelRatioF(), shown.size() / devicePixelRatioF());
+    return (shown.isEmpty() ? rect() : drawn.toAlignedRect() & rect()).translated(place());
 }
 
 void CharacterWindow::showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) {
@@ -78,16 +128,17 @@ void CharacterWindow::showFrame(const character::Frame& frame, const character::
     present(opaqueRegion(picture_));
 }
 
+/// What is larger than a frame may cost, or smaller than it was drawn, the toolkit scales.
 void CharacterWindow::drawPicture() {
-    picture_ = QImage(reinterpret_cast<const uchar*>(canvas_.pixels.data()), canvas_.width, canvas_.height,
-                      QImage::Format_ARGB32_Premultiplied);
-    opaque_ = opaqueRegion(picture_).boundingRect();
-    if (pixels() == picture_.size())
+    const QSize size = pixels();
+    const bool larger = size.width() >= frame_.width() && size.height() >= frame_.height();
+    if (!larger || std::size_t(size.width()) * std::size_t(size.height()) > character::kMostEnlargedPixels) {
+        picture_ = viewOf(canvas_).scaled(size);
         return;
-    const qreal factor = devicePixelRatio();
-    const bool whole = std::floor(factor) == factor;
-    picture_ = picture_.scaled(pixels(), Qt::IgnoreAspectRatio,
-                               whole || !blended() ? Qt::FastTransformation : Qt::SmoothTransformation);
+    }
+    const auto edges = blended() ? character::Enlarger::Edges::Blended : character::Enlarger::Edges::Cut;
+    picture_ = viewOf(enlarger_.enlarge(canvas_, {static_cast<std::uint16_t>(size.width()),
+                                                  static_cast<std::uint16_t>(size.height()), edges}));
 }
 
 void CharacterWindow::blendingChanged() {
@@ -129,14 +180,11 @@ bool CharacterWindow::event(QEvent* event) {
 void CharacterWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    if (picture_.size() != size()) {
-        painter.drawImage(rect(), picture_);
-        return;
-    }
+    painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF()); // to the screen's own pixels
     // In bands, because the toolkit shares out among threads what is in many pieces, as a figure's outline
     // is: that wakes two of them up for each frame, to do what takes less than the waking.
     constexpr int kBand = 16;
-    for (QRect band(0, 0, width(), kBand); band.top() < height(); band.translate(0, kBand))
+    for (QRect band(0, 0, picture_.width(), kBand); band.top() < picture_.height(); band.translate(0, kBand))
         painter.drawImage(band, picture_, band);
 }
 
@@ -163,6 +211,12 @@ void CharacterWindow::mouseReleaseEvent(QMouseEvent* event) {
         return;
     nextScreenAction_->setVisible(QGuiApplication::screens().size() > 1);
     menu_.popup(event->globalPosition().toPoint());
+}
+
+void CharacterWindow::showEvent(QShowEvent* event) {
+    QObject::connect(windowHandle(), &QWindow::screenChanged, this, &CharacterWindow::fit,
+                     Qt::UniqueConnection);
+    QWidget::showEvent(event);
 }
 
 void CharacterWindow::hideEvent(QHideEvent* event) {

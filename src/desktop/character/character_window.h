@@ -2,6 +2,7 @@
 
 #include "character/bitmap.h"
 #include "character/character_data.h"
+#include "character/enlarger.h"
 #include "character/image_store.h"
 #include "character/stage/surface.h"
 #include "desktop/character/character_mouse.h"
@@ -19,12 +20,11 @@
 
 namespace brovin::desktop {
 
-/// The character on the desktop. Its pixels are the screen's, or whole multiples of them on fine screens;
-/// only by a broken factor such as 1.5 are they blended.
+/// The character on the desktop, as large as it is drawn or larger: by the screen, or as the user wishes.
 class CharacterWindow final : public OverlayWindow, public character::Surface {
 public:
-    /// `shown` must outlive the window.
-    explicit CharacterWindow(const character::CharacterData& shown);
+    /// For `percent` see `setPercent`. `shown` must outlive the window.
+    CharacterWindow(const character::CharacterData& shown, int percent);
 
     /// Hands over to the stage what the user does, from here on until `detach`.
     void attach(character::Stage& stage);
@@ -32,6 +32,9 @@ public:
 
     void setHideCaption(const QString& caption) { hideAction_->setText(caption); }
     void setMenu(const platform::CharacterMenu& menu);
+    /// Pixels of the screen for a hundred of the frame's; 0: as many as the screen's scale makes of them. The
+    /// feet stay where they are.
+    void setPercent(int percent);
 
     /// Called when it has been moved.
     std::function<void()> moved;
@@ -47,6 +50,7 @@ public:
     void showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) override;
     void setPlace(character::Place place) override;
     void setShown(character::Shown shown) override;
+    [[nodiscard]] double scale() const override;
     [[nodiscard]] std::optional<character::Place> pointer() const override;
     [[nodiscard]] std::optional<character::Place> ground() const override;
 
@@ -57,20 +61,25 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
     void blendingChanged() override;
 
 private:
+    [[nodiscard]] QSize wantedSize() const;
+    void fit();
     void drawPicture();
     void addEntries(QMenu& menu, const std::vector<platform::MenuEntry>& entries);
 
     character::ImageStore images_;
     character::FramePainter painter_;
     character::Bitmap canvas_;
-    QImage picture_; ///< of the screen's pixels; a view of `canvas_` where those are as large
-    QRect opaque_;   ///< of the frame
+    character::Enlarger enlarger_;
+    QImage picture_; ///< of the screen's pixels; a view of `canvas_`, or of what the enlarger made of it
+    QSize frame_;
+    int percent_;
     QMenu menu_;
     QAction* hideAction_;
     QAction* nextScreenAction_; ///< only to be seen while there are several screens

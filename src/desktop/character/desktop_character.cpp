@@ -17,7 +17,7 @@ character::TimeOfYear timeOfYear() {
 } // namespace
 
 DesktopCharacter::DesktopCharacter(std::shared_ptr<const character::CharacterData> data, Needs needs)
-    : data_(std::move(data)), audio_(std::move(needs.audio)), window_(*data_),
+    : data_(std::move(data)), audio_(std::move(needs.audio)), window_(*data_, needs.percent),
       balloon_(data_->balloon.value_or(character::BalloonSettings{}), window_),
       stage_(data_, {.surface = window_,
                      .balloon = balloon_,
@@ -52,7 +52,7 @@ void DesktopCharacter::setManners(const platform::Manners& manners) {
 }
 
 platform::Area DesktopCharacter::area() const {
-    return {stage_.place().x, stage_.place().y, data_->width, data_->height};
+    return {stage_.place().x, stage_.place().y, window_.width(), window_.height()};
 }
 
 void DesktopCharacter::put(int left, int top) {

@@ -21,6 +21,7 @@ public:
     struct Needs {
         CharacterAudio audio;
         platform::Random& chance;
+        int percent = 0; ///< of the size; 0: by the screen
         std::function<void(character::Event)> tell;
         std::function<void()> nextScreen; ///< chosen in the menu
         CharacterWindow::Chosen chosen;   ///< of the rest of the menu
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] QRect frame() const { return {window_.place(), window_.size()}; }
     [[nodiscard]] QRect frameWithBalloon() const { return frame() | balloon_.reach(); }
     void setMenu(const platform::CharacterMenu& menu) { window_.setMenu(menu); }
+    void setSize(int percent) { window_.setPercent(percent); }
     void setManners(const platform::Manners& manners);
 
     [[nodiscard]] bool visible() const override { return stage_.visible(); }

@@ -36,6 +36,12 @@ void DesktopCharacterService::setMenu(const platform::CharacterMenu& menu) {
         character->setMenu(menu_);
 }
 
+void DesktopCharacterService::setSize(int percent) {
+    percent_ = percent;
+    for (const auto& [id, character] : characters_)
+        character->setSize(percent_);
+}
+
 void DesktopCharacterService::setManners(const platform::Manners& manners) {
     if (manners_ == manners)
         return;
@@ -59,7 +65,9 @@ bool DesktopCharacterService::load(const std::string& id, const std::string& fil
 void DesktopCharacterService::add(const std::string& id, character::CharacterData&& loaded) {
     auto data = std::make_shared<const character::CharacterData>(std::move(loaded));
     CharacterAudio audio = makeAudio_(data);
-    DesktopCharacter::Needs needs{std::move(audio), chance_,
+    DesktopCharacter::Needs needs{std::move(audio),
+                                  chance_,
+                                  percent_,
                                   [this, id](character::Event event) { delivery_.add(id, std::move(event)); },
                                   [this, id] {
                                       delivery_.add(id, [id](const platform::CharacterEvents& events) {

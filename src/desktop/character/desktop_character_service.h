@@ -35,6 +35,7 @@ public:
     [[nodiscard]] std::vector<std::string> files() override { return folder_.files(); }
     [[nodiscard]] std::vector<platform::Area> screens() const override;
     void setMenu(const platform::CharacterMenu& menu) override;
+    void setSize(int percent) override;
     void setManners(const platform::Manners& manners) override;
     /// What a window should keep clear of, for `placeBeside`.
     [[nodiscard]] QVector<QRect> company() const;
@@ -57,6 +58,7 @@ private:
     EventDelivery delivery_;
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;
+    int percent_ = 0; ///< of the size
     platform::Manners manners_;
     bool loading_ = false;
     QObject watch_; ///< over the screens; ends with the service

@@ -13,6 +13,8 @@ struct CharacterPage : virtual Form {
     Label lblChars{*this, "lblChars"};
     Gallery lstChars{*this, "lstChars"};
     Button cmdCheckChars{*this, "cmdCheckChars"};
+    Label lblSize{*this, "lblSize"};
+    ComboBox cmbSize{*this, "cmbSize"};
     Label lblUser{*this, "lblUser"};
     TextBox txtUser{*this, "txtUser"}; ///< what the phrases call the user; may be empty
     CheckBox chkDude{*this, "chkDude"};

@@ -21,7 +21,11 @@ QWidget* makeCharacterPage(ui::FrmOptions& form, QWidget* parent) {
     auto* characters = bound<GalleryView>(form.lstChars, page);
     layout->addWidget(labelFor(characters, form.lblChars, page));
     layout->addWidget(characters, 1);
-    layout->addLayout(row({bound<QPushButton>(form.cmdCheckChars, page)}));
+    auto* below = row({bound<QPushButton>(form.cmdCheckChars, page)});
+    auto* size = bound<QComboBox>(form.cmbSize, page);
+    below->addWidget(labelFor(size, form.lblSize, page));
+    below->addWidget(size);
+    layout->addLayout(below);
     auto* user = bound<QLineEdit>(form.txtUser, page);
     auto* naming = new QHBoxLayout;
     naming->addWidget(labelFor(user, form.lblUser, page));
