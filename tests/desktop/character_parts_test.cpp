@@ -54,6 +54,55 @@ TEST(BalloonPlacement, keepsOffWhatIsBeingWorkedWith) {
     EXPECT_EQ(BalloonSide::Above, side({400, 300, 100, 90}, kRoom)) << "all around";
 }
 
+TEST(BalloonPlacement, letsABubbleGrowWhereItsLinesBegin) {
+    constexpr QRect kFull(100, 200, 200, 60);
+    const struct {
+        const char* what;
+        BalloonSide side;
+        QPoint tip;
+        QRect before;
+        Qt::LayoutDirection lines;
+        QRect bubble;
+    } kCases[] = {
+        {"the first words", BalloonSide::Above, {200, 273}, {}, Qt::LeftToRight, {161, 240, 80, 20}},
+        {"the next", BalloonSide::Above, {200, 273}, {61, 40, 60, 20}, Qt::LeftToRight, {161, 240, 80, 20}},
+        {"to the left",
+         BalloonSide::Above,
+         {200, 273},
+         {61, 40, 60, 20},
+         Qt::RightToLeft,
+         {141, 240, 80, 20}},
+        {"no room left",
+         BalloonSide::Above,
+         {200, 273},
+         {150, 40, 50, 20},
+         Qt::LeftToRight,
+         {200, 240, 80, 20}},
+        {"the tip moves",
+         BalloonSide::Below,
+         {110, 186},
+         {61, 0, 60, 20},
+         Qt::LeftToRight,
+         {110, 200, 80, 20}},
+        {"beside the figure",
+         BalloonSide::Right,
+         {86, 230},
+         {40, 10, 60, 20},
+         Qt::LeftToRight,
+         {100, 211, 80, 20}},
+        {"and at its other side",
+         BalloonSide::Left,
+         {313, 230},
+         {0, 0, 60, 20},
+         Qt::LeftToRight,
+         {220, 211, 80, 20}},
+    };
+    for (const auto& [what, side, tip, before, lines, bubble] : kCases)
+        EXPECT_EQ(bubble, growingBubble({side, kFull, tip, {}}, {80, 20}, before, lines)) << what;
+    EXPECT_EQ(kFull,
+              growingBubble({BalloonSide::Above, kFull, {200, 273}, {}}, {300, 90}, {}, Qt::LeftToRight));
+}
+
 TEST(Company, isLeftInSightByAWindowThatComesUp) {
     constexpr QRect kRoom(0, 0, 1000, 700);
     const QRect figure(0, 550, 128, 128);

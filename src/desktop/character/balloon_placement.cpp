@@ -112,4 +112,29 @@ BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room, 
     return place;
 }
 
+QRect growingBubble(const BalloonPlace& full, QSize size, const QRect& before, Qt::LayoutDirection lines) {
+    const QRect& room = full.bubble;
+    QRect bubble({}, size.boundedTo(room.size()));
+    bubble.moveCenter(full.tip);
+    if (before.isValid()) {
+        bubble.moveTo(room.topLeft() + before.topLeft());
+        if (lines == Qt::RightToLeft)
+            bubble.moveRight(room.x() + before.right());
+    }
+    const auto meet = [](int at, int length, int tip) { return std::clamp(at, tip - length + 1, tip); };
+    if (full.side == BalloonSide::Above || full.side == BalloonSide::Below)
+        bubble.moveLeft(meet(bubble.x(), bubble.width(), full.tip.x()));
+    else
+        bubble.moveTop(meet(bubble.y(), bubble.height(), full.tip.y()));
+    if (full.side == BalloonSide::Above)
+        bubble.moveBottom(room.bottom());
+    else if (full.side == BalloonSide::Below)
+        bubble.moveTop(room.top());
+    else if (full.side == BalloonSide::Right)
+        bubble.moveLeft(room.left());
+    else
+        bubble.moveRight(room.right());
+    return movedInto(bubble, room);
+}
+
 } // namespace brovin::desktop

@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QRegion>
 #include <QSize>
+#include <Qt>
 
 #include <cstdint>
 
@@ -29,5 +30,11 @@ inline constexpr int kTipLength = 14;
 /// room it covers the figure, but never leaves `room` unless it is larger.
 [[nodiscard]] BalloonPlace placeBalloon(QSize bubble, const QRect& figure, const QRect& room,
                                         const QRegion& work);
+
+/// A bubble of this size in the place of the full one, for words that come one after another: at first in the
+/// middle above the tip, then the edge at which its lines begin stays where it was `before`, counted from the
+/// full bubble's corner, as far as it has room and meets the tip. An invalid `before`: there was none.
+[[nodiscard]] QRect growingBubble(const BalloonPlace& full, QSize size, const QRect& before,
+                                  Qt::LayoutDirection lines);
 
 } // namespace brovin::desktop

@@ -12,18 +12,17 @@
 namespace brovin::desktop {
 namespace {
 
-constexpr int kLeastFontPixels = 9; ///< what can still be read
 constexpr int kAround = 2 * kBubblePadding;
 
 QColor colour(const character::Colour& from) {
     return {from.red, from.green, from.blue};
 }
 
+/// The file's font in the size in which the user reads everything else.
 QFont fontOf(const character::BalloonSettings& settings) {
     QFont font;
     if (!settings.fontName.empty())
         font.setFamily(QString::fromStdString(settings.fontName));
-    font.setPixelSize(std::max<int>(settings.fontHeightPixels, kLeastFontPixels));
     font.setWeight(static_cast<QFont::Weight>(std::clamp<int>(settings.fontWeight, 1, 1000)));
     font.setItalic(settings.italic);
     return font;
@@ -69,6 +68,7 @@ QRegion windowsAtWork() {
 
 BalloonWindow::BalloonWindow(const character::BalloonSettings& settings, const CharacterWindow& speaker)
     : speaker_(speaker), charactersPerLine_(std::max<int>(settings.charactersPerLine, 1)),
+      grows_(settings.sizeToText),
       bubble_({colour(settings.text), colour(settings.background), colour(settings.border)}) {
     bubble_.setFont(fontOf(settings));
 }
@@ -88,6 +88,8 @@ int BalloonWindow::mostLines() const {
 }
 
 void BalloonWindow::beginStatement(const std::string& text) {
+    size_ = {};
+    bubbleBefore_ = {};
     if (readOut_)
         announcement_.announce(plainLine(text));
 }
@@ -102,9 +104,17 @@ void BalloonWindow::show(const character::BalloonPage& page) {
     const bool opens = !figure_;
     if (opens)
         figure_ = speaker_.figure().translated(-speaker_.place());
-    size_ = {page.width + kAround, height * bubble_.fontMetrics().lineSpacing() + kAround};
+    const int step = bubble_.fontMetrics().lineSpacing();
+    full_ = {page.width + kAround, height * step + kAround};
+    int widest = 2 * step;
+    for (const std::string& line : page.lines)
+        widest = std::max(widest, textWidth(line));
+    const int count = std::max(static_cast<int>(lines.size()), 1);
+    size_ = grows_ ? size_.expandedTo({widest + kAround, count * step + kAround}) : full_;
+    const Qt::LayoutDirection direction = directionOf(lines);
+    linesBegin_ = direction;
     follow();
-    bubble_.write(lines, directionOf(lines));
+    bubble_.write(lines, direction);
     if (opens)
         bubble_.appear();
 }
@@ -116,8 +126,13 @@ void BalloonWindow::hide() {
 }
 
 void BalloonWindow::follow() {
-    if (figure_)
-        bubble_.takeForm(placeBalloon(size_, figure_->translated(speaker_.place()), room(), windowsAtWork()));
+    if (!figure_)
+        return;
+    BalloonPlace place = placeBalloon(full_, figure_->translated(speaker_.place()), room(), windowsAtWork());
+    const QPoint corner = place.bubble.topLeft();
+    place.bubble = growingBubble(place, size_, bubbleBefore_, linesBegin_);
+    bubbleBefore_ = place.bubble.translated(-corner);
+    bubble_.takeForm(place);
 }
 
 QRect BalloonWindow::reach() const {

@@ -16,7 +16,7 @@
 namespace brovin::desktop {
 
 /// The word balloon of a character, in the character's colours and in its font, or the installed one that
-/// comes nearest.
+/// comes nearest, in the size of the desktop's letters. It begins as large as its first words and grows.
 class BalloonWindow final : public character::BalloonView {
 public:
     BalloonWindow(const character::BalloonSettings& settings, const CharacterWindow& speaker);
@@ -50,7 +50,11 @@ private:
     /// The speaker's picture in its frame when the balloon opened, so that the balloon does not dance with
     /// it; nullopt: the balloon is closed.
     std::optional<QRect> figure_;
-    QSize size_;
+    bool grows_;         ///< else it is as large at once as the file says
+    QSize full_;         ///< when all is said: the window has room for that from the beginning on
+    QSize size_;         ///< so far
+    QRect bubbleBefore_; ///< in the full one; invalid: a statement begins
+    Qt::LayoutDirection linesBegin_ = Qt::LeftToRight;
     bool readOut_ = false;
     Announcement announcement_;
     Bubble bubble_;
