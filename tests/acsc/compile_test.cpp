@@ -70,6 +70,13 @@ TEST(Example, compilesUnderItsOwnNameAndCanBeExported) {
     EXPECT_EQ(9, png.count("fcTL")) << "in and once round";
     EXPECT_EQ(8, png.count("fdAT"));
     EXPECT_EQ(1, run({QStringLiteral("--export"), file, QStringLiteral("Nothing"), picture}));
+
+    const QString sheet = folder.filePath(QStringLiteral("rest.png"));
+    ASSERT_EQ(0, run({QStringLiteral("--rest"), file, sheet, picture}));
+    const auto shown = contentOf(picture).count("fcTL"); // it blinks a few times, three pictures each
+    EXPECT_TRUE(shown >= 10 && shown <= 40) << shown;
+    EXPECT_EQ(QSize(16 * 34, (static_cast<int>(shown) + 15) / 16 * 44), QImage(sheet).size());
+    EXPECT_EQ(1, run({QStringLiteral("--rest"), file, sheet, picture, QStringLiteral("0")}));
 }
 
 TEST(Compile, leavesTheOldFileWhenTheSourceIsBad) {

@@ -2,6 +2,7 @@
 
 #include "acsc/drawing/edges.h"
 #include "acsc/drawing/moving_picture.h"
+#include "acsc/drawing/rest.h"
 #include "acsc/drawing/sheet.h"
 #include "acsc/drawing/silhouettes.h"
 #include "acsc/file/compile.h"
@@ -37,6 +38,8 @@ constexpr const char* kUsage =
     "  acsc --list FILE.acs                        tell what is in a character file\n"
     "  acsc --preview FILE.acs                     show it on the desktop, with all that it can do\n"
     "  acsc --export FILE.acs ANIMATION OUT.png    an animation as an animated PNG\n"
+    "  acsc --rest FILE.acs SHEET.png [FILM.png [MINUTE]]  what it does in a minute that nobody asks "
+    "anything\n"
     "  acsc --unpack FILE.acs FOLDER               take a character file apart into sources\n";
 
 int report(const Problems& problems) {
@@ -140,6 +143,15 @@ void exportFilm(const QStringList& arguments, Problems& problems) {
         exportAnimation(*data, arguments[2], arguments[3], problems);
 }
 
+void rest(const QStringList& arguments, Problems& problems) {
+    bool good = true;
+    const int minute = arguments.size() > 4 ? arguments[4].toInt(&good) : 1;
+    if (!good || minute < 1 || minute > 60)
+        problems.add(arguments[4], QStringLiteral("is not a minute of the first hour"));
+    else if (const auto data = load(arguments[1], problems))
+        writeRest(*data, minute, arguments[2], arguments.value(3), problems);
+}
+
 void example(const QStringList& arguments, Problems& problems) {
     writeExample(arguments[1], problems);
 }
@@ -154,7 +166,7 @@ const struct {
     {"--film", 4, 4, film},       {"--check", 2, 3, check},
     {"--edges", 2, 2, edges},     {"--list", 2, 2, list},
     {"--unpack", 3, 3, unpack},   {"--export", 4, 4, exportFilm},
-    {"--new", 2, 2, example},
+    {"--new", 2, 2, example},     {"--rest", 3, 5, rest},
 };
 
 } // namespace
