@@ -11,9 +11,8 @@ using MakeAudio = void (*)(const std::shared_ptr<const character::CharacterData>
                            CharacterAudio& audio);
 
 MakeAudio fromModule() {
-    static const std::string beside = posix::moduleFile(BROVIN_AUDIO_MODULE);
     static void* const module =
-        ::dlopen(beside.empty() ? BROVIN_AUDIO_MODULE : beside.c_str(), RTLD_NOW | RTLD_LOCAL);
+        ::dlopen(posix::moduleFile(BROVIN_AUDIO_MODULE).c_str(), RTLD_NOW | RTLD_LOCAL);
     return module == nullptr ? nullptr : reinterpret_cast<MakeAudio>(::dlsym(module, "brovinMakeAudio"));
 }
 

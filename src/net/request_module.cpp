@@ -1,6 +1,7 @@
 #include "net/request_module.h"
 
 #include "platform/reasons.h"
+#include "posix/places.h"
 
 #include <dlfcn.h>
 
@@ -8,7 +9,7 @@
 
 namespace brovin::net {
 
-RequestModule::RequestModule() : RequestModule(std::string(BROVIN_REQUESTS_MODULE)) {}
+RequestModule::RequestModule() : RequestModule(posix::moduleFile(BROVIN_REQUESTS_MODULE)) {}
 
 platform::Result<std::unique_ptr<WebRequest>> RequestModule::open(const platform::TransferRequest& request,
                                                                   const Patience& patience,

@@ -14,8 +14,7 @@ const platform::Failure kNotInstalled{ENOSYS, platform::reason::kNoHistory};
 } // namespace
 
 std::string HistoryModule::historyModuleFile() {
-    const std::string found = moduleFile(BROVIN_HISTORY_MODULE);
-    return found.empty() ? BROVIN_HISTORY_MODULE : found;
+    return moduleFile(BROVIN_HISTORY_MODULE);
 }
 
 platform::DeletionHistory* HistoryModule::loaded() {

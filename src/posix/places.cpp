@@ -117,7 +117,9 @@ std::string windowProgramFile() {
 }
 
 std::string moduleFile(const std::string& name) {
-    return besideExecutable({("modules/" + name).c_str(), ("../lib/brovin/" + name).c_str(), name.c_str()});
+    const std::string found =
+        besideExecutable({("modules/" + name).c_str(), ("../lib/brovin/" + name).c_str(), name.c_str()});
+    return found.empty() ? name : found;
 }
 
 std::string absolutePath(const std::string& path) {

@@ -34,7 +34,8 @@ struct Places {
 /// The executable with the windows; empty: it is not installed.
 [[nodiscard]] std::string windowProgramFile();
 
-/// A module that is installed with the program, by its name; "" when it is not beside it.
+/// A module that is installed with the program, by its name; the name alone, for the loader to find, when it
+/// is not beside it.
 [[nodiscard]] std::string moduleFile(const std::string& name);
 
 /// The path from the root that names what `path` names from here. It is kept as the user wrote it, except

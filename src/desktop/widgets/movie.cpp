@@ -1,5 +1,7 @@
 #include "desktop/widgets/movie.h"
 
+#include "posix/places.h"
+
 #include <QFile>
 
 #include <dlfcn.h>
@@ -11,7 +13,8 @@ using Decode = void (*)(const QString& path, Movie& movie);
 
 /// Null: the module, or a library that it needs, is not installed. Once loaded it stays.
 Decode decoder() {
-    static void* const module = ::dlopen(BROVIN_MOVIE_MODULE, RTLD_NOW | RTLD_LOCAL);
+    static void* const module =
+        ::dlopen(posix::moduleFile(BROVIN_MOVIE_MODULE).c_str(), RTLD_NOW | RTLD_LOCAL);
     return module == nullptr ? nullptr : reinterpret_cast<Decode>(::dlsym(module, "brovinDecodeMovie"));
 }
 
