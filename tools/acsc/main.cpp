@@ -26,7 +26,8 @@ int becomePreview(const char* file) {
     const auto own = std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
     for (const char* const place : {"../lib/brovin/acsc-preview", "acsc-preview"})
         ::execl((own / place).c_str(), "acsc-preview", file, nullptr);
-    std::fprintf(stderr, "acsc: the preview is not installed beside this program\n");
+    std::fprintf(stderr,
+                 "acsc: the preview is not installed; it comes with Brovin's window (brovin-desktop)\n");
     return 1;
 }
 
