@@ -30,7 +30,7 @@ packages_test=(
     libgtest-dev openssl strace
     debhelper dpkg-dev lintian libxml2-utils
     pulseaudio pulseaudio-utils
-    reuse systemd xsettingsd
+    fish reuse systemd xsettingsd zsh
 )
 # What makes packages of it, and judges them.
 packages_package=(

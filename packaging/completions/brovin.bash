@@ -12,7 +12,7 @@ _brovin() {
         mapfile -t COMPREPLY < <(compgen -W "thumbs.db ehthumbs.db .ds_store .apdisk .fseventsd .spotlight-v100" -- "$cur")
         return
         ;;
-    --check-language)
+    --check-language | --keep)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -f -- "$cur")
         return
