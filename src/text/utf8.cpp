@@ -3,11 +3,28 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 
 namespace brovin::text {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+
+/// What changes how other signs stand, or is itself not seen: two names could look alike, and "fdp.exe" like
+/// "exe.pdf". Unicode's categories Cf, Zl and Zp, its control characters and blank fillers.
+constexpr struct {
+    char32_t first, last;
+} kUnseen[] = {
+    {0x00, 0x1F},       {0x7F, 0x9F},       {0xAD, 0xAD},       {0x34F, 0x34F},   {0x61C, 0x61C},
+    {0x115F, 0x1160},   {0x17B4, 0x17B5},   {0x180B, 0x180F},   {0x200B, 0x200F}, {0x2028, 0x202E},
+    {0x2060, 0x206F},   {0x3164, 0x3164},   {0xFEFF, 0xFEFF},   {0xFFA0, 0xFFA0}, {0xFFF0, 0xFFFB},
+    {0x1BCA0, 0x1BCA3}, {0x1D173, 0x1D17A}, {0xE0000, 0xE0FFF},
+};
+
+bool isUnseen(char32_t c) {
+    return std::any_of(std::begin(kUnseen), std::end(kUnseen),
+                       [c](const auto& range) { return range.first <= c && c <= range.last; });
+}
 
 std::uint8_t byteAt(std::string_view text, std::size_t index) {
     return static_cast<std::uint8_t>(text[index]);
@@ -106,8 +123,7 @@ std::string displayText(std::string_view text) {
         if (text.empty())
             return shown;
         const Decoded next = decodeUtf8(text);
-        const bool control = next.codePoint < 0x20 || (next.codePoint >= 0x7F && next.codePoint < 0xA0);
-        appendUtf8(shown, next.valid && !control ? next.codePoint : kReplacement);
+        appendUtf8(shown, next.valid && !isUnseen(next.codePoint) ? next.codePoint : kReplacement);
         text.remove_prefix(next.bytes);
     }
 }

@@ -26,8 +26,8 @@ void appendUtf8(std::string& text, char32_t codePoint);
 
 [[nodiscard]] bool isUtf8(std::string_view text);
 
-/// The text with U+FFFD for each stray byte and each control character, for messages, logs and lists: a
-/// file's name cannot break a line or an encoding there.
+/// The text with U+FFFD for stray bytes, controls and what is unseen or turns directions, for messages, logs
+/// and lists: a file's name cannot break lines or look like another one there. Variation selectors stay.
 [[nodiscard]] std::string displayText(std::string_view text);
 
 /// How many characters, that is code points and stray bytes, a text has.

@@ -245,6 +245,22 @@ TEST(FolderSweep, showsNamesInLowerCaseAndWithoutControlCharacters) {
     EXPECT_EQ((Texts{"/d/Sub\nA/._B\nC\x1B\xFF"}), world.files.deleted) << "the disk's own bytes";
 }
 
+TEST(FolderSweep, showsAThousandBytesOfAPathAtMost) {
+    FolderSweepWorld world;
+    world.form.chkDotDash.setValue(1);
+    std::string path = "/d/";
+    for (int level = 0; level < 40; ++level)
+        path += std::string(254, 'x') + '/';
+    world.files.addFile(path + "._end");
+    world.run();
+    ASSERT_EQ(1U, world.log.lines.size());
+    EXPECT_LE(world.log.lines[0].size(), 1024U + 30U);
+    EXPECT_NE(std::string::npos, world.log.lines[0].find("x … x")) << world.log.lines[0];
+    EXPECT_TRUE(world.log.lines[0].ends_with("x/._end,%2)"));
+    EXPECT_LE(world.form.sbStatus.panel().size(), 1024U + 30U);
+    EXPECT_EQ((Texts{path + "._end"}), world.files.deleted);
+}
+
 TEST(FolderSweep, passesByFoldersThatItCannotReach) {
     const std::tuple<FileOperation, std::string, std::string, bool, std::string_view> cases[] = {
         {FileOperation::Open, "/d", "m64(/d/,%2)", false, "the top is gone"},

@@ -115,7 +115,10 @@ TEST(DisplayText, letsNoNameBreakALineOrAnEncoding) {
     EXPECT_EQ("a\uFFFDb\uFFFD", displayText("a\nb\xFF"));
     EXPECT_EQ("\uFFFD\uFFFD", displayText("\xC3\x1B")) << "a cut sequence takes only its own byte";
     EXPECT_EQ("\uFFFD", displayText("\xC2\x85")) << "next line, U+0085";
-    EXPECT_EQ("gr\u00fcn", displayText("gr\u00fcn"));
+    EXPECT_EQ("gr\u00fcn \u0645\u202F\u2764\uFE0F", displayText("gr\u00fcn \u0645\u202F\u2764\uFE0F"));
+    for (const char* unseen : {"\u00AD", "\u061C", "\u200B", "\u200D", "\u200F", "\u2028", "\u202A", "\u202E",
+                               "\u2066", "\u2069", "\uFEFF", "\u3164", "\U000E0041"})
+        EXPECT_EQ("a\uFFFDfdp.exe", displayText(std::string("a") + unseen + "fdp.exe")) << unseen;
 }
 
 TEST(CutInTheMiddle, countsCharactersAndKeepsBothEnds) {
