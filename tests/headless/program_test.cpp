@@ -80,6 +80,8 @@ TEST(Program, endsWithAStatusThatTellsWhy) {
          "exit $a",
          1, "totals could not be saved"},
         {"flock $HOME/.config/Brovin $scan --folder $HOME/Empty", 3, "another scan"},
+        {"flock $HOME/.config/Brovin env XDG_CONFIG_HOME=$HOME/other $scan --folder $HOME/Empty", 0,
+         "in 1 folder"},
         {"mkdir $HOME/bare; $brovin --scan --program-folder $HOME/bare --folder $HOME/Empty", 2,
          "language file"},
         {"$scan --folder $HOME/Empty", 0, "in 1 folder"},
