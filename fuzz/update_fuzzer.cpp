@@ -6,10 +6,12 @@
 #include "update/language_pack.h"
 #include "update/proof.h"
 
+#include <arpa/inet.h>
 #include <curl/curl.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +39,15 @@ std::string part(CURLU* url, CURLUPart which) {
     return copy;
 }
 
+/// The same text, or the same number of sixteen bytes in another form.
+bool sameHost(const std::string& one, const std::string& other) {
+    in6_addr first{};
+    in6_addr second{};
+    return one == other || (::inet_pton(AF_INET6, one.c_str(), &first) == 1 &&
+                            ::inet_pton(AF_INET6, other.c_str(), &second) == 1 &&
+                            std::memcmp(&first, &second, sizeof first) == 0);
+}
+
 /// An address that is trusted has to be the same one to what fetches it.
 void checkAddress(const std::string& url) {
     const auto address = addressOf(url);
@@ -54,7 +65,7 @@ void checkAddress(const std::string& url) {
         host = host.substr(1, host.size() - 2);
     const bool https = part(read.get(), CURLUPART_SCHEME) == "https";
     require(https == (address->scheme == Address::Scheme::Https));
-    require(host == address->host);
+    require(sameHost(host, address->host));
 }
 
 void checkStatement(std::string_view text) {

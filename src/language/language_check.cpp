@@ -58,6 +58,8 @@ constexpr Message kOneLine[] = {Message::LogEmptied,     Message::NeverScanned, 
                                 Message::LogScanSum,     Message::LogScanFinished, Message::LogNothingFound,
                                 Message::ScanningFolder, Message::LogFileDeleted,  Message::LogFolderDeleted};
 
+constexpr std::string_view kTextKeys = "text.";
+
 constexpr struct {
     std::string_view key;
     std::size_t pieces;
@@ -103,6 +105,11 @@ private:
     };
 
     void fault(std::size_t line, std::string text) { faults_.push_back({line, std::move(text)}); }
+    static std::string about(std::string_view key, std::string_view what) {
+        std::string text;
+        text.reserve(key.size() + what.size());
+        return text.append(key).append(what);
+    }
     /// The first entry of a key; null: there is none, or an empty one, which has been told.
     [[nodiscard]] const Entry* entryOf(std::string_view key) const {
         const auto found = entries_.find(key);
@@ -140,7 +147,7 @@ private:
         for (std::int32_t number = 0; number <= kLastMessage; ++number)
             known.insert(keyOf(Message{number}));
         for (const TextRow& row : kTextRows)
-            known.insert("text." + std::string(row.name));
+            known.insert(about(kTextKeys, row.name));
         for (const std::string& name : captionedControls())
             known.insert("lbl" + name);
         return known;
@@ -148,9 +155,10 @@ private:
 
     void keys() {
         static const auto known = knownKeys();
+        faults_.reserve(known.size()); // of a file that is not begun yet, all are
         for (const std::string& key : known)
             if (!entries_.contains(key))
-                fault(0, key + " is missing");
+                fault(0, about(key, " is missing"));
         for (const auto& [key, found] : entries_) {
             if (!known.contains(key))
                 fault(found.front().line, "nothing reads \"" + key + "\"");
@@ -240,9 +248,14 @@ private:
                 entry->value.find("\\n") != std::string::npos)
                 fault(entry->line, "this is one line of the log or of the status bar");
         }
-        for (const TextRow& row : kTextRows)
-            if (const Entry* entry = entryOf("text." + std::string(row.name)))
-                checkPlaces(*entry, places(row.english));
+        for (auto at = entries_.lower_bound(kTextKeys); at != entries_.end(); ++at) {
+            if (!at->first.starts_with(kTextKeys))
+                return;
+            const auto name = std::string_view(at->first).substr(kTextKeys.size());
+            const auto* const row = std::ranges::find(kTextRows, name, &TextRow::name);
+            if (row != std::end(kTextRows))
+                checkPlaces(at->second.front(), places(row->english));
+        }
     }
 
     void checkPlaces(const Entry& entry, const std::set<char>& expected) {

@@ -3,23 +3,23 @@
 #include "posix/system_call.h"
 
 #include <algorithm>
+#include <array>
 
 namespace brovin::posix {
 
 std::optional<std::string> readUpTo(const Descriptor& file, std::size_t limit) {
-    constexpr std::size_t kPiece = std::size_t{64} * 1024;
+    std::array<char, std::size_t{32} * 1024> piece; // NOLINT(*-member-init): filled by what is read
     std::string content;
     for (;;) {
-        const std::size_t size = content.size();
-        const std::size_t room = limit - size < kPiece ? limit - size + 1 : kPiece;
-        content.resize(size + room);
-        const ssize_t bytes =
-            uninterrupted([&] { return ::read(file.number(), content.data() + size, room); });
-        content.resize(size + static_cast<std::size_t>(std::max<ssize_t>(bytes, 0)));
-        if (bytes < 0 || content.size() > limit)
+        const std::size_t room = std::min(limit - content.size(), piece.size() - 1) + 1;
+        const ssize_t bytes = uninterrupted([&] { return ::read(file.number(), piece.data(), room); });
+        if (bytes < 0)
             return std::nullopt;
         if (bytes == 0)
             return content;
+        content.append(piece.data(), static_cast<std::size_t>(bytes));
+        if (content.size() > limit)
+            return std::nullopt;
     }
 }
 
