@@ -25,7 +25,7 @@ packages_bench=(
     nginx-light procps python3 wrk
 )
 packages_test=(
-    appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db
+    appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db python3-dbus
     clang clang-format clang-tidy libclang-rt-dev
     libgtest-dev openssl strace
     debhelper dpkg-dev lintian libxml2-utils
