@@ -1,7 +1,4 @@
-#include "app/program.h"
-
-#include "fakes/fake_machine.h"
-#include "fakes/test_language.h"
+#include "program_world.h"
 
 #include <gtest/gtest.h>
 
@@ -10,13 +7,12 @@
 namespace brovin::app {
 namespace {
 
-using fakes::FakeMachine;
 using platform::Button;
 using Texts = std::vector<std::string>;
 
 /// The whole program on a machine in memory that has two characters, with the settings of an earlier run.
-struct CharacterWorld : FakeMachine {
-    explicit CharacterWorld(const fakes::FakeSettingsStore& before = {}) {
+struct CharacterWorld : ProgramWorld {
+    explicit CharacterWorld(const fakes::FakeSettingsStore& before = {}) : ProgramWorld(false) {
         settings.values = before.values;
         folder.files["default.blp"] =
             fakes::testLanguage() + "languageid=1033\nspkHello=hello\nspkClick=ouch\nspkClickNoMore=enough\n"
@@ -35,11 +31,6 @@ struct CharacterWorld : FakeMachine {
         return characters.only.requests;
     }
     void startUp() { EXPECT_TRUE(program.Form_Load()); }
-    Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
-                     instance, scanLock, regional, letters, clock, random, pump},
-                    {"Brovin", 2, 7, 106},
-                    "/opt/brovin"};
-    ui::FrmOptions& form = program.frmOptions();
     fakes::FakeCharacter& character = characters.only;
 };
 

@@ -1,7 +1,4 @@
-#include "app/program.h"
-
-#include "fakes/fake_machine.h"
-#include "fakes/test_language.h"
+#include "program_world.h"
 #include "text/date_text.h"
 
 #include <gtest/gtest.h>
@@ -25,9 +22,14 @@ struct ToldSurroundings final : platform::Surroundings {
     void setChanged(std::function<void()> changed) override { tell = std::move(changed); }
 };
 
+/// A base, so that it is there before the program.
+struct SomeSurroundings {
+    ToldSurroundings around;
+};
+
 /// The running program at eight in the morning, with a character that stands on the left of two screens.
-struct QuietWorld : fakes::FakeMachine {
-    explicit QuietWorld(const fakes::FakeSettingsStore& before = {}) {
+struct QuietWorld : SomeSurroundings, ProgramWorld {
+    explicit QuietWorld(const fakes::FakeSettingsStore& before = {}) : ProgramWorld(false, &around) {
         settings.values = before.values;
         folder.files["default.blp"] = fakes::testLanguage() +
                                       "spkHello=hello\nspkRandomVisible=chat\nspkRandomHidden=boo\n"
@@ -54,12 +56,6 @@ struct QuietWorld : fakes::FakeMachine {
         platform::MenuEntry(characters.menu.more[menu].entries[entry]).chosen();
     }
 
-    ToldSurroundings around;
-    Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
-                     instance, scanLock, regional, letters, clock, random, pump, nullptr, &around},
-                    {"Brovin", 1, 0, 0},
-                    "/opt/brovin"};
-    ui::FrmOptions& form = program.frmOptions();
 };
 
 TEST(Companion, standsStillAndIsReadOutWhereTheUserWantsIt) {

@@ -1,7 +1,4 @@
-#include "app/program.h"
-
-#include "fakes/fake_machine.h"
-#include "fakes/test_language.h"
+#include "program_world.h"
 #include "text/date_text.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +6,6 @@
 namespace brovin::app {
 namespace {
 
-using fakes::FakeMachine;
 using std::chrono::days;
 using std::chrono::hours;
 using std::chrono::milliseconds;
@@ -21,9 +17,8 @@ platform::DateTime at(std::string_view iso) {
 }
 
 /// The running program, whose clock the test moves.
-struct SchedulerWorld : FakeMachine {
-    explicit SchedulerWorld(std::string_view start = "2026-11-21T08:00:00") {
-        folder.files["default.blp"] = fakes::testLanguage();
+struct SchedulerWorld : ProgramWorld {
+    explicit SchedulerWorld(std::string_view start = "2026-11-21T08:00:00") : ProgramWorld(false) {
         clock.time = at(start);
         program.Form_Load();
         form.chkUpdate.setValue(0);
@@ -35,11 +30,6 @@ struct SchedulerWorld : FakeMachine {
         clock.time = at(iso);
         form.Timer1.tick();
     }
-    Program program{{settings, files, landmarks, folder, dialogs, shell, tray, clipboard, characters, logOn,
-                     instance, scanLock, regional, letters, clock, random, pump},
-                    {"Brovin", 1, 0, 0},
-                    "/opt/brovin"};
-    ui::FrmOptions& form = program.frmOptions();
 };
 
 TEST(Reminder, comesOnceADayInItsMinute) {

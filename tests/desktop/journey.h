@@ -97,6 +97,17 @@ private:
     QTimer timer_;
 };
 
+/// The dialog or box that waits for an answer, if it is one of this kind.
+template <class Dialog>
+Dialog* openDialog() {
+    return qobject_cast<Dialog*>(QApplication::activeModalWidget());
+}
+
+/// Whether input reaches it. Null: no.
+inline bool shownAndReady(const QWidget* widget) {
+    return widget != nullptr && widget->isVisible() && widget->window()->isActiveWindow();
+}
+
 /// Sends input through the X server and comes back at once.
 inline void sendInput(const QStringList& arguments) {
     QProcess::startDetached(QStringLiteral("xdotool"), arguments);

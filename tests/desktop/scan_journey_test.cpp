@@ -1,71 +1,13 @@
-#include "desktop/desktop_world.h"
-#include "desktop/journey.h"
 #include "desktop/real_input.h"
+#include "desktop/scan_steps.h"
 
-#include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QCheckBox>
-#include <QFileDialog>
 #include <QImage>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMessageBox>
-
-#include <filesystem>
-#include <fstream>
 
 namespace brovin::tests {
 namespace {
-
-template <class Dialog>
-Dialog* openDialog() {
-    return qobject_cast<Dialog*>(QApplication::activeModalWidget());
-}
-
-bool shownAndReady(const QWidget* widget) {
-    return widget != nullptr && widget->isVisible() && widget->window()->isActiveWindow();
-}
-
-/// Presses "add", types the answer into the dialog that comes and confirms it with Enter.
-template <class Dialog>
-void add(Journey& journey, const DesktopWorld& world, const char* button, const QString& text) {
-    journey.then(
-        "the button to add", [&world, button] { return shownAndReady(world.widget(button)); },
-        [&world, button] { click(world.widget(button)); });
-    journey.then(
-        "the dialog", [] { return shownAndReady(openDialog<Dialog>()); }, [text] { typeText(text, true); });
-    journey.then(
-        "the dialog's end", [] { return openDialog<Dialog>() == nullptr; }, nullptr);
-}
-
-/// From the window's coming to the click on "Scan NOW".
-void scanTheShare(Journey& journey, const DesktopWorld& world) {
-    journey.then(
-        "the window", [&world] { return world.program->window().isActiveWindow(); }, nullptr);
-    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
-    journey.then(
-        "the button", [&world] { return shownAndReady(world.widget("cmdNuke")); },
-        [&world] { click(world.widget("cmdNuke")); });
-}
-
-void closeMessage(Journey& journey, const QString& picture,
-                  const std::function<void(const QString&)>& check) {
-    journey.then(
-        "the message",
-        [] {
-            const auto* box = openDialog<QMessageBox>(); // a question before it has no OK button
-            return shownAndReady(box) && box->button(QMessageBox::Ok) != nullptr;
-        },
-        [picture, check] {
-            check(openDialog<QMessageBox>()->text());
-            Journey::takePicture(picture);
-            click(openDialog<QMessageBox>()->button(QMessageBox::Ok));
-        });
-    journey.then(
-        "the message's end", [] { return openDialog<QMessageBox>() == nullptr; }, nullptr);
-}
 
 /// A window beside the options window, by its name.
 template <class Widget = QWidget>
@@ -245,34 +187,6 @@ TEST(ScanJourney, cleansAFolderByRealClicks) {
     EXPECT_EQ(QByteArray(48, '-'), lines[8]) << "the second run";
 }
 
-TEST(ScanJourney, reachesAFolderThatNoPickerShows) {
-    DesktopWorld world;
-    world.makeFile("Share/plain/Thumbs.db");
-    const std::string odd = world.path("Share").toStdString() + "/caf\xE9";
-    std::filesystem::create_directories(odd);
-    std::ofstream(odd + "/Thumbs.db") << "x";
-    world.start();
-    world.form().lstFiles.setItems({{"thumbs.db", 0}});
-    world.form().mPopRestore.click();
-
-    Journey journey;
-    add<QFileDialog>(journey, world, "cmdAddFolder", world.path("Share"));
-    journey.then(
-        "the list of folders", [] { return shownAndReady(openDialog<QInputDialog>()); },
-        [] {
-            Journey::takePicture("unshown-folders");
-            pressKeys({"Down", "Return"});
-        });
-    journey.then(
-        "the folder in the list", [&world] { return world.form().lstFolders.count() == 1; },
-        [&world] { click(world.widget("cmdNuke")); });
-    closeMessage(journey, "unshown-folders-result", [](const QString& /*text*/) {});
-    journey.run();
-    EXPECT_FALSE(std::filesystem::exists(odd + "/Thumbs.db"));
-    EXPECT_TRUE(std::filesystem::remove(odd)) << "the toolkit cannot tidy it up either";
-    EXPECT_TRUE(world.exists("Share/plain/Thumbs.db"));
-}
-
 TEST(ScanJourney, asksOnTopOfAWindowThatStaysAlive) {
     DesktopWorld world;
     world.makeFile("Share/Thumbs.db");
@@ -354,51 +268,6 @@ TEST(ScanJourney, showsHowFarItIsAndStopsByItsButton) {
     EXPECT_TRUE(lines[lines.size() - 2].startsWith("Scan finished at ")) << "the closing lines";
     EXPECT_TRUE(lines[lines.size() - 3].startsWith("Items deleted: " + QByteArray::number(gone)));
     EXPECT_TRUE(world.program->window().windowTitle().contains(QString(" - %1 (").arg(gone)));
-}
-
-TEST(ScanJourney, suggestsNamesForAnEmptyList) {
-    DesktopWorld world;
-    world.start();
-    world.form().mPopRestore.click();
-    const auto box = [&world](const char* name) {
-        return world.program->window().findChild<QWidget*>(QLatin1String("chk") + name);
-    };
-    Journey journey;
-    journey.then(
-        "the window", [&world] { return world.program->window().isActiveWindow(); },
-        [&world] { click(world.widget("imgTabs1")); });
-    journey.then(
-        "the button", [&world] { return shownAndReady(world.widget("cmdStarter")); },
-        [&world] {
-            Journey::takePicture("no-names");
-            click(world.widget("cmdStarter"));
-        });
-    journey.then(
-        "the suggestions", [&box] { return shownAndReady(box("desktop.ini")); },
-        [&box] {
-            Journey::takePicture("starter-names");
-            const QWidget* caution = box("desktop.ini");
-            clickAt(caution->mapToGlobal(QPoint(10, caution->height() / 2)));
-        });
-    journey.then(
-        "the tick", [&box] { return qobject_cast<QCheckBox*>(box("desktop.ini"))->isChecked(); },
-        [&world] { click(world.widget("cmdAddThese")); });
-    journey.then(
-        "the names on the list", [&world] { return world.form().lstFiles.count() > 5; },
-        [&world] {
-            const auto* list = qobject_cast<QListWidget*>(world.widget("lstFiles"));
-            clickAt(list->viewport()->mapToGlobal(list->visualItemRect(list->item(0)).center()));
-        });
-    journey.then(
-        "what is known of the first one", [&world] { return world.form().lstFiles.selected() == 0; },
-        [&world] {
-            letPass(100);
-            Journey::takePicture("known-name");
-            const auto* known = qobject_cast<QLabel*>(world.widget("sbKnown"));
-            EXPECT_TRUE(known->text().contains("Finder")) << known->text().toStdString();
-        });
-    journey.run();
-    EXPECT_EQ(nullptr, box("desktop.ini")) << "its window is gone";
 }
 
 } // namespace
