@@ -1,6 +1,6 @@
 #include "desktop/character/compositor.h"
 
-#include "desktop/character/x11_desktop.h"
+#include "desktop/x11/x11_desktop.h"
 
 #include <QGuiApplication>
 

@@ -1,6 +1,6 @@
 #include "desktop/character/cut_out.h"
 
-#include "desktop/character/x11_desktop.h"
+#include "desktop/x11/x11_desktop.h"
 
 #include <xcb/shape.h>
 

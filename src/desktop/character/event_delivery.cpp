@@ -11,7 +11,7 @@ namespace {
 using platform::CharacterClick;
 using platform::CharacterEvents;
 
-constexpr std::chrono::milliseconds kAskAgain{250}; ///< whether events that are held can be let go
+constexpr std::chrono::milliseconds kAskForEvents{250}; ///< whether events that are held can be let go
 
 template <class... Fs>
 struct Overloaded : Fs... {
@@ -71,7 +71,7 @@ void EventDelivery::deliver() {
     }
     delivering_ = false;
     if (!waiting_.empty())
-        timer_.start(kAskAgain);
+        timer_.start(kAskForEvents);
 }
 
 } // namespace brovin::desktop

@@ -1,7 +1,7 @@
 #include "desktop/character/overlay_window.h"
 
 #include "desktop/character/cut_out.h"
-#include "desktop/character/x11_desktop.h"
+#include "desktop/x11/x11_desktop.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -48,7 +48,10 @@ void OverlayWindow::appear() {
         return;
     move(place_ + QPoint(1, 0));
     show();
-    keepOnTopAndOffTaskBar(*this);
+    // Said before it is shown, a window manager that is still busy with the window's last disappearance would
+    // take it for old and forget it.
+    askForWindowStates(*windowHandle(),
+                       {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
     move(place_);
     raise();
 }

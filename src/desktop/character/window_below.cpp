@@ -1,7 +1,7 @@
 #include "desktop/character/window_below.h"
 
 #include "desktop/character/overlay_window.h"
-#include "desktop/character/x11_desktop.h"
+#include "desktop/x11/x11_desktop.h"
 
 #include <QScreen>
 

@@ -1,31 +1,20 @@
 #include "desktop/machine/full_screen_watch.h"
 
+#include "desktop/x11/x11_desktop.h"
+
 #include <QGuiApplication>
 #include <QWindow>
 
 #include <xcb/xcb.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
 #include <span>
-#include <string_view>
 
 namespace brovin::desktop {
 namespace {
 
-template <class T>
-using ServerReply = std::unique_ptr<T, decltype(&std::free)>;
-
-xcb_atom_t atomNamed(xcb_connection_t* server, std::string_view name) {
-    const auto asked = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const ServerReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, asked, nullptr),
-                                                     &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
-ServerReply<xcb_get_property_reply_t> property(xcb_connection_t* server, xcb_window_t window, xcb_atom_t name,
-                                               xcb_atom_t type) {
+X11Reply<xcb_get_property_reply_t> property(xcb_connection_t* server, xcb_window_t window, xcb_atom_t name,
+                                            xcb_atom_t type) {
     constexpr std::uint32_t kMost = 64; // items; there are 13 states, and room for those of others
     const auto asked = xcb_get_property(server, 0, window, name, type, 0, kMost);
     return {xcb_get_property_reply(server, asked, nullptr), &std::free};
@@ -49,14 +38,13 @@ bool isOurs(xcb_window_t window) {
 } // namespace
 
 FullScreenWatch::FullScreenWatch() {
-    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr)
+    server_ = x11Connection();
+    if (server_ == nullptr)
         return;
-    server_ = x11->connection();
-    root_ = xcb_setup_roots_iterator(xcb_get_setup(server_)).data->root;
-    activeWindowAtom_ = atomNamed(server_, "_NET_ACTIVE_WINDOW");
-    stateAtom_ = atomNamed(server_, "_NET_WM_STATE");
-    fullScreenAtom_ = atomNamed(server_, "_NET_WM_STATE_FULLSCREEN");
+    root_ = x11Root();
+    activeWindowAtom_ = x11Atom("_NET_ACTIVE_WINDOW");
+    stateAtom_ = x11Atom("_NET_WM_STATE");
+    fullScreenAtom_ = x11Atom("_NET_WM_STATE_FULLSCREEN");
     qGuiApp->installNativeEventFilter(this); // the toolkit hears of the root window's properties itself
     look();
 }
@@ -118,9 +106,9 @@ bool FullScreenWatch::isFullScreen(Window window) const {
 std::optional<platform::Area> FullScreenWatch::placeOf(Window window) const {
     const auto askedSize = xcb_get_geometry(server_, window);
     const auto askedPlace = xcb_translate_coordinates(server_, window, root_, 0, 0);
-    const ServerReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server_, askedSize, nullptr),
-                                                     &std::free);
-    const ServerReply<xcb_translate_coordinates_reply_t> place(
+    const X11Reply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server_, askedSize, nullptr),
+                                                  &std::free);
+    const X11Reply<xcb_translate_coordinates_reply_t> place(
         xcb_translate_coordinates_reply(server_, askedPlace, nullptr), &std::free);
     if (!size || !place)
         return std::nullopt;

@@ -1,24 +1,15 @@
 #include "desktop/machine/x_settings.h"
 
+#include "desktop/x11/x11_desktop.h"
+
 #include <QGuiApplication>
 
 #include <xcb/xcb.h>
 
 #include <cstddef>
-#include <cstdlib>
-#include <memory>
 
 namespace brovin::desktop {
 namespace {
-
-template <class T>
-using XReply = std::unique_ptr<T, decltype(&std::free)>;
-
-xcb_atom_t xAtom(xcb_connection_t* server, std::string_view name) {
-    const auto asked = xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const XReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server, asked, nullptr), &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 /// Reads on through bytes of either order; once they have ended too early, everything is 0.
 class SettingBytes {
@@ -85,14 +76,13 @@ std::optional<std::int32_t> numberInXSettings(std::span<const std::uint8_t> sett
 }
 
 XSettings::XSettings() {
-    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr)
+    server_ = x11Connection();
+    if (server_ == nullptr)
         return;
-    server_ = x11->connection();
-    root_ = xcb_setup_roots_iterator(xcb_get_setup(server_)).data->root;
-    ownerAtom_ = xAtom(server_, "_XSETTINGS_S0");
-    settingsAtom_ = xAtom(server_, "_XSETTINGS_SETTINGS");
-    managerAtom_ = xAtom(server_, "MANAGER");
+    root_ = x11Root();
+    ownerAtom_ = x11Atom("_XSETTINGS_S0");
+    settingsAtom_ = x11Atom("_XSETTINGS_SETTINGS");
+    managerAtom_ = x11Atom("MANAGER");
     qGuiApp->installNativeEventFilter(this); // the toolkit hears of new managers itself
     follow();
 }
@@ -105,7 +95,7 @@ XSettings::~XSettings() {
 /// The toolkit may follow the same window for its own purposes, with the same wishes.
 void XSettings::follow() {
     const auto asked = xcb_get_selection_owner(server_, ownerAtom_);
-    const XReply<xcb_get_selection_owner_reply_t> reply(
+    const X11Reply<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(server_, asked, nullptr), &std::free);
     owner_ = reply ? reply->owner : 0;
     const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -121,7 +111,8 @@ std::optional<std::int32_t> XSettings::number(std::string_view name) const {
     constexpr std::uint32_t kMost = 1U << 16; // words; desktops have a few hundred
     const auto asked =
         xcb_get_property(server_, 0, owner_, settingsAtom_, XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
-    const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server_, asked, nullptr), &std::free);
+    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server_, asked, nullptr),
+                                                   &std::free);
     if (!reply || reply->format != 8)
         return std::nullopt;
     return numberInXSettings({static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get())),
