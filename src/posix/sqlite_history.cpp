@@ -23,7 +23,7 @@ using platform::ScoreBy;
 using platform::Status;
 
 /// How long somebody else's writing is waited for, in milliseconds. Nobody writes for longer than a moment.
-constexpr int kPatience = 500;
+constexpr int kBusyPatience = 500;
 
 Failure failureOf(sqlite3* opened) {
     return {sqlite3_extended_errcode(opened), sqlite3_errmsg(opened)};
@@ -107,7 +107,7 @@ void SqliteHistory::Close::operator()(sqlite3* opened) const {
 }
 
 Status SqliteHistory::prepare(sqlite3* opened) const {
-    sqlite3_busy_timeout(opened, kPatience);
+    sqlite3_busy_timeout(opened, kBusyPatience);
     Statement check(opened, "PRAGMA quick_check(1)");
     if (check.step() != SQLITE_ROW)
         return failureOf(opened);

@@ -2,14 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 
 namespace brovin::character {
 namespace {
 
 using enum Mouth;
-
-constexpr std::size_t kOpenMouths = kMouthCount - 1;
 
 /// By mouth position: itself and then the other open ones, the most similar first.
 constexpr std::array<std::array<Mouth, kOpenMouths>, kOpenMouths> kNearest = {{

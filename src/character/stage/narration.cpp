@@ -1,5 +1,6 @@
 #include "character/stage/narration.h"
 
+#include "character/stage/mouth_overlay.h"
 #include "character/stage/mouth_shapes.h"
 
 #include <utility>
@@ -13,8 +14,6 @@ constexpr std::size_t kMouthSpread = 41; // ms, so that the longest is 120
 
 /// The part of a word's time in which the mouth moves; then it is closed, to tell the words apart.
 constexpr int kMovingQuarters = 3;
-
-constexpr std::size_t kOpenMouths = kMouthCount - 1;
 
 } // namespace
 

@@ -11,7 +11,7 @@ namespace brovin::desktop {
 namespace {
 
 constexpr qreal kMargin = 12;
-constexpr qreal kGap = 4;
+constexpr qreal kTextGap = 4;
 
 qint64 mostOf(const QVector<ScoreBar>& bars) {
     qint64 most = 1;
@@ -72,8 +72,8 @@ void ScorePicture::paintUpright(QPainter& painter, const QRectF& room) const {
     if (shown.isEmpty())
         return;
     const qreal step = std::min(kMost, room.width() / static_cast<qreal>(shown.size()));
-    const qreal floor = room.bottom() - line - kGap;
-    const qreal height = floor - room.top() - line - kGap;
+    const qreal floor = room.bottom() - line - kTextGap;
+    const qreal height = floor - room.top() - line - kTextGap;
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawLine(QPointF(room.left(), floor), QPointF(room.right(), floor));
     painter.setPen(palette().color(QPalette::Text));
@@ -85,14 +85,14 @@ void ScorePicture::paintUpright(QPainter& painter, const QRectF& room) const {
         painter.fillRect(QRectF(left + 1, floor - tall, step - 2, tall),
                          palette().color(QPalette::Highlight));
         const QRectF above(left - step, floor - tall - line - 1, 3 * step, line);
-        if (bar.items > 0 && painter.fontMetrics().horizontalAdvance(bar.number) <= step + kGap)
+        if (bar.items > 0 && painter.fontMetrics().horizontalAdvance(bar.number) <= step + kTextGap)
             painter.drawText(above, Qt::AlignHCenter | Qt::AlignBottom, bar.number);
         const qreal wide = painter.fontMetrics().horizontalAdvance(bar.label) + 1;
         const qreal at = std::max(room.left(), std::min(left + (step - wide) / 2, room.right() - wide));
         if (at + wide > free)
             continue;
-        painter.drawText(QRectF(at, floor + kGap, wide, line), Qt::AlignHCenter, bar.label);
-        free = at - 3 * kGap;
+        painter.drawText(QRectF(at, floor + kTextGap, wide, line), Qt::AlignHCenter, bar.label);
+        free = at - 3 * kTextGap;
     }
 }
 
@@ -108,8 +108,8 @@ void ScorePicture::paintLying(QPainter& painter, const QRectF& room) const {
         numbers = std::max<qreal>(numbers, painter.fontMetrics().horizontalAdvance(bar.number));
     }
     labels = std::min(labels, room.width() * 0.4);
-    const qreal left = room.left() + labels + 2 * kGap;
-    const qreal width = room.right() - left - numbers - 2 * kGap;
+    const qreal left = room.left() + labels + 2 * kTextGap;
+    const qreal width = room.right() - left - numbers - 2 * kTextGap;
     for (qsizetype i = 0; i < shown.size(); ++i) {
         const ScoreBar& bar = shown[i];
         const qreal top = room.top() + static_cast<qreal>(i) * step;
@@ -121,7 +121,7 @@ void ScorePicture::paintLying(QPainter& painter, const QRectF& room) const {
             painter.fontMetrics().elidedText(bar.label, Qt::ElideMiddle, static_cast<int>(labels) + 1);
         painter.drawText(QRectF(room.left(), top, labels + 1, step), Qt::AlignRight | Qt::AlignVCenter,
                          label);
-        painter.drawText(QRectF(left + length + kGap, top, numbers + kGap, step),
+        painter.drawText(QRectF(left + length + kTextGap, top, numbers + kTextGap, step),
                          Qt::AlignLeft | Qt::AlignVCenter, bar.number);
     }
 }

@@ -19,7 +19,7 @@ using platform::Failure;
 using platform::TransferState;
 
 namespace {
-constexpr int kEnding = -1; ///< what an event loop says that is begun after the program was told to end
+constexpr int kLoopRefused = -1; ///< what an event loop says that is begun after the program was told to end
 }
 
 bool WakeUp::event(QEvent* event) {
@@ -68,7 +68,7 @@ void CurlTransfer::announce() {
 bool CurlTransfer::wait() {
     QEventLoop loop;
     QEventLoop* const outer = std::exchange(loop_, &loop);
-    const bool goesOn = loop.exec() != kEnding;
+    const bool goesOn = loop.exec() != kLoopRefused;
     loop_ = outer;
     if (outer != nullptr)
         outer->quit();
