@@ -55,7 +55,6 @@ struct QuietWorld : SomeSurroundings, ProgramWorld {
     void chooseBelow(std::size_t menu, std::size_t entry) {
         platform::MenuEntry(characters.menu.more[menu].entries[entry]).chosen();
     }
-
 };
 
 TEST(Companion, standsStillAndIsReadOutWhereTheUserWantsIt) {
