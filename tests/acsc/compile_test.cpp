@@ -95,11 +95,11 @@ TEST(Compile, keepsTheOrderOfTheFiles) {
     std::vector<std::string> names;
     for (const Animation& one : data.animations)
         names.push_back(one.name);
-    EXPECT_EQ((std::vector<std::string>{"Show", "RestPose", "Wave", "Blink", "Hop"}), names);
+    EXPECT_EQ((std::vector<std::string>{"Show", "RestPose", "Wave", "Blink", "Hop", "Hide"}), names);
     ASSERT_EQ(2U, data.info.size());
     EXPECT_EQ("Punkt", data.info[1].name);
     EXPECT_EQ(0x0407, data.info[1].language);
-    ASSERT_EQ(3U, data.states.size());
+    ASSERT_EQ(4U, data.states.size());
     EXPECT_EQ(std::vector<std::uint32_t>{1}, data.states[1].animations);
 }
 
@@ -122,7 +122,7 @@ TEST(Compile, leadsFromEveryFrameBackToNeutral) {
     const character::CharacterData data = DotFolder().compile();
     const character::Bitmap neutral = painted(data, animation(data, "RestPose").frames[0]);
     for (const Animation& one : data.animations)
-        for (std::size_t begin = 0; begin < one.frames.size(); ++begin) {
+        for (std::size_t begin = 0; begin < one.frames.size() && one.name != "Hide"; ++begin) {
             std::size_t at = begin;
             std::size_t lastShown = begin;
             std::size_t steps = 0;
