@@ -91,7 +91,9 @@ public:
                               [this] { closePreview(); }});
         }
         QObject::connect(&timer_, &QTimer::timeout, [this] { advance(); });
-        timer_.start(250);
+        constexpr std::size_t kCharacterPage = 3; // its pictures come one by one
+        form.imgTabs[kCharacterPage].click();
+        QTimer::singleShot(3000, &timer_, [this] { timer_.start(250); });
     }
 
 private:
