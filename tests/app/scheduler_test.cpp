@@ -49,6 +49,9 @@ TEST(Reminder, comesOnceADayInItsMinute) {
     EXPECT_EQ(1U, world.dialogs.boxes.size()) << "the second tick of the minute";
     world.tickAt("2026-11-22T23:00:00");
     EXPECT_EQ(2U, world.dialogs.boxes.size()) << "the next day";
+    world.tickAt("2026-11-22T22:30:00"); // summer ends
+    world.tickAt("2026-11-22T23:00:10");
+    EXPECT_EQ(2U, world.dialogs.boxes.size()) << "the same hour once more";
 }
 
 TEST(Reminder, waitsForItsWeekdayWhenWeekly) {
