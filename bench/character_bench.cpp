@@ -1,6 +1,7 @@
 #include "character/acs_reader.h"
 #include "character/acs_writer.h"
 #include "character/bitmap.h"
+#include "character/enlarger.h"
 #include "character/image_codec.h"
 #include "character_sample.h"
 
@@ -131,6 +132,33 @@ void paintFrame(benchmark::State& state) {
     }
 }
 BENCHMARK(paintFrame);
+
+/// Two frames in turn that differ all over, to so many percent. The last is the most that is enlarged at all.
+void enlarge(benchmark::State& state) {
+    const auto side = static_cast<std::uint16_t>(state.range(0));
+    const auto percent = static_cast<std::uint32_t>(state.range(1));
+    std::vector<Bitmap> frames(2, {side, side, std::vector<std::uint32_t>(std::size_t{side} * side)});
+    for (std::uint32_t i = 0; i < frames.size(); ++i) {
+        const IndexedImage figure = drawnFigure(i * 9);
+        for (std::size_t at = 0; at < frames[i].pixels.size(); ++at) {
+            const std::size_t from =
+                at / side * figure.height / side * figure.width + at % side * figure.width / side;
+            frames[i].pixels[at] =
+                figure.pixels[from] == 10 ? 0 : 0xFF000000U | figure.pixels[from] * 0x010203U;
+        }
+    }
+    const auto larger = static_cast<std::uint16_t>(side * percent / 100);
+    Enlarger enlarger;
+    std::size_t next = 0;
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(enlarger.enlarge(frames[next++ % 2], {larger, larger}).pixels.data());
+}
+BENCHMARK(enlarge)
+    ->Args({128, 150})
+    ->Args({128, 200})
+    ->Args({128, 300})
+    ->Args({682, 150})
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace brovin::bench

@@ -12,12 +12,14 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <string>
 
 /// What an animated character costs while it plays, speaks, rests and hides, and how long its file takes to
-/// load. Needs a display. Usage: character_life [CHARACTER-FILE [ANIMATION]]
+/// load. Needs a display. Usage: character_life [CHARACTER-FILE [ANIMATION [PERCENT...]]]; it also plays in
+/// the sizes that are given in percent.
 namespace {
 
 using namespace brovin;
@@ -102,6 +104,11 @@ int main(int argc, char** argv) {
     letPass(kSettle * 3);
     sample.play(argc > 2 ? argv[2] : sample.animationNames().back());
     measure("playing");
+    for (int i = 3; i < argc; ++i) {
+        service.setSize(std::atoi(argv[i]));
+        measure((std::string("at ") + argv[i] + " %").c_str());
+    }
+    service.setSize(0);
     sample.stop();
     letPass(kSettle * 3);
     std::string words = "one";

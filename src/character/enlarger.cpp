@@ -62,6 +62,12 @@ std::uint32_t withColour(const std::uint32_t* line, std::size_t step, std::size_
     return 0;
 }
 
+/// Of what is not negative; the library's own functions take as long as all the rest.
+std::uint32_t rounded(float value) {
+    constexpr float kHalf = 0.5F;
+    return static_cast<std::uint32_t>(value + kHalf);
+}
+
 template <class Sample>
 Sample sampleOf(std::uint32_t pixel) {
     return {static_cast<float>(pixel & 0xFFU), static_cast<float>(pixel >> 8U & 0xFFU),
@@ -201,9 +207,9 @@ std::uint32_t Enlarger::pixelOf(const Sample& sample) const {
     const float cover = std::clamp((sample[3] / 255 - 0.5F) * steepness_ + 0.5F, 0.0F, 1.0F);
     const bool cut = wanted_.edges == Edges::Cut;
     const float alpha = cut ? (cover < 0.5F ? 0.0F : 1.0F) : cover;
-    std::uint32_t pixel = static_cast<std::uint32_t>(alpha * 255 + 0.5F);
+    std::uint32_t pixel = rounded(alpha * 255);
     for (std::size_t i = 3; i-- > 0;)
-        pixel = pixel << 8U | static_cast<std::uint32_t>(sample[i] * alpha + 0.5F);
+        pixel = pixel << 8U | rounded(sample[i] * alpha);
     return pixel;
 }
 

@@ -133,7 +133,9 @@ void CharacterWindow::drawPicture() {
     const QSize size = pixels();
     const bool larger = size.width() >= frame_.width() && size.height() >= frame_.height();
     if (!larger || std::size_t(size.width()) * std::size_t(size.height()) > character::kMostEnlargedPixels) {
-        picture_ = viewOf(canvas_).scaled(size);
+        const bool smooth = !larger && blended();
+        picture_ = viewOf(canvas_).scaled(size, Qt::IgnoreAspectRatio,
+                                          smooth ? Qt::SmoothTransformation : Qt::FastTransformation);
         return;
     }
     const auto edges = blended() ? character::Enlarger::Edges::Blended : character::Enlarger::Edges::Cut;
