@@ -53,6 +53,12 @@ TEST(Compile, keepsWhatOnlySomeFilesHave) {
     data.images.clear();
     data.sounds.clear();
     EXPECT_EQ(*character::writeCharacter(data), throughTheSources(data)) << "no animations at all";
+    DotFolder coarse;
+    coarse.replace(QStringLiteral("character.json"), QStringLiteral("\"size\""),
+                   QStringLiteral("\"palette\": {\"entries\": [\"#000000\", \"#ff00ff\", \"#ffffff\"], "
+                                  "\"transparent\": 1}, \"size\""));
+    data = coarse.compile();
+    EXPECT_EQ(*character::writeCharacter(data), throughTheSources(data)) << "pictures that become equal";
 }
 
 TEST(Example, compilesUnderItsOwnNameAndCanBeExported) {

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
+#include <vector>
 
 namespace brovin::acsc {
 namespace {
@@ -101,14 +103,32 @@ private:
         Palette palette(pictures, source_.palette);
         data_.palette = palette.colours();
         data_.transparentIndex = palette.transparent();
+        // What differed by less than the palette can tell is one picture.
+        std::map<std::pair<int, std::vector<std::uint8_t>>, std::uint32_t> known;
+        std::vector<std::uint32_t> kept;
         for (const Picture& picture : pictures) {
             character::IndexedImage image{
                 static_cast<std::uint16_t>(picture.width), static_cast<std::uint16_t>(picture.height), {}};
             image.pixels.reserve(picture.pixels.size());
             for (const std::uint32_t pixel : picture.pixels)
                 image.pixels.push_back(palette.entryOf(pixel));
-            data_.images.push_back(character::encodeImage(image));
+            const auto next = static_cast<std::uint32_t>(data_.images.size());
+            const auto [same, first] = known.try_emplace({picture.width, image.pixels}, next);
+            kept.push_back(same->second);
+            if (first)
+                data_.images.push_back(character::encodeImage(image));
         }
+        renumber(kept);
+    }
+
+    void renumber(const std::vector<std::uint32_t>& kept) {
+        for (character::Animation& animation : data_.animations)
+            for (character::Frame& frame : animation.frames) {
+                for (character::FrameImage& image : frame.images)
+                    image.image = kept[image.image];
+                for (character::MouthOverlay& mouth : frame.mouths)
+                    mouth.image = static_cast<std::uint16_t>(kept[mouth.image]);
+            }
     }
 
     const CharacterSource& source_;
