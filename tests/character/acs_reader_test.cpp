@@ -28,7 +28,7 @@ CharacterData readWith(Table table, const Raw& block) {
 }
 
 /// An animation block, written down byte by byte.
-const Bytes kWave{
+const Bytes kWaveBytes{
     0x04, 0,    0,    0,    0x57, 0,    0x41, 0, 0x56, 0,    0x45, 0,    0,    0, // "WAVE"
     0x00,                                                                         // a return animation
     0x0A, 0,    0,    0,    0x57, 0,    0x41, 0, 0x56, 0,    0x45, 0,    0x52, 0, // "WAVER"
@@ -63,7 +63,7 @@ CharacterData waver() {
 TEST(AcsReader, readsBlocksWrittenByHand) {
     RawFile file = smallestFile();
     const auto image = file.add(Raw(kImage));
-    const auto wave = file.add(Raw(kWave));
+    const auto wave = file.add(Raw(kWaveBytes));
     const auto back = file.add(Raw().text(u"WAVERETURN").u8(2).text(u"").u16(0));
     file.set(Table::Images, Raw().u32(2).locator(image).u32(0).locator(image).u32(1234));
     file.set(Table::Animations, Raw().u32(2).text(u"Wave").locator(wave).text(u"WaveReturn").locator(back));
@@ -80,7 +80,7 @@ TEST(AcsWriter, writesTheSameBlocks) {
     const auto has = [&file](const Bytes& block) {
         return std::search(file->begin(), file->end(), block.begin(), block.end()) != file->end();
     };
-    EXPECT_TRUE(has(kWave));
+    EXPECT_TRUE(has(kWaveBytes));
     EXPECT_TRUE(has(kImage));
     EXPECT_EQ((Bytes{0xC3, 0xAB, 0xCD, 0xAB}), Bytes(file->begin(), file->begin() + 4));
 }

@@ -33,7 +33,8 @@ Bitmap enlarged(const Bitmap& frame, int side, Edges edges = Edges::Blended) {
 }
 
 std::uint32_t at(const Bitmap& picture, int x, int y) {
-    return picture.pixels[static_cast<std::size_t>(y * picture.width + x)];
+    const int pixel = y * picture.width + x;
+    return picture.pixels[static_cast<std::size_t>(pixel)];
 }
 
 TEST(Enlarger, leavesAFrameOfTheRightSizeAlone) {

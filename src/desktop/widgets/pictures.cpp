@@ -9,6 +9,7 @@
 #include <QSvgRenderer>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace brovin::desktop {
 namespace {
@@ -22,9 +23,9 @@ public:
         const uchar* pixels = all.data();
         for (const int drawn : kIconSizes) {
             if (drawn == side)
-                return QPixmap::fromImage(
-                    QImage(pixels, side, side, kBytesAPixel * side, QImage::Format_ARGB32_Premultiplied));
-            pixels += kBytesAPixel * drawn * drawn;
+                return QPixmap::fromImage(QImage(pixels, side, side, qsizetype{kBytesAPixel} * side,
+                                                 QImage::Format_ARGB32_Premultiplied));
+            pixels += std::ptrdiff_t{kBytesAPixel} * drawn * drawn;
         }
         return picture(QStringLiteral("brovin"), side, 1);
     }
