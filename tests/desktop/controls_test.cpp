@@ -22,8 +22,8 @@ namespace brovin::tests {
 namespace {
 
 /// The program with a page of its window shown.
-struct PageWorld : DesktopWorld {
-    explicit PageWorld(std::size_t page, const QByteArray& settings = {}) {
+struct ControlsWorld : DesktopWorld {
+    explicit ControlsWorld(std::size_t page, const QByteArray& settings = {}) {
         makeFile("config/Brovin/Brovin.conf", "[Settings]\n" + settings);
         start();
         form().mPopRestore.click();
@@ -45,7 +45,7 @@ struct PageWorld : DesktopWorld {
 };
 
 TEST(ReminderPicker, letsTheWeekdayBeChosen) {
-    const PageWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\n"); // a Wednesday
+    const ControlsWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\n"); // a Wednesday
     auto* picker = world.find<QDateTimeEdit>("dtpBackup");
     const QString shown = picker->text();
     const int narrow = picker->sizeHint().width();
@@ -65,7 +65,7 @@ TEST(ReminderPicker, letsTheWeekdayBeChosenInOtherLanguages) {
     const QLocale usual;
     for (const auto& [language, day] : {std::pair{"de_DE", "Do"}, {"ru_RU", "\u0447\u0442"}}) {
         QLocale::setDefault(QLocale(language));
-        const PageWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\nWeekly=1\n");
+        const ControlsWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\nWeekly=1\n");
         auto* picker = world.find<QDateTimeEdit>("dtpBackup");
         picker->setFocus();
         picker->setCurrentSectionIndex(picker->sectionCount() - 1);
@@ -79,7 +79,7 @@ TEST(ReminderPicker, letsTheWeekdayBeChosenInOtherLanguages) {
 
 TEST(ReminderPicker, showsTheStoredTimeAfterARestart) {
     for (const char* weekly : {"Weekly=0\n", "Weekly=1\n"}) {
-        const PageWorld world(5, QByteArray("Backup=1\nBackupDate=2026-11-19T22:30:00\n") + weekly);
+        const ControlsWorld world(5, QByteArray("Backup=1\nBackupDate=2026-11-19T22:30:00\n") + weekly);
         auto* picker = world.find<QDateTimeEdit>("dtpBackup");
         EXPECT_EQ(QDateTime({2026, 11, 19}, {22, 30}, Qt::UTC), picker->dateTime()) << weekly;
         picker->setCurrentSectionIndex(0);
@@ -89,7 +89,7 @@ TEST(ReminderPicker, showsTheStoredTimeAfterARestart) {
 }
 
 TEST(Interval, takesWhatIsTyped) {
-    const PageWorld world(0, "Interval=7\n");
+    const ControlsWorld world(0, "Interval=7\n");
     auto* box = world.find<QLineEdit>("txtInterval");
     const struct {
         const char* keys;

@@ -51,7 +51,7 @@ void makeRecords(const posix::Places& places) {
     const auto today = posix::SystemClock().now();
     for (int week = kWeeks; week > 0; --week) {
         std::vector<platform::DeletedShare> shares;
-        std::int64_t items = kRhythm[week % std::size(kRhythm)];
+        std::int64_t items = kRhythm[week % std::ssize(kRhythm)];
         for (const char* name : names) {
             if (items > 0)
                 shares.push_back(
