@@ -34,6 +34,6 @@ packages_test=(
 )
 # What makes packages of it, and judges them.
 packages_package=(
-    appstream blhc debhelper debootstrap desktop-file-utils devscripts diffoscope-minimal dpkg-dev fakeroot
+    appstream blhc build-essential debhelper debootstrap desktop-file-utils devscripts diffoscope-minimal dpkg-dev fakeroot
     librsvg2-bin lintian man-db patchelf reuse systemd xz-utils
 )
