@@ -45,6 +45,9 @@ public:
         QStyleOptionViewItem option = given;
         initStyleOption(&option, index);
         const QString name = std::exchange(option.text, QString());
+        // The style would paint the picture too, and keep each that ever was in the toolkit's cache.
+        option.icon = QIcon();
+        option.features &= ~QStyleOptionViewItem::HasDecoration;
         view_.style()->drawControl(QStyle::CE_ItemViewItem, &option, painter, &view_);
 
         const QPixmap picture = view_.picture(index);
