@@ -18,6 +18,8 @@ namespace {
 constexpr QRect kRecorded(60, 100, 224, 190); ///< of the screen
 constexpr int kStep = 80;                     ///< ms, as long as most frames of the character stay
 constexpr int kPictures = 140;
+constexpr int kUntilTheDeskIsThere = 12; ///< steps
+constexpr int kUntilItIsThere = 53;      ///< what waits would make it hurry
 
 } // namespace
 
@@ -38,24 +40,25 @@ int main(int argc, char** argv) {
         return 1;
     const platform::Character& peedy = *service.character("peedy");
     peedy.place.put(kRecorded.left() + 20, kRecorded.bottom() - 135);
-    int taken = 0;
+    int taken = -kUntilTheDeskIsThere;
     QTimer camera;
     QObject::connect(&camera, &QTimer::timeout, [&] {
-        const QString name = QString::asprintf("%s/%03d.png", argv[2], taken);
+        if (taken == 0)
+            peedy.requests.show();
+        if (taken == kUntilItIsThere) {
+            peedy.requests.play("Wave");
+            peedy.requests.speak("Here I am, Your Radiance! You may stop crying.");
+        }
+        const int number = taken++;
+        if (number < 0)
+            return;
         const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(
             0, kRecorded.x(), kRecorded.y(), kRecorded.width(), kRecorded.height());
-        if (!picture.save(name) || ++taken == kPictures)
-            QApplication::exit(taken == kPictures ? 0 : 1);
+        if (!picture.save(QString::asprintf("%s/%03d.png", argv[2], number)))
+            QApplication::exit(1);
+        else if (taken == kPictures)
+            QApplication::exit(0);
     });
-    constexpr int kUntilTheDeskIsThere = 1000;
-    QTimer::singleShot(kUntilTheDeskIsThere, [&] {
-        peedy.requests.show();
-        camera.start(kStep);
-    });
-    constexpr int kUntilItIsThere = 4200; // what waits would make it hurry
-    QTimer::singleShot(kUntilTheDeskIsThere + kUntilItIsThere, [&] {
-        peedy.requests.play("Wave");
-        peedy.requests.speak("Here I am, Your Radiance! You may stop crying.");
-    });
+    camera.start(kStep);
     return QApplication::exec();
 }
