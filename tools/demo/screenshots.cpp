@@ -93,7 +93,7 @@ public:
         QObject::connect(&timer_, &QTimer::timeout, [this] { advance(); });
         constexpr std::size_t kCharacterPage = 3; // its pictures come one by one
         form.imgTabs[kCharacterPage].click();
-        QTimer::singleShot(3000, &timer_, [this] { timer_.start(250); });
+        timer_.start(3000);
     }
 
 private:
@@ -106,6 +106,7 @@ private:
     };
 
     void advance() {
+        timer_.setInterval(250);
         if (posed_)
             take(shots_[next_++]);
         posed_ = next_ < shots_.size();
