@@ -70,16 +70,22 @@ BalloonWindow::BalloonWindow(const character::BalloonSettings& settings, const C
     : speaker_(speaker), charactersPerLine_(std::max<int>(settings.charactersPerLine, 1)),
       grows_(settings.sizeToText),
       bubble_({colour(settings.text), colour(settings.background), colour(settings.border)}) {
-    bubble_.setFont(fontOf(settings));
+    QFont font = fontOf(settings);
+    bubble_.setFont(font);
+    font.setPixelSize(settings.fontHeightPixels);
+    usualWidth_ = QFontMetrics(font).averageCharWidth();
 }
 
 int BalloonWindow::textWidth(std::string_view text) const {
     return static_cast<int>(std::ceil(QFontMetricsF(bubble_.font()).horizontalAdvance(plainLine(text))));
 }
 
-/// Narrower than it is where a line of so many characters would not fit the screen.
+/// Narrower than it is where large letters would make the balloon wider than its file has it and than a fifth
+/// of the screen, so that there is room for windows beside it.
 int BalloonWindow::averageCharacterWidth() const {
-    const int fitting = (room().width() - kAround - kTipLength) / charactersPerLine_;
+    const int fifth = room().width() / 5 / charactersPerLine_;
+    const int whole = (room().width() - kAround - kTipLength) / charactersPerLine_;
+    const int fitting = std::min(std::max(usualWidth_, fifth), whole);
     return std::max(std::min(bubble_.fontMetrics().averageCharWidth(), fitting), 1);
 }
 

@@ -45,6 +45,7 @@ private:
 
     const CharacterWindow& speaker_;
     int charactersPerLine_;
+    int usualWidth_ = 1; ///< of a character in the size that the file has
     Qt::LayoutDirection direction_ = Qt::LeftToRight;
     std::optional<Qt::LayoutDirection> textDirection_; ///< as soon as the text shows one
     /// The speaker's picture in its frame when the balloon opened, so that the balloon does not dance with

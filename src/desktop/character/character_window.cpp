@@ -84,7 +84,7 @@ void CharacterWindow::addEntries(QMenu& menu, const std::vector<platform::MenuEn
 
 void CharacterWindow::setPercent(int percent) {
     percent_ = percent;
-    fit();
+    fit(Keeps::Feet);
 }
 
 QSize CharacterWindow::wantedSize() const {
@@ -95,14 +95,16 @@ QSize CharacterWindow::wantedSize() const {
     return (QSizeF(frame_) * std::min(percent_ / 100.0, most) / devicePixelRatioF()).toSize();
 }
 
-/// Behind a change of the size or of the screen.
-void CharacterWindow::fit() {
+/// Behind a change of the wish or of the screen. The middle decides on which screen it is, so it must not
+/// move by that: it would go to and fro between a fine screen and a coarse one below.
+void CharacterWindow::fit(Keeps what) {
     const QSize before = size();
     const QSize after = wantedSize();
     if (after != before) {
         setFixedSize(after);
-        const QPoint feet((before.width() - after.width()) / 2, before.height() - after.height());
-        const QPoint to = place() + feet;
+        const QSize lost = before - after;
+        const QPoint to =
+            place() + QPoint(lost.width() / 2, what == Keeps::Feet ? lost.height() : lost.height() / 2);
         if (stage_ != nullptr)
             stage_->setPlace({to.x(), to.y()}, character::MoveCause::Program);
     }
@@ -216,7 +218,7 @@ void CharacterWindow::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void CharacterWindow::showEvent(QShowEvent* event) {
-    QObject::connect(windowHandle(), &QWindow::screenChanged, this, &CharacterWindow::fit,
+    QObject::connect(windowHandle(), &QWindow::screenChanged, this, &CharacterWindow::fitScreen,
                      Qt::UniqueConnection);
     QWidget::showEvent(event);
 }

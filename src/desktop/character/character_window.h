@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QRect>
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -69,7 +70,9 @@ protected:
 
 private:
     [[nodiscard]] QSize wantedSize() const;
-    void fit();
+    enum class Keeps : std::uint8_t { Feet, Middle };
+    void fit(Keeps what);
+    void fitScreen() { fit(Keeps::Middle); }
     void drawPicture();
     void addEntries(QMenu& menu, const std::vector<platform::MenuEntry>& entries);
 
