@@ -65,14 +65,13 @@ bool truth(const QVariant& value) {
 
 SessionState::SessionState() {
     // All of it answers later anyway, and the icon is not to wait for the connections.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            watchScreenSavers();
-            watchLogin();
-            watchNotifications();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "watch", Qt::QueuedConnection);
+}
+
+void SessionState::watch() {
+    watchScreenSavers();
+    watchLogin();
+    watchNotifications();
 }
 
 void SessionState::watchScreenSavers() {

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] bool doNotDisturb() const { return !unwantedBy_.empty(); }
 
 private slots:
+    void watch();
     void screenSaverChanged(bool active, const QDBusMessage& message);
     void loginChanged(const QString& interface, const QVariantMap& values);
     void notificationsChanged(const QString& interface, const QVariantMap& values);
