@@ -126,11 +126,14 @@ platform::Result<ReadFolder> ReadAhead::take(std::size_t depth, std::string_view
                                              const Patience& patience) {
     Lock lock(mutex_);
     const auto item = plan_.advanceTo(depth, name);
-    // What no thread has begun on a disk that is fast again, the walk reads sooner than one that wakes up.
-    if (item && threads_ > 0 && (pace_.slow() || item->state != State::Planned)) {
+    // What no thread has begun on a disk that is fast again, no thread will: the disk may get fast in the
+    // wait, too.
+    const auto settled = [this, &item] {
+        return item->state == State::Planned ? !pace_.slow() : item->state != State::Reading;
+    };
+    if (item && threads_ > 0 && !settled()) {
         wake(1);
-        const auto read = [&item] { return item->state == State::Read || item->state == State::Gone; };
-        if (platform::Status waited = wait(lock, patience, read); !waited)
+        if (platform::Status waited = wait(lock, patience, settled); !waited)
             return waited.failure();
     }
     ReadFolder content = item ? plan_.take(item) : ReadFolder{};

@@ -1,5 +1,7 @@
+#include "posix/open_folder.h"
 #include "posix/outcome.h"
 #include "posix/posix_file_system.h"
+#include "posix/read_ahead.h"
 #include "posix/scratch_folder.h"
 
 #include <gtest/gtest.h>
@@ -49,6 +51,34 @@ protected:
 
     ScratchFolder disk_;
 };
+
+// The threads stop where the disk is fast: nobody would read then what the walk waits for.
+TEST_F(ReadAheadTest, waitsForNothingOnADiskThatGetsFastMeanwhile) {
+    constexpr int kRounds = 200;
+    std::vector<std::string> names;
+    for (unsigned i = 0; i < ReadAhead::kMostThreads; ++i) {
+        names.push_back("large" + std::to_string(i));
+        for (int file = 0; file < 500; ++file)
+            disk_.addFile("watched/" + names.back() + '/' + std::to_string(file));
+    }
+    disk_.addFolder("watched/" + names.emplace_back("last"));
+    const FolderHandle watched = FolderChain::held(*openFolder(disk_.path("watched")));
+    for (int round = 0; round < kRounds; ++round) {
+        DiskPace pace(ReadingAhead::WhereSlow);
+        pace.note(60us);
+        for (int i = 0; i < 15; ++i) // hardly slow any more: the first folder that is read makes it fast
+            pace.note(18us);
+        const auto ahead = std::make_shared<ReadAhead>(pace);
+        ahead->plan(watched, 0, names);
+        std::this_thread::sleep_for(
+            std::chrono::microseconds(2 * round)); // until all threads have one in hand
+        const auto end = std::chrono::steady_clock::now() + 2s;
+        const auto taken =
+            ahead->take(0, names.back(), [end] { return std::chrono::steady_clock::now() < end; });
+        ahead->stop();
+        ASSERT_TRUE(taken) << "round " << round;
+    }
+}
 
 TEST_F(ReadAheadTest, deletesNothingInWhatWasMovedAwayBeforeTheWalkCameToIt) {
     const auto move = [this](const char* folder) {
