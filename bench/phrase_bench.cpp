@@ -3,8 +3,8 @@
 
 #include "companion/phrase_engine.h"
 #include "language/language_file.h"
+#include "platform/standard_random.h"
 #include "posix/ini_settings_store.h"
-#include "posix/standard_random.h"
 #include "posix/unicode_letters.h"
 
 #include <QTemporaryDir>
@@ -34,7 +34,7 @@ struct World {
     posix::IniSettingsStore store{scratch.filePath(QStringLiteral("Brovin.conf")).toStdString()};
     settings::Settings settings{store};
     posix::UnicodeLetters letters;
-    posix::StandardRandom random;
+    platform::StandardRandom random;
     ui::FrmOptions form;
     language::LanguageTables tables;
     companion::Actor actor;

@@ -22,6 +22,7 @@
 #include "desktop/window/options_window.h"
 #include "desktop/window/preview_window.h"
 #include "desktop/window/starter_window.h"
+#include "platform/standard_random.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/history_module.h"
@@ -30,7 +31,6 @@
 #include "posix/make_folders.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_landmarks.h"
-#include "posix/standard_random.h"
 #include "posix/system_clock.h"
 #include "posix/unicode_letters.h"
 
@@ -86,7 +86,7 @@ struct DesktopMachine {
     posix::IcuRegional regional;
     posix::UnicodeLetters letters;
     posix::SystemClock clock;
-    posix::StandardRandom random;
+    platform::StandardRandom random;
     QtEventPump pump;
     posix::HistoryModule history;
     Updates updates;

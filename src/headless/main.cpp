@@ -2,6 +2,7 @@
 #include "headless/language_command.h"
 #include "headless/scan_command.h"
 #include "headless/starter_command.h"
+#include "platform/standard_random.h"
 #include "posix/disk_program_folder.h"
 #include "posix/flock_scan_lock.h"
 #include "posix/history_module.h"
@@ -10,7 +11,6 @@
 #include "posix/places.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_landmarks.h"
-#include "posix/standard_random.h"
 #include "posix/stop_signals.h"
 #include "posix/system_clock.h"
 #include "posix/terminal.h"
@@ -53,7 +53,7 @@ ExitStatus scan(headless::ScanOptions options, const std::string& programFolder)
     const posix::UnicodeLetters letters;
     const posix::SystemClock clock;
     posix::HistoryModule history(places->ownFolder + posix::kScoreFile);
-    posix::StandardRandom random;
+    platform::StandardRandom random;
     random.seed(static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
     const posix::StopSignals signals;
     const posix::PosixLandmarks landmarks(*places);

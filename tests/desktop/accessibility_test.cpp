@@ -342,10 +342,7 @@ void scan(const QTemporaryDir& root) {
     ASSERT_TRUE(clutter.open(QIODevice::WriteOnly) && clutter.write(QByteArray(3000, 'x')) == 3000);
     clutter.close();
     QProcess scan;
-    QProcessEnvironment places = QProcessEnvironment::systemEnvironment();
-    places.insert("XDG_CONFIG_HOME", root.filePath("config"));
-    places.insert("XDG_DATA_HOME", root.filePath("data"));
-    scan.setProcessEnvironment(places);
+    scan.setProcessEnvironment(environmentWith(root.filePath("config"), root.filePath("data")));
     scan.start(QStringLiteral(BROVIN_PROGRAM),
                {"--scan", "--nasty", "thumbs.db", "--folder", root.filePath("share")});
     ASSERT_TRUE(scan.waitForFinished() && scan.exitCode() == 0) << scan.readAllStandardError().toStdString();

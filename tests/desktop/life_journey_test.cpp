@@ -205,10 +205,7 @@ TEST(LifeJourney, resetsTheTotalThatAnotherProcessHasRaised) {
             .contains(QByteArray("\nTotalNuked=") + number + '\n');
     };
     QProcess scan;
-    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-    variables.insert("XDG_CONFIG_HOME", world.path("config"));
-    variables.insert("XDG_DATA_HOME", world.path("share"));
-    scan.setProcessEnvironment(variables);
+    scan.setProcessEnvironment(environmentWith(world.path("config"), world.path("share")));
     scan.start(QStringLiteral(BROVIN_PROGRAM),
                {"--scan", "--folder", world.path("Share"), "--nasty", "Thumbs.db"});
     ASSERT_TRUE(scan.waitForFinished(10'000));

@@ -11,13 +11,19 @@
 
 namespace brovin::tests {
 
+/// The environment of a program that has its settings and its own files there.
+inline QProcessEnvironment environmentWith(const QString& config, const QString& data) {
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert("XDG_CONFIG_HOME", config);
+    variables.insert("XDG_DATA_HOME", data);
+    return variables;
+}
+
 /// The program as a process of its own, which can be killed; its settings are below `root`.
 class Process {
 public:
     explicit Process(const QString& root, const QStringList& environment = {}) {
-        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-        variables.insert("XDG_CONFIG_HOME", root + "/config");
-        variables.insert("XDG_DATA_HOME", root + "/data");
+        QProcessEnvironment variables = environmentWith(root + "/config", root + "/data");
         for (const QString& variable : environment)
             variables.insert(variable.section('=', 0, 0), variable.section('=', 1));
         process_.setProcessEnvironment(variables);

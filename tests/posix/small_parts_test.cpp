@@ -1,7 +1,7 @@
+#include "platform/standard_random.h"
 #include "posix/entry_name.h"
 #include "posix/posix_file_system.h"
 #include "posix/scratch_folder.h"
-#include "posix/standard_random.h"
 #include "posix/system_clock.h"
 #include "posix/unicode_case.h"
 
@@ -109,7 +109,7 @@ TEST(ProperCase, raisesTheFirstLetterOfEachWord) {
 }
 
 TEST(StandardRandom, isTheUpper53BitsOfTheTwisterAndBegunAgainByItsSeed) {
-    StandardRandom random;
+    platform::StandardRandom random;
     random.seed(7);
     random.seed(5489); // for which the language's standard states the 10,000th number: 9981545732273789042
     for (int i = 1; i < 10'000; ++i)

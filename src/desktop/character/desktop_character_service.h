@@ -6,7 +6,7 @@
 #include "desktop/character/event_delivery.h"
 #include "platform/character_service.h"
 #include "platform/random.h"
-#include "posix/standard_random.h"
+#include "platform/standard_random.h"
 
 #include <QObject>
 #include <QRect>
@@ -54,7 +54,7 @@ private:
 
     CharacterFolder folder_;
     AudioMaker makeAudio_;
-    posix::StandardRandom chance_;
+    platform::StandardRandom chance_;
     EventDelivery delivery_;
     std::map<std::string, std::unique_ptr<DesktopCharacter>> characters_;
     platform::CharacterMenu menu_;

@@ -4,7 +4,7 @@
 #include "desktop/character/character_folder.h"
 #include "platform/character_gallery.h"
 #include "platform/result.h"
-#include "posix/standard_random.h"
+#include "platform/standard_random.h"
 
 #include <memory>
 #include <string>
@@ -27,7 +27,7 @@ private:
     [[nodiscard]] Read read(const std::string& fileName);
 
     CharacterFolder folder_;
-    posix::StandardRandom chance_;
+    platform::StandardRandom chance_;
 };
 
 } // namespace brovin::desktop

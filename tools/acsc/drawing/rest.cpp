@@ -2,7 +2,9 @@
 
 #include "acsc/drawing/moving_png.h"
 #include "acsc/drawing/sheet.h"
+#include "character/stage/silence.h"
 #include "character/stage/stage.h"
+#include "platform/standard_random.h"
 
 #include <QImage>
 #include <QPainter>
@@ -11,7 +13,6 @@
 #include <cmath>
 #include <map>
 #include <memory>
-#include <random>
 #include <utility>
 
 namespace brovin::acsc {
@@ -26,7 +27,7 @@ constexpr int kColumns = 16;
 constexpr int kLabel = 12; ///< the height of what stands below a picture
 constexpr QRgb kBehind = 0xFF707070U;
 
-class Silence final : public character::BalloonView, public character::SoundOutput, public character::Voice {
+class NoBalloon final : public character::BalloonView {
 public:
     [[nodiscard]] int textWidth(std::string_view /*text*/) const override { return 1; }
     [[nodiscard]] int averageCharacterWidth() const override { return 1; }
@@ -34,25 +35,6 @@ public:
     void beginStatement(const std::string& /*text*/) override {}
     void show(const character::BalloonPage& /*page*/) override {}
     void hide() override {}
-    Milliseconds play(std::uint32_t /*sound*/) override { return Milliseconds{0}; }
-    void stop() override {}
-    [[nodiscard]] bool available() const override { return false; }
-    [[nodiscard]] bool say(const std::vector<character::SpokenRun>& /*runs*/,
-                           character::VoiceListener& /*listener*/) override {
-        return false;
-    }
-    void silence() override {}
-};
-
-class Draws final : public platform::Random {
-public:
-    [[nodiscard]] double next() override {
-        return static_cast<double>(random_()) / (1.0 + static_cast<double>(std::mt19937::max()));
-    }
-    void seed(std::uint64_t value) override { random_.seed(static_cast<std::mt19937::result_type>(value)); }
-
-private:
-    std::mt19937 random_;
 };
 
 /// A desktop in memory, which keeps what it is shown.
@@ -82,13 +64,15 @@ public:
 
 /// The pictures from `begin` on for a minute, the one before them included.
 std::vector<Desk::Shot> watch(const character::CharacterData& data, Moment begin) {
-    Silence silence;
-    Draws chance;
+    NoBalloon balloon;
+    character::NoSounds sounds;
+    character::NoVoice voice;
+    platform::StandardRandom chance;
     chance.seed(static_cast<std::uint64_t>(begin.time_since_epoch().count()));
     Desk desk;
     bool asked = true;
     const std::shared_ptr<const character::CharacterData> borrowed(std::shared_ptr<void>(), &data);
-    character::Stage stage(borrowed, {desk, silence, silence, silence, chance, [&asked] { asked = true; },
+    character::Stage stage(borrowed, {desk, balloon, sounds, voice, chance, [&asked] { asked = true; },
                                       [] {
                                           return character::TimeOfYear{1, 15};
                                       }});
