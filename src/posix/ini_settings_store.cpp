@@ -2,13 +2,12 @@
 
 #include "posix/descriptor.h"
 #include "posix/file_lock.h"
-#include "posix/ini_text.h"
+#include "posix/ini_content.h"
 #include "posix/make_folders.h"
 #include "posix/read_up_to.h"
 #include "posix/replace_file.h"
 #include "posix/system_call.h"
 
-#include <SimpleIni.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -60,7 +59,7 @@ void makeFolderOf(const std::string& path) {
 } // namespace
 
 struct IniSettingsStore::Content {
-    CSimpleIniCaseA ini;
+    IniContent ini;
     struct stat facts {};
     Descriptor file; ///< held open, so that no other file can have its inode
     enum class Kind { Missing, Whole, Damaged, Unreadable } kind = Kind::Missing;
@@ -68,32 +67,25 @@ struct IniSettingsStore::Content {
 
     explicit Content(const std::string& path);
     [[nodiscard]] bool current(const std::string& path) const;
-    [[nodiscard]] std::optional<std::string> find(const std::string& section, const std::string& key) const;
-    /// Whether any of the entries differs from what is here.
-    enum class Change { Ask, Make };
-    bool change(std::string_view section, std::span<const platform::SettingsEntry> entries, Change change);
 };
 
 IniSettingsStore::Content::Content(const std::string& path) {
-    ini.SetSpaces(false);
     file = Descriptor(uninterrupted(
         [&path] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
     if (!file) {
         kind = errno == ENOENT || errno == ENOTDIR ? Kind::Missing : Kind::Unreadable;
         return;
     }
+    kind = Kind::Unreadable;
     const bool regular = ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
-    const auto read = regular ? readUpTo(file, kLargestFile) : std::nullopt;
-    if (!read) {
-        kind = Kind::Unreadable;
-        return;
+    auto read = regular ? readUpTo(file, kLargestFile) : std::nullopt;
+    const auto how = read ? ini.read(*read) : IniContent::Read::Failed;
+    if (how == IniContent::Read::Whole)
+        kind = Kind::Whole;
+    if (how == IniContent::Read::Damaged) {
+        kind = Kind::Damaged;
+        bytes = std::move(*read);
     }
-    const SoundLines lines = soundLines(*read); // the library makes odd sections of some others
-    kind = lines.lost ? Kind::Damaged : Kind::Whole;
-    if (lines.lost)
-        bytes = *read;
-    if (ini.LoadData(lines.text) < 0)
-        kind = Kind::Unreadable;
 }
 
 bool IniSettingsStore::Content::current(const std::string& path) const {
@@ -101,27 +93,6 @@ bool IniSettingsStore::Content::current(const std::string& path) const {
     if (::stat(path.c_str(), &now) != 0)
         return kind == Kind::Missing;
     return file && same(facts, now);
-}
-
-std::optional<std::string> IniSettingsStore::Content::find(const std::string& section,
-                                                           const std::string& key) const {
-    const char* const value = ini.GetValue(section.c_str(), key.c_str());
-    return value == nullptr ? std::nullopt : std::optional(textOfIniValue(value));
-}
-
-bool IniSettingsStore::Content::change(std::string_view section,
-                                       std::span<const platform::SettingsEntry> entries, Change change) {
-    const std::string group = iniKey(section);
-    bool differs = false;
-    for (const auto& entry : entries) {
-        const std::string key = iniKey(entry.key);
-        if (find(group, key) == entry.value)
-            continue;
-        differs = true;
-        if (change == Change::Make)
-            ini.SetValue(group.c_str(), key.c_str(), iniValue(entry.value).c_str());
-    }
-    return differs;
 }
 
 IniSettingsStore::IniSettingsStore(std::string path) : path_(std::move(path)) {
@@ -157,13 +128,13 @@ void IniSettingsStore::refresh() {
 
 std::optional<std::string> IniSettingsStore::read(std::string_view section, std::string_view key) {
     refresh();
-    return content_->find(iniKey(section), iniKey(key));
+    return content_->ini.find(section, key);
 }
 
 bool IniSettingsStore::write(std::string_view section, std::span<const platform::SettingsEntry> entries) {
     refresh();
     if (content_->kind != Content::Kind::Unreadable &&
-        !content_->change(section, entries, Content::Change::Ask))
+        !content_->ini.change(section, entries, IniContent::Change::Ask))
         return true; // what is stored needs no second write
     makeFolderOf(path_);
     const std::string file = behindLinks(path_);
@@ -173,10 +144,10 @@ bool IniSettingsStore::write(std::string_view section, std::span<const platform:
     refresh(); // another copy of the program may have stored something meanwhile
     if (content_->kind == Content::Kind::Unreadable)
         return false; // what it holds would be lost
-    if (!content_->change(section, entries, Content::Change::Make))
+    if (!content_->ini.change(section, entries, IniContent::Change::Make))
         return true;
-    std::string bytes;
-    const bool stored = content_->ini.Save(bytes) >= 0 && replaceFile(file, bytes, kOwnFile);
+    const auto bytes = content_->ini.file();
+    const bool stored = bytes && replaceFile(file, *bytes, kOwnFile);
     // Read again, so that what is in memory is what is on the disk, whether that succeeded or not.
     content_ = std::make_unique<Content>(path_);
     return stored;
