@@ -19,13 +19,15 @@ ExitStatus checkLanguageCommand(const std::string& file, std::ostream& out, std:
     }
     bytes.resize(static_cast<std::size_t>(stream.gcount()));
     const auto faults = language::checkLanguage(bytes);
-    for (const auto& [line, text] : faults) {
+    for (const std::string_view key : faults.missing)
+        out << file << ": " << key << " is missing\n";
+    for (const auto& [line, text] : faults.others) {
         out << file << ":";
         if (line > 0)
             out << line << ":";
         out << " " << text << "\n";
     }
-    return faults.empty() ? ExitStatus::Done : ExitStatus::SomeFailed;
+    return faults.none() ? ExitStatus::Done : ExitStatus::SomeFailed;
 }
 
 } // namespace brovin::headless

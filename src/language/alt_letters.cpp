@@ -1,7 +1,6 @@
 #include "language/alt_letters.h"
 
 #include "language/messages.h"
-#include "text/strings.h"
 #include "text/utf8.h"
 #include "ui/frm_options.h"
 
@@ -31,11 +30,11 @@ char32_t small(char32_t letter) {
 
 /// 0: none.
 char32_t altLetter(std::string_view caption) {
-    const std::string plain = text::replaceAll(caption, "&&", "");
-    const std::size_t at = plain.find('&');
-    return at == std::string::npos
-               ? 0
-               : small(text::decodeUtf8(std::string_view(plain).substr(at + 1)).codePoint);
+    for (std::size_t at = caption.find('&'); at != std::string_view::npos && at + 1 < caption.size();
+         at = caption.find('&', at + 2))
+        if (caption[at + 1] != '&') // which together are the sign itself
+            return small(text::decodeUtf8(caption.substr(at + 1)).codePoint);
+    return 0;
 }
 
 } // namespace
@@ -71,9 +70,10 @@ std::vector<std::vector<std::string>> captionsSeenTogether() {
     return pages;
 }
 
-std::vector<std::pair<std::string, std::string>> sharedLetters(const std::vector<Caption>& captions) {
-    std::vector<std::pair<std::string, std::string>> shared;
-    std::map<char32_t, std::string> owners;
+std::vector<std::pair<std::string_view, std::string_view>>
+sharedLetters(const std::vector<Caption>& captions) {
+    std::vector<std::pair<std::string_view, std::string_view>> shared;
+    std::map<char32_t, std::string_view> owners;
     for (const auto& [key, caption] : captions) {
         const char32_t letter = altLetter(caption);
         if (letter == 0)

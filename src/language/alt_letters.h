@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,11 +15,11 @@ namespace brovin::language {
 [[nodiscard]] std::vector<std::vector<std::string>> captionsSeenTogether();
 
 struct Caption {
-    std::string key;
-    std::string text;
+    std::string_view key;
+    std::string_view text;
 };
 /// The keys of captions with the Alt letter of one before them, each with the key of that one.
-[[nodiscard]] std::vector<std::pair<std::string, std::string>>
+[[nodiscard]] std::vector<std::pair<std::string_view, std::string_view>>
 sharedLetters(const std::vector<Caption>& captions);
 
 } // namespace brovin::language

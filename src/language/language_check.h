@@ -13,9 +13,14 @@ struct LanguageFault {
     std::string text;     ///< what is wrong, in English, without a full stop
 };
 
-/// What is wrong with a language file, in the order of its lines: keys that are missing, unknown or set
-/// twice, places for values, lists and phrases, Alt letters that two captions of a page share. Empty:
-/// nothing.
-[[nodiscard]] std::vector<LanguageFault> checkLanguage(std::string_view bytes);
+/// What is wrong with a language file: keys that are missing, and in the order of its lines keys that are
+/// unknown or set twice, places for values, lists and phrases, Alt letters that two captions of a page share.
+struct LanguageFaults {
+    std::vector<std::string_view> missing; ///< of a file that is not begun yet, hundreds; they live for ever
+    std::vector<LanguageFault> others;
+
+    [[nodiscard]] bool none() const { return missing.empty() && others.empty(); }
+};
+[[nodiscard]] LanguageFaults checkLanguage(std::string_view bytes);
 
 } // namespace brovin::language

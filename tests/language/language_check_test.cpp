@@ -16,9 +16,11 @@ std::string good() {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string told(const std::vector<LanguageFault>& faults) {
+std::string told(const LanguageFaults& faults) {
     std::string all;
-    for (const LanguageFault& fault : faults)
+    for (const std::string_view key : faults.missing)
+        all.append(key).append(" is missing\n");
+    for (const LanguageFault& fault : faults.others)
         all += std::to_string(fault.line) + ": " + fault.text + "\n";
     return all;
 }
@@ -74,8 +76,8 @@ TEST(LanguageCheck, findsEachKindOfFaultInAFileThatHadNone) {
 TEST(LanguageCheck, tellsTheLineAndEndsTheListsThatOthersFollowWithABar) {
     const std::string bad = text::replaceAll(good(), "a rumour about parrots.|", "a rumour about parrots.");
     const auto faults = checkLanguage(bad);
-    ASSERT_EQ(1U, faults.size()) << told(faults);
-    const auto& [line, what] = faults.front();
+    ASSERT_EQ(1U, faults.others.size()) << told(faults);
+    const auto& [line, what] = faults.others.front();
     EXPECT_EQ("the last line ends with a bar too, since another list follows it", what);
     EXPECT_EQ(line, 1 + text::countOf(bad.substr(0, bad.find("a rumour about parrots.")), "\n"));
 }

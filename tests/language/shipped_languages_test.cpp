@@ -56,7 +56,10 @@ TEST(ShippedLanguages, haveTheDefaultOneAmongThemAndAVoiceEach) {
 }
 
 TEST_P(ShippedLanguage, isWithoutFault) {
-    for (const auto& [line, what] : checkLanguage(fileBytes(GetParam())))
+    const LanguageFaults faults = checkLanguage(fileBytes(GetParam()));
+    for (const std::string_view key : faults.missing)
+        ADD_FAILURE() << GetParam() << ": " << key << " is missing";
+    for (const auto& [line, what] : faults.others)
         ADD_FAILURE() << GetParam() << ":" << line << ": " << what;
 }
 
