@@ -30,6 +30,10 @@ std::uint8_t byteAt(std::string_view text, std::size_t index) {
     return static_cast<std::uint8_t>(text[index]);
 }
 
+bool isAscii(char c) {
+    return static_cast<std::uint8_t>(c) < 0x80;
+}
+
 struct Lead {
     std::size_t bytes;
     char32_t bits;
@@ -98,9 +102,8 @@ void appendUtf8(std::string& text, char32_t codePoint) {
 }
 
 bool isUtf8(std::string_view text) {
-    const auto isPlain = [](char c) { return static_cast<std::uint8_t>(c) < 0x80; };
     while (true) {
-        const auto* const other = std::find_if_not(text.begin(), text.end(), isPlain);
+        const auto* const other = std::find_if_not(text.begin(), text.end(), isAscii);
         text.remove_prefix(static_cast<std::size_t>(other - text.begin()));
         if (text.empty())
             return true;
@@ -159,9 +162,14 @@ std::string fromWindows1252(std::string_view bytes) {
         0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
     std::string text;
     text.reserve(bytes.size());
-    for (const char c : bytes) {
-        const auto byte = static_cast<std::uint8_t>(c);
-        appendUtf8(text, byte >= 0x80 && byte < 0xA0 ? k80To9F[byte - 0x80U] : byte);
+    while (!bytes.empty()) {
+        const auto* const other = std::find_if_not(bytes.begin(), bytes.end(), isAscii);
+        text.append(bytes.begin(), other);
+        if (other == bytes.end())
+            break;
+        const auto byte = static_cast<std::uint8_t>(*other);
+        appendUtf8(text, byte < 0xA0 ? k80To9F[byte - 0x80U] : byte);
+        bytes.remove_prefix(static_cast<std::size_t>(other - bytes.begin()) + 1);
     }
     return text;
 }
