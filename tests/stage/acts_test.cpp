@@ -230,26 +230,26 @@ TEST(User, dragsTheCharacterByWhereItWasSeized) {
 
 TEST(User, makesItLookAtWhatItIsDroppedOn) {
     const std::function<void(StageWorld&)> nothing = [](StageWorld&) {};
-    const Lines looksDown = {"frame LookDown0", "balloon "};
+    const Lines looksDown = {"frame LookDown0", "balloon Here"};
     const struct {
         std::optional<Place> below;
         std::function<void(StageWorld&)> before;
         Lines seen;
         std::string_view why;
     } cases[] = {
-        {{{-500, 40}}, nothing, {"frame LookRight0", "balloon "}, "at the window, and speaks so"},
+        {{{-500, 40}}, nothing, {"frame LookRight0", "balloon Here"}, "at the window, and speaks so"},
         {{{60, 50}}, nothing, looksDown, "it stands on the middle of it"},
         {{}, nothing, looksDown, "the desktop does not tell"},
-        {{}, [](auto& w) { w.stage->setCurious(false); }, {"balloon "}, "quiet is asked for"},
-        {{}, [](auto& w) { w.stage->setIdleOn(false); }, {"balloon "}, "it does nothing unasked"},
-        {{}, [](auto& w) { w.stage->setStill(true); }, {"balloon "}, "nothing is to move"},
+        {{}, [](auto& w) { w.stage->setCurious(false); }, {"balloon Here"}, "quiet is asked for"},
+        {{}, [](auto& w) { w.stage->setIdleOn(false); }, {"balloon Here"}, "it does nothing unasked"},
+        {{}, [](auto& w) { w.stage->setStill(true); }, {"balloon Here"}, "nothing is to move"},
         {{},
          [](auto& w) { EXPECT_TRUE(w.stage->play("Blink")); },
-         {"frame Blink0", "frame LookDown0", "balloon "},
+         {"frame Blink0", "frame LookDown0", "balloon Here"},
          "after what the drag has begun with"},
         {{},
          [](auto& w) { EXPECT_TRUE(w.stage->speak("So")); },
-         {"balloon "},
+         {"balloon So"},
          "not when it has spoken about something else"},
     };
     for (const auto& [below, before, seen, why] : cases) {

@@ -5,7 +5,7 @@
 
 namespace brovin::character {
 
-void Balloon::open(std::string text) {
+void Balloon::open(std::string text, std::size_t firstWordEnd) {
     view_.beginStatement(text);
     if (!settings_)
         return;
@@ -13,7 +13,7 @@ void Balloon::open(std::string text) {
     pacing_.emplace(std::move(text), *settings_, BalloonPacing::Space{width, view_.mostLines()},
                     [this](std::string_view piece) { return view_.textWidth(piece); });
     page_ = {};
-    show(pacing_->page(0));
+    show(pacing_->page(firstWordEnd));
     events_.add(event::BalloonShown{});
 }
 

@@ -21,9 +21,10 @@ public:
 
     [[nodiscard]] bool available() const { return settings_.has_value(); }
 
-    /// A statement begins: appears with its text, of which nothing has been spoken. It must not be on the
-    /// screen.
-    void open(std::string text);
+    /// A statement begins: appears with the text up to the end of its first word, a byte of it, since the
+    /// voice is some time about beginning and nobody is to see an empty balloon meanwhile. It must not be on
+    /// the screen.
+    void open(std::string text, std::size_t firstWordEnd);
 
     /// The voice has come to a byte of the text.
     void reveal(std::size_t reached);

@@ -15,6 +15,14 @@ constexpr std::size_t kMouthSpread = 41; // ms, so that the longest is 120
 /// The part of a word's time in which the mouth moves; then it is closed, to tell the words apart.
 constexpr int kMovingQuarters = 3;
 
+/// In what is shown.
+std::size_t firstWordEnd(const SpeechPlan& plan) {
+    for (const ReadingStep& step : plan.steps)
+        if (step.kind == ReadingStep::Kind::Word)
+            return step.shownEnd;
+    return plan.shown.size();
+}
+
 } // namespace
 
 void Narration::begin(SpeechPlan plan, Moment now) {
@@ -23,7 +31,7 @@ void Narration::begin(SpeechPlan plan, Moment now) {
     voiceDone_ = false;
     due_ = wordEnd_ = mouthDue_ = now;
     if (plan_.hasWords)
-        needs_.balloon.open(plan_.shown);
+        needs_.balloon.open(plan_.shown, firstWordEnd(plan_));
     if (voiceAvailable() && needs_.voice.say(plan_.runs, *this))
         pace_ = Pace::Voice;
     else
