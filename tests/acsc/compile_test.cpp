@@ -1,6 +1,8 @@
 #include "acsc/command.h"
 #include "acsc/dot.h"
 #include "acsc/drawing/edges.h"
+#include "acsc/drawing/loops.h"
+#include "acsc/drawing/silhouettes.h"
 #include "acsc/file/unpack.h"
 #include "character/acs_writer.h"
 
@@ -175,6 +177,30 @@ TEST(Edges, areToldWithAnimationSideAndFrames) {
     Problems problems;
     const CharacterSource source = dot.read(problems);
     EXPECT_EQ(QStringList{QStringLiteral("Show: top in frames 2")}, touchedEdges(source, problems));
+}
+
+TEST(Loops, thatJumpWhereTheyCloseAreTold) {
+    DotFolder dot;
+    const auto seams = loopSeams(dot.compile());
+    ASSERT_EQ(1U, seams.size());
+    EXPECT_LE(seams[0].seam, seams[0].largest);
+    dot.replace(QStringLiteral("animations/all.json"), QStringLiteral("{\"at\": 9, \"y\": -1}"),
+                QStringLiteral("{\"at\": 8, \"y\": -3}"));
+    const LoopSeam jump = loopSeams(dot.compile()).at(0);
+    EXPECT_EQ(QStringLiteral("Hop"), jump.animation);
+    EXPECT_GT(jump.seam, jump.largest) << "two pixels down at once, where it went up one by one";
+}
+
+TEST(Silhouettes, areComparedTheMostAlikeFirst) {
+    const DotFolder dot;
+    Problems problems;
+    const auto pairs = writeSilhouettes(
+        dot.read(problems), dot.path(QStringLiteral("sheet.png")),
+        {QStringLiteral("RestPose"), QStringLiteral("Wave"), QStringLiteral("Blink")}, problems);
+    ASSERT_EQ(3U, pairs.size());
+    EXPECT_EQ(QStringLiteral("RestPose, Blink"), pairs[0].one + QStringLiteral(", ") + pairs[0].other);
+    EXPECT_EQ(1.0, pairs[0].overlap) << "an eye that closes changes no outline";
+    EXPECT_LT(pairs[2].overlap, 0.99) << "an arm that is raised does";
 }
 
 TEST(Sheet, hasARowForEachAnimationThatIsNamed) {

@@ -1,6 +1,7 @@
 #include "acsc/command.h"
 
 #include "acsc/drawing/edges.h"
+#include "acsc/drawing/loops.h"
 #include "acsc/drawing/moving_picture.h"
 #include "acsc/drawing/rest.h"
 #include "acsc/drawing/sheet.h"
@@ -36,11 +37,15 @@ constexpr const char* kUsage =
     "  acsc --check FOLDER [PIXELS]                show the largest jump of a part; fail above PIXELS\n"
     "  acsc --edges FOLDER                         show where pictures touch the frame's edges\n"
     "  acsc --list FILE.acs                        tell what is in a character file\n"
+    "  acsc --loops FILE.acs                       show how much changes where each loop closes; fail where\n"
+    "                                              it is more than anywhere inside\n"
     "  acsc --preview FILE.acs                     show it on the desktop, with all that it can do\n"
     "  acsc --export FILE.acs ANIMATION OUT.png    an animation as an animated PNG\n"
     "  acsc --rest FILE.acs SHEET.png [FILM.png [MINUTE]]  what it does in a minute that nobody asks "
     "anything\n"
     "  acsc --unpack FILE.acs FOLDER               take a character file apart into sources\n";
+
+constexpr std::size_t kMostAlike = 10;
 
 int report(const Problems& problems) {
     for (const QString& warning : problems.warnings())
@@ -80,8 +85,12 @@ void sheet(const QStringList& arguments, Problems& problems) {
 
 void silhouettes(const QStringList& arguments, Problems& problems) {
     const CharacterSource source = readCharacterSource(arguments[1], problems);
-    if (problems.none())
-        writeSilhouettes(source, arguments[2], arguments.mid(3), problems);
+    if (!problems.none())
+        return;
+    const std::vector<Likeness> pairs = writeSilhouettes(source, arguments[2], arguments.mid(3), problems);
+    for (std::size_t i = 0; i < std::min(pairs.size(), kMostAlike); ++i)
+        std::printf("%5.2f  %s, %s\n", pairs[i].overlap, qUtf8Printable(pairs[i].one),
+                    qUtf8Printable(pairs[i].other));
 }
 
 void film(const QStringList& arguments, Problems& problems) {
@@ -133,6 +142,17 @@ void list(const QStringList& arguments, Problems& problems) {
         std::fputs(qUtf8Printable(listing(*data)), stdout);
 }
 
+void loops(const QStringList& arguments, Problems& problems) {
+    const auto data = load(arguments[1], problems);
+    if (!data)
+        return;
+    for (const LoopSeam& loop : loopSeams(*data)) {
+        std::printf("%5.2f  %5.2f inside  %s\n", loop.seam, loop.largest, qUtf8Printable(loop.animation));
+        if (loop.seam > loop.largest)
+            problems.add(loop.animation, QStringLiteral("jumps where its loop closes"));
+    }
+}
+
 void unpack(const QStringList& arguments, Problems& problems) {
     if (const auto data = load(arguments[1], problems))
         unpackCharacter(*data, arguments[2], problems);
@@ -167,6 +187,7 @@ const struct {
     {"--edges", 2, 2, edges},     {"--list", 2, 2, list},
     {"--unpack", 3, 3, unpack},   {"--export", 4, 4, exportFilm},
     {"--new", 2, 2, example},     {"--rest", 3, 5, rest},
+    {"--loops", 2, 2, loops},
 };
 
 } // namespace
