@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace brovin::tests {
@@ -208,6 +209,28 @@ TEST(TrayItem, joinsAPanelThatComesLaterThanTheProgramAndOneThatComesBack) {
             return panel.menu().value(4).properties.value("toggle-state").toInt() ==
                    (panelIs[0] == 'l' ? 1 : 0);
         }));
+    }
+}
+
+TEST(TrayItem, movesToAPanelThatEmbedsIconsAndBack) {
+    const QTemporaryDir root;
+    auto watcher = std::make_unique<WatcherThread>();
+    Process program(root.path());
+    ASSERT_TRUE(waitUntil([&watcher] { return !watcher->item().isEmpty(); }));
+    for (const bool first : {true, false}) {
+        watcher.reset();
+        QProcess panel;
+        panel.start("trayer", {"--edge", "top", "--align", "right", "--widthtype", "request"});
+        EXPECT_TRUE(waitUntil([] {
+            input({"mousemove", "1014", "10", "click", "1"});
+            return windowOnScreen();
+        })) << "a click on the icon restores the window";
+        press(kWindow, "Escape");
+        EXPECT_TRUE(waitUntil([] { return !windowOnScreen(); }));
+        panel.kill();
+        panel.waitForFinished();
+        watcher = std::make_unique<WatcherThread>();
+        EXPECT_TRUE(waitUntil([&watcher] { return !watcher->item().isEmpty(); })) << first;
     }
 }
 

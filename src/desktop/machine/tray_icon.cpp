@@ -14,6 +14,14 @@ TrayIcon::TrayIcon() : icon_(programIcon()) {
     icon_.setContextMenu(&menu_);
     connect(&icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
     host_.changed = [this] { joinLate(); };
+    if (!toolkitUsesBus_)
+        return;
+    panel_.emplace();
+    panel_->changed = [this] {
+        embedded_.reset();
+        // The toolkit is to hear of it first.
+        QMetaObject::invokeMethod(this, "joinLate", Qt::QueuedConnection);
+    };
 }
 
 void TrayIcon::tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception) {
@@ -74,8 +82,10 @@ bool TrayIcon::add(const std::string& tip) {
 
 /// An item goes with its panel, and joins the next one as another.
 void TrayIcon::joinLate() {
-    if (toolkitUsesBus_)
+    if (toolkitUsesBus_) {
+        embedLate();
         return;
+    }
     if (!icon_.isVisible() || !host_.present() || QSystemTrayIcon::isSystemTrayAvailable()) {
         late_.reset();
         return;
@@ -90,8 +100,29 @@ void TrayIcon::joinLate() {
     };
 }
 
+/// A panel that goes takes its icons along, and they are made anew for the next one. The toolkit has to be
+/// asked for it, else it would embed nothing.
+void TrayIcon::embedLate() {
+    if (!icon_.isVisible() || host_.present() || !panel_->present() ||
+        !QSystemTrayIcon::isSystemTrayAvailable()) {
+        embedded_.reset();
+        return;
+    }
+    if (embedded_)
+        return;
+    embedded_ = std::make_unique<EmbeddedIcon>(icon_.icon(), icon_.toolTip());
+    embedded_->activated = [this] { activated(QSystemTrayIcon::Trigger); };
+    embedded_->menuWanted = [this](QPoint at) {
+        menu_.popup(at);
+        activated(QSystemTrayIcon::Context);
+    };
+    keepInReach();
+}
+
 void TrayIcon::setTip(const std::string& tip) {
     icon_.setToolTip(qt(tip));
+    if (embedded_)
+        embedded_->setToolTip(qt(tip));
     if (late_)
         late_->setTip(qt(tip));
 }
@@ -101,12 +132,12 @@ void TrayIcon::remove() {
     joinLate();
 }
 
-/// A box that is open keeps clicks from all usual windows, and the one that the toolkit makes for the icon is
-/// no exception. It is made one, and the clicks are taken where they arrive.
+/// A box that is open keeps clicks from all usual windows, and those of embedded icons are no
+/// exception. They are made one, and the clicks are taken where they arrive.
 void TrayIcon::keepInReach() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         QWindow* const window = widget->windowHandle();
-        if (window == nullptr || !widget->inherits("QSystemTrayIconSys"))
+        if (window == nullptr || widget->objectName() != kNameOfIcons)
             continue;
         window->setFlags(window->flags() | Qt::ToolTip);
         window->installEventFilter(this);

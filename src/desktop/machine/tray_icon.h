@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/machine/embedded_icon.h"
 #include "desktop/machine/status_host.h"
 #include "desktop/machine/status_item.h"
 #include "platform/notification_area.h"
@@ -11,12 +12,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace brovin::desktop {
 
 /// The program's icon in the notification area and the menu that it opens: by the toolkit, which embeds it in
-/// panels of the older kind or puts it on the bus, and on the bus also where the panel came after the
-/// program.
+/// panels of the older kind or puts it on the bus, for good. In a panel of the other kind that comes later
+/// another icon stands in.
 class TrayIcon final : public QObject, public platform::NotificationArea {
     Q_OBJECT
 public:
@@ -32,14 +34,16 @@ public:
     void tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception);
 
     [[nodiscard]] bool available() const override {
-        return icon_.isSystemTrayAvailable() || late_ != nullptr;
+        return (toolkitUsesBus_ ? host_.present() : icon_.isSystemTrayAvailable()) || late_ || embedded_;
     }
     bool add(const std::string& tip) override;
     void setTip(const std::string& tip) override;
     void remove() override;
 
     /// Where the icon is on the screen; empty: nowhere.
-    [[nodiscard]] QRect place() const { return icon_.geometry(); }
+    [[nodiscard]] QRect place() const {
+        return embedded_ ? QRect(embedded_->mapToGlobal(QPoint()), embedded_->size()) : icon_.geometry();
+    }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -53,15 +57,18 @@ private:
     [[nodiscard]] bool admitted() const;
     void activated(QSystemTrayIcon::ActivationReason reason);
 
-    void joinLate();
+    Q_INVOKABLE void joinLate();
+    void embedLate();
 
     StatusHost host_;
     /// The toolkit decides once, with its first icon, whether icons live on the bus; where no panel has asked
     /// for them by then, it never puts one there.
     bool toolkitUsesBus_ = host_.present();
+    std::optional<EmbeddingPanel> panel_; ///< where the toolkit would not notice one
     QMenu menu_;
     QSystemTrayIcon icon_;
-    std::unique_ptr<StatusItem> late_; ///< in a panel that came later
+    std::unique_ptr<StatusItem> late_;       ///< on the bus, where the toolkit embeds
+    std::unique_ptr<EmbeddedIcon> embedded_; ///< where the toolkit is on the bus
     window::MainWindow* window_ = nullptr;
     Reception reception_;
 };
