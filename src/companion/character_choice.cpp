@@ -2,6 +2,7 @@
 
 #include "companion/character_host.h"
 #include "text/numbers.h"
+#include "text/utf8.h"
 
 #include <cstddef>
 #include <utility>
@@ -10,6 +11,10 @@ namespace brovin::companion {
 namespace {
 
 using platform::CharacterProblem;
+
+/// Letters of what the author of a character says of it: a stranger's may go on for as many as a window takes
+/// long to lay out.
+constexpr std::size_t kLongestNote = 300;
 
 /// Why a character cannot be had.
 language::Text told(CharacterProblem problem) {
@@ -48,7 +53,8 @@ ui::Gallery::Card CharacterChoice::card(int index) const {
     const auto language = text::leadingInt32(needs_.tables.langLanguageId);
     platform::CharacterCard card = needs_.gallery->card(fileOf(index), language.value_or(0));
     if (card.problem == CharacterProblem::None)
-        return {std::move(card.about), false, std::move(card.picture)};
+        return {text::displayText(text::firstCharacters(card.about, kLongestNote)), false,
+                std::move(card.picture)};
     return {needs_.tables.messageTable.getText(told(card.problem)), true, {}};
 }
 

@@ -5,6 +5,8 @@
 #include "desktop/hostile_characters.h"
 #include "desktop/metered_application.h"
 
+#include <QListWidget>
+
 #include <ctime>
 
 namespace brovin::tests {
@@ -35,6 +37,11 @@ TEST(HostileCharacter, leavesTheWindowItsAnswersAndTheMachineItsTime) {
         EXPECT_LT(longest, 50) << name;
         EXPECT_LT(share, 0.5) << name;
     }
+    // Each entry in sight is laid out at each step of the one that moves: a few of 65,535 letters took 57 ms.
+    const auto talkers =
+        qobject_cast<QListWidget*>(world.widget("lstChars"))->findItems("Talker", Qt::MatchExactly);
+    ASSERT_EQ(1, talkers.size());
+    EXPECT_EQ(300, talkers.front()->data(Qt::AccessibleDescriptionRole).toString().size());
 }
 
 } // namespace

@@ -59,6 +59,10 @@ public:
             animation(name, 2, Raw(first).raw(second.bytes()));
         return *this;
     }
+    HostileFile& describedBy(const std::u16string& words) {
+        localized_ = file_.add(Raw().u16(1).u16(0x0409).text(u"Name").text(words).text(u""));
+        return *this;
+    }
     HostileFile& states(std::uint32_t count, const Raw& records) {
         states_ = Raw().u16(count).raw(records.bytes());
         return *this;
@@ -66,7 +70,7 @@ public:
 
     [[nodiscard]] std::string bytes() {
         using character::Table;
-        Raw information = character::informationHead(0x110, {}, 1024, 1024);
+        Raw information = character::informationHead(0x110, localized_, 1024, 1024);
         information.u32(3).u32(0).u32(0x000000FF).u32(0x0000FF00).u8(0).raw(states_.bytes());
         file_.set(Table::Information, information);
         file_.set(Table::Animations, Raw().u32(animationCount_).raw(animations_.bytes()));
@@ -77,6 +81,7 @@ public:
 
 private:
     character::RawFile file_;
+    character::RawFile::Place localized_{};
     Raw images_;
     Raw animations_;
     Raw states_ = Raw().u16(0);
@@ -127,13 +132,19 @@ inline std::vector<HostileCharacter> hostileCharacters() {
     const auto net = [](std::size_t odd) {
         return hostilePicture(1024, [odd](std::size_t i) { return (i + i / 1024 + odd) % 2 == 0 ? 1 : 10; });
     };
-    HostileFile bombs, layers, most, nets, circle, mouths;
+    HostileFile bombs, layers, most, nets, circle, mouths, talker;
     bombs.pictures(bomb, 512).acts(hostileFrame(0, 256, 1), hostileFrame(256, 256, 0));
     layers.pictures(noise, 512).acts(hostileFrame(0, 4, 1), hostileFrame(4, 4, 0));
     mouths.pictures(noise, 512).acts(hostileFrame(0, 1, 1, 255), hostileFrame(255, 1, 0, 255));
     most.pictures(noise, 6).acts(hostileFrame(0, 3, 1), hostileFrame(3, 3, 0));
     nets.pictures(net(0), 1).pictures(net(1), 1).acts(hostileFrame(0, 1, 1), hostileFrame(1, 1, 0));
     circle.pictures(noise, 1).acts(hostileFrame(0, 1, 1, 0, 0), hostileFrame(0, 1, 0, 0, 0));
+    std::u16string words;
+    for (char16_t i = 0; i < 65535; ++i)
+        words.push_back(i % 7 == 0
+                            ? u' '
+                            : static_cast<char16_t>(0x0915 + i % 37)); // letters that change with each other
+    talker.pictures(net(0), 2).acts(hostileFrame(0, 1, 1), hostileFrame(1, 1, 0)).describedBy(words);
     return {{"Bomb", true, bombs},
             {"Layers", true, layers},
             {"Most", false, most},
@@ -142,7 +153,8 @@ inline std::vector<HostileCharacter> hostileCharacters() {
             {"Mouths", false, mouths},
             {"Names", false, manyNames(noise)},
             {"States", false, crowdedStates(noise, 4096)},
-            {"Crowded", true, crowdedStates(noise, 40000)}};
+            {"Crowded", true, crowdedStates(noise, 40000)},
+            {"Talker", false, talker}};
 }
 
 } // namespace brovin::tests
