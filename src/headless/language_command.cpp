@@ -2,6 +2,7 @@
 
 #include "language/language_check.h"
 #include "language/language_file.h"
+#include "text/utf8.h"
 
 #include <fstream>
 #include <ostream>
@@ -21,11 +22,11 @@ ExitStatus checkLanguageCommand(const std::string& file, std::ostream& out, std:
     const auto faults = language::checkLanguage(bytes);
     for (const std::string_view key : faults.missing)
         out << file << ": " << key << " is missing\n";
-    for (const auto& [line, text] : faults.others) {
+    for (const auto& [line, what] : faults.others) {
         out << file << ":";
         if (line > 0)
             out << line << ":";
-        out << " " << text << "\n";
+        out << " " << text::displayText(what) << "\n"; // a stranger's file gives a terminal no orders
     }
     return faults.none() ? ExitStatus::Done : ExitStatus::SomeFailed;
 }

@@ -60,6 +60,8 @@ TEST(Program, endsWithAStatusThatTellsWhy) {
          "/german.blp >$HOME/x.blp; $brovin --check-language $HOME/x.blp",
          1, "/x.blp:"},
         {"$brovin --check-language $HOME", 2, "cannot be read"},
+        {"printf '\\033]0;hello=' >$HOME/y.blp; $brovin --check-language $HOME/y.blp", 1,
+         "nothing reads \"\uFFFD]0;hello"},
         {"$brovin --version >/dev/full", 5, ""},
         {"$brovin --scan --folder $HOME/Share --nasty x --dry-run >/dev/full", 5, ""},
         {"{ sleep 0.1; $brovin --help; echo $? >&2; } | true; sleep 0.5", 0, "5\n"}, // nobody listens
