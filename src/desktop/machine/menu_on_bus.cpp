@@ -86,7 +86,7 @@ bool MenuOnBus::AboutToShow(int /*id*/) {
 }
 
 QAction* MenuOnBus::action(int id) const {
-    return menu_.actions().value(id - 1);
+    return menu_.actions().value(qsizetype{id} - 1); // whatever a stranger asks for
 }
 
 QVariantMap MenuOnBus::propertiesOf(int id) const {
