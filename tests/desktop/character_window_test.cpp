@@ -187,6 +187,20 @@ TEST(CharacterWindow, tellsOfMonitorsAndOffersTheNextOne) {
     monitors({{0, 0, 1024, 768}});
 }
 
+TEST(CharacterWindow, landsWhereItIsSent) {
+    auto data = drawnCharacter();
+    const auto travelling = static_cast<std::uint32_t>(data.animations.size());
+    character::Frame low = data.animations.back().frames.front();
+    low.exitFrame = character::Frame().exitFrame;
+    data.animations.push_back({"MoveLeft", character::Transition::None, std::nullopt, {low}});
+    data.states.push_back({"MovingLeft", {travelling}});
+    CharacterWorld world(data);
+    world.showAt({200, 200});
+    world.ring().requests.moveTo(600, 200);
+    EXPECT_TRUE(waitUntil([] { return CharacterWorld::screen().pixelColor(660, 208) == kRed; }))
+        << "where only the standing ring is";
+}
+
 TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {
     const struct {
         const char* name;

@@ -1,6 +1,7 @@
 // How soon the characters that ship answer, whatever they are doing. Prints the table of docs/characters.md.
 
 #include "character/acs_reader.h"
+#include "character/stage/frame_steps.h"
 #include "character/stage/stage.h"
 #include "fakes/fake_stage.h"
 
@@ -14,6 +15,7 @@
 #include <functional>
 #include <iterator>
 #include <map>
+#include <set>
 
 namespace brovin::character {
 namespace {
@@ -223,6 +225,43 @@ TEST_P(Reaction, isQuietAndNeverTheSameAtRest) {
     EXPECT_EQ(0, repeats);
     EXPECT_GT(begun["Breathe"], 20) << "it sleeps most of the time";
     EXPECT_TRUE(begun["IdleWinter"] > 0 && begun["IdleWinter"] <= 12) << begun["IdleWinter"];
+}
+
+/// Each animation is played to its end, and stopped somewhere while nothing waits: a wake-up, a landing or
+/// the end of a search that was drawn and is never reached would be missing.
+TEST_P(Reaction, showsAllThatWasDrawn) {
+    constexpr int kStops = 12;
+    const auto data = shipped(GetParam());
+    std::set<const Frame*> seen;
+    Player player(data);
+    player.chance.seed(5);
+    player.shows = [&](const Frame& frame) { seen.insert(&frame); };
+    player.stage.setIdleOn(false);
+    for (const Animation& animation : data->animations)
+        for (int stop = 0; stop <= kStops; ++stop) {
+            player.stage.show(Manner::Fast);
+            ASSERT_TRUE(player.stage.play(animation.name));
+            const double time = playingTime(animation) * (stop == 0 ? 1 : player.chance.next());
+            player.pass(Milliseconds{std::lround(time)});
+            player.stage.stop();
+            player.pass(Milliseconds{10'000});
+        }
+    const auto expectAllSeen = [&](const Animation& animation, std::string_view when) {
+        for (std::size_t i = 0; i < animation.frames.size(); ++i)
+            EXPECT_TRUE(!isShown(animation.frames[i]) || seen.contains(&animation.frames[i]))
+                << animation.name << ' ' << i << ' ' << when;
+    };
+    for (const Animation& animation : data->animations)
+        expectAllSeen(animation, "stopped or not");
+    seen.clear();
+    for (const Place place : {Place{500, 0}, Place{500, 500}, Place{0, 500}, Place{0, 0}}) {
+        player.stage.moveTo(place, Milliseconds{1'000});
+        ASSERT_TRUE(player.stage.play("RestPose"));
+        player.pass(Milliseconds{5'000});
+    }
+    for (const Animation& animation : data->animations)
+        if (animation.name.starts_with("Move"))
+            expectAllSeen(animation, "gliding, and landing for what comes next");
 }
 
 } // namespace

@@ -77,8 +77,10 @@ bool DesktopCharacter::speak(const std::string& text) {
     return static_cast<bool>(stage_.speak(text));
 }
 
+/// It lands, too: nothing else may be asked of it for long, and it would stand there as it travels.
 bool DesktopCharacter::moveTo(int x, int y) {
     stage_.moveTo({x, y}, character::kUsualMoveTime);
+    play("RestPose");
     return true;
 }
 
