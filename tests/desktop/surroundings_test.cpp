@@ -75,7 +75,25 @@ TEST(Surroundings, areToldByTheServicesOfTheSession) {
     tellChanged(bus, "/org/freedesktop/Notifications", "org.freedesktop.Notifications", "Inhibited", true);
     EXPECT_TRUE(waitUntil([&] { return around.doNotDisturb(); }));
     EXPECT_EQ(5, changes);
+
+    auto signal =
+        QDBusMessage::createSignal("/org/mate/ScreenSaver", "org.mate.ScreenSaver", "ActiveChanged");
+    bus.send(signal << true);
+    EXPECT_TRUE(waitUntil([&] { return around.locked(); }));
+    bus = QDBusConnection(QString());
     QDBusConnection::disconnectFromBus("desktop");
+    EXPECT_TRUE(waitUntil([&] { return !around.locked() && !around.doNotDisturb(); })) << "they have crashed";
+    QDBusConnection next = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "next");
+    next.registerVirtualObject("/org/freedesktop/Notifications", &login);
+    next.registerService("org.freedesktop.Notifications");
+    EXPECT_TRUE(waitUntil([&] { return around.doNotDisturb(); })) << "the next one begins silent";
+    next = QDBusConnection(QString());
+    QDBusConnection::disconnectFromBus("next");
+    // And somebody who is gone before anybody could look for him.
+    QProcess::execute("dbus-send", {"--session", "--type=signal", "/org/mate/ScreenSaver",
+                                    "org.mate.ScreenSaver.ActiveChanged", "boolean:true"});
+    EXPECT_TRUE(waitUntil([&] { return changes == 12; })) << changes;
+    EXPECT_FALSE(around.locked());
 }
 
 /// Keeps what the desktop's settings say, as its portal does.
