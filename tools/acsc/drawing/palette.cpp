@@ -2,13 +2,17 @@
 
 #include "acsc/drawing/quantiser.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <limits>
 #include <set>
 
 namespace brovin::acsc {
 namespace {
 
+constexpr std::uint32_t kRgb = 0xFFFFFF;
+constexpr std::uint32_t kColours = kRgb + 1;
 constexpr std::size_t kSystemEnd = 10; // of the standard colours at each end
 constexpr std::uint8_t kUsualTransparent = 10;
 constexpr std::size_t kEntries = 256;
@@ -26,28 +30,31 @@ character::Colour colourOf(std::uint32_t rgb) {
 }
 
 ColourCounts countColours(const std::vector<Picture>& pictures) {
-    std::unordered_map<std::uint32_t, std::uint64_t> counts;
+    std::vector<std::uint32_t> counts(kColours);
     for (const Picture& picture : pictures)
         for (const std::uint32_t pixel : picture.pixels)
             if (pixel != 0)
-                ++counts[pixel];
-    return {counts.begin(),
-            counts.end()}; // sorted, so that the result does not depend on the order of hashes
+                ++counts[pixel & kRgb];
+    ColourCounts result;
+    for (std::uint32_t rgb = 0; rgb < kColours; ++rgb)
+        if (counts[rgb] > 0)
+            result.emplace_hint(result.end(), 0xFF000000U | rgb, counts[rgb]);
+    return result;
 }
 
 } // namespace
 
-Palette::Palette(const std::vector<Picture>& pictures, const PaletteWishes& wishes)
-    : transparent_(wishes.transparent) {
+Palette::Palette(const std::vector<Picture>& pictures, const PaletteWishes& wishes) {
+    transparent_ = wishes.entries.empty() ? kUsualTransparent : wishes.transparent;
+    entries_.assign(kColours, transparent_);
     if (!wishes.entries.empty()) {
         for (std::size_t i = 0; i < wishes.entries.size(); ++i) {
             colours_.push_back(colourOf(wishes.entries[i]));
             if (i != transparent_)
-                entries_.try_emplace(wishes.entries[i], static_cast<std::uint8_t>(i));
+                know(wishes.entries[i], i);
         }
         return;
     }
-    transparent_ = kUsualTransparent;
     ColourCounts counts = countColours(pictures);
     std::vector<std::uint32_t> fixed;
     for (const auto& half : {kFirst, kLast})
@@ -70,35 +77,63 @@ void Palette::place(const std::vector<std::uint32_t>& found) {
     for (std::size_t i = 0; i < kSystemEnd; ++i) {
         colours_[i] = colourOf(kFirst[i]);
         colours_[kEntries - kSystemEnd + i] = colourOf(kLast[i]);
-        entries_.try_emplace(0xFF000000U | kFirst[i], static_cast<std::uint8_t>(i));
-        entries_.try_emplace(0xFF000000U | kLast[i], static_cast<std::uint8_t>(kEntries - kSystemEnd + i));
+        know(kFirst[i], i);
+        know(kLast[i], kEntries - kSystemEnd + i);
     }
     colours_[transparent_] = colourOf(kTransparentColour);
     for (std::size_t i = 0; i < found.size(); ++i) {
         colours_[kSystemEnd + 1 + i] = colourOf(found[i]);
-        entries_.try_emplace(found[i], static_cast<std::uint8_t>(kSystemEnd + 1 + i));
+        know(found[i], kSystemEnd + 1 + i);
     }
+}
+
+/// The first of the entries that have the same colour stays.
+void Palette::know(std::uint32_t colour, std::size_t entry) {
+    std::uint8_t& known = entries_[colour & kRgb];
+    if (known == transparent_)
+        known = static_cast<std::uint8_t>(entry);
+}
+
+/// Looks first where the lightness is alike, and no further than a nearer one could be.
+std::uint8_t Palette::nearestEntry(const PerceivedColour& wanted) {
+    if (byLightness_.empty()) {
+        for (std::size_t i = 0; i < colours_.size(); ++i) {
+            const character::Colour& c = colours_[i];
+            if (i != transparent_)
+                byLightness_.emplace_back(
+                    perceived(std::uint32_t{c.red} << 16U | std::uint32_t{c.green} << 8U | c.blue),
+                    static_cast<std::uint8_t>(i));
+        }
+        std::sort(byLightness_.begin(), byLightness_.end(),
+                  [](const Seen& x, const Seen& y) { return x.first.lightness < y.first.lightness; });
+    }
+    double best = std::numeric_limits<double>::max();
+    std::uint8_t entry = 0;
+    const auto consider = [&](const Seen& seen) {
+        const double distance = squaredDistance(wanted, seen.first);
+        if (distance < best || (distance == best && seen.second < entry)) {
+            best = distance;
+            entry = seen.second;
+        }
+        const double apart = wanted.lightness - seen.first.lightness;
+        return apart * apart <= best;
+    };
+    const auto middle =
+        std::lower_bound(byLightness_.begin(), byLightness_.end(), wanted.lightness,
+                         [](const Seen& seen, double lightness) { return seen.first.lightness < lightness; });
+    for (auto lighter = middle; lighter != byLightness_.end() && consider(*lighter);)
+        ++lighter;
+    for (auto darker = middle; darker != byLightness_.begin() && consider(*std::prev(darker));)
+        --darker;
+    return entry;
 }
 
 std::uint8_t Palette::entryOf(std::uint32_t colour) {
     if (colour == 0)
         return transparent_;
-    if (const auto known = entries_.find(colour); known != entries_.end())
-        return known->second;
-    if (seen_.empty())
-        for (const character::Colour& c : colours_)
-            seen_.push_back(perceived(std::uint32_t{c.red} << 16U | std::uint32_t{c.green} << 8U | c.blue));
-    const PerceivedColour wanted = perceived(colour);
-    double best = std::numeric_limits<double>::max();
-    std::uint8_t entry = 0;
-    for (std::size_t i = 0; i < seen_.size(); ++i) {
-        const double distance = squaredDistance(wanted, seen_[i]);
-        if (i != transparent_ && distance < best) {
-            best = distance;
-            entry = static_cast<std::uint8_t>(i);
-        }
-    }
-    entries_.emplace(colour, entry);
+    std::uint8_t& entry = entries_[colour & kRgb];
+    if (entry == transparent_)
+        entry = nearestEntry(perceived(colour));
     return entry;
 }
 

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 #include <map>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace brovin::acsc {
@@ -31,12 +31,19 @@ public:
     [[nodiscard]] std::uint8_t entryOf(std::uint32_t colour);
 
 private:
+    /// A colour as the eye sees it, and its entry.
+    using Seen = std::pair<PerceivedColour, std::uint8_t>;
+
+    void know(std::uint32_t colour, std::size_t entry);
+    [[nodiscard]] std::uint8_t nearestEntry(const PerceivedColour& wanted);
     void place(const std::vector<std::uint32_t>& found);
 
     std::vector<character::Colour> colours_;
-    std::vector<PerceivedColour> seen_; ///< the same, as the eye sees them; empty until they are needed
-    std::uint8_t transparent_;
-    std::unordered_map<std::uint32_t, std::uint8_t> entries_; ///< of colours that were asked for
+    std::vector<Seen> byLightness_; ///< all but the transparent one; empty until they are needed
+    std::uint8_t transparent_ = 0;
+    /// By colour 0xRRGGBB: its entry, or the transparent one where none is known yet. A hash would be
+    /// smaller, and several times as slow for the millions of pixels of a character.
+    std::vector<std::uint8_t> entries_;
 };
 
 } // namespace brovin::acsc
