@@ -1,6 +1,5 @@
 #include "desktop/character/overlay_window.h"
 
-#include "desktop/character/cut_out.h"
 #include "desktop/x11/x11_desktop.h"
 
 #include <QGuiApplication>
@@ -60,12 +59,12 @@ void OverlayWindow::present(const QRegion& shape) {
     if (std::exchange(shape_, shape) == shape)
         repaint();
     else
-        cutOut(*this, shape_, blended() ? Cut::Clicks : Cut::Sight, [this] { repaint(); });
+        cutOut_.apply(shape_, blended() ? Cut::Clicks : Cut::Sight, [this] { repaint(); });
 }
 
 void OverlayWindow::blendingChanged() {
-    makeWhole(*this);
-    cutOut(*this, shape_, blended() ? Cut::Clicks : Cut::Sight, [this] { repaint(); });
+    cutOut_.makeWhole();
+    cutOut_.apply(shape_, blended() ? Cut::Clicks : Cut::Sight, [this] { repaint(); });
 }
 
 } // namespace brovin::desktop

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/character/compositor.h"
+#include "desktop/character/cut_out.h"
 
 #include <QPoint>
 #include <QRegion>
@@ -40,6 +41,7 @@ protected:
 private:
     QPoint place_;
     QRegion shape_;
+    CutOut cutOut_{*this};
     Compositor compositor_{[this] { blendingChanged(); }};
 };
 
