@@ -108,6 +108,9 @@ void SqliteHistory::Close::operator()(sqlite3* opened) const {
 
 Status SqliteHistory::prepare(sqlite3* opened) const {
     sqlite3_busy_timeout(opened, kBusyPatience);
+    // A file that somebody else has made could bring statements of its own along, which never end.
+    for (const int foreign : {SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW})
+        sqlite3_db_config(opened, foreign, 0, nullptr);
     Statement check(opened, "PRAGMA quick_check(1)");
     if (check.step() != SQLITE_ROW)
         return failureOf(opened);
