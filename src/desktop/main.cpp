@@ -1,5 +1,6 @@
 #include "desktop/choose_platform.h"
 #include "desktop/desktop_program.h"
+#include "desktop/widgets/whole_frames.h"
 #include "headless/command_line.h"
 #include "headless/exit_status.h"
 #include "posix/places.h"
@@ -89,6 +90,7 @@ int main(int argc, char** argv) {
         QStringLiteral("%1.%2.%3").arg(info.major).arg(info.minor).arg(info.revision));
     qInstallMessageHandler(tellUnlessKnown);
     QApplication application(argc, argv);
+    desktop::WholeFrames::installWhereNeeded();
     QApplication::setDesktopFileName(QStringLiteral("org.kestrelworks.brovin"));
     desktop::DesktopProgram program(*places, info, *updates);
     return program.start(errandOf(line)) ? QApplication::exec() : 0;

@@ -5,6 +5,7 @@
 #include "desktop/machine/timer_binding.h"
 #include "desktop/widgets/bindings.h"
 #include "desktop/widgets/table_view.h"
+#include "desktop/widgets/whole_frames.h"
 
 #include <QDateTimeEdit>
 #include <QFile>
@@ -43,6 +44,32 @@ struct ControlsWorld : DesktopWorld {
         return {};
     }
 };
+
+TEST(WholeFrames, haveFourSidesBetweenWholeScales) {
+    desktop::WholeFrames style;
+    for (const double scale : {1.25, 1.5})
+        for (int at = 0; at < 4; ++at) {
+            QWidget page;
+            page.resize(60, 60);
+            QFrame frame(&page);
+            frame.setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+            frame.setGeometry(8 + at, 8 + at, 41, 41);
+            frame.setStyle(&style);
+            QImage picture(QSize(60, 60) * scale, QImage::Format_RGB32);
+            picture.setDevicePixelRatio(scale);
+            page.render(&picture);
+            const QRgb below = picture.pixel(0, 0);
+            const int middle = qRound((at + 28) * scale);
+            int across = 0;
+            int down = 0;
+            for (int i = 0; i < picture.width(); ++i) {
+                across += picture.pixel(i, middle) != below ? 1 : 0;
+                down += picture.pixel(middle, i) != below ? 1 : 0;
+            }
+            EXPECT_EQ(2, across) << scale << " at " << at;
+            EXPECT_EQ(2, down) << scale << " at " << at;
+        }
+}
 
 TEST(ReminderPicker, letsTheWeekdayBeChosen) {
     const ControlsWorld world(5, "Backup=1\nBackupDate=2026-11-18T21:30:00\n"); // a Wednesday
