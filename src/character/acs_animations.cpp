@@ -21,20 +21,12 @@ struct IndexEntry {
 };
 
 std::vector<IndexEntry> readIndex(ByteReader& in) {
-    std::vector<IndexEntry> entries;
-    const std::uint32_t count = in.u32();
-    if (count > kMostAnimations)
-        in.fail("has too many animations");
-    if (!in.canHold(count, kSmallestIndexEntry))
-        return entries;
-    entries.reserve(count);
-    for (std::uint32_t i = 0; i < count && in.ok(); ++i) {
+    return readList(in, in.u32(), {kSmallestIndexEntry, kMostAnimations, "has too many animations"}, [&in] {
         IndexEntry entry;
         entry.name = readText(in, kMostNameUnits);
         entry.data = readLocator(in);
-        entries.push_back(std::move(entry));
-    }
-    return entries;
+        return entry;
+    });
 }
 
 Transition transitionOf(std::uint8_t number) {
@@ -60,13 +52,9 @@ Content readContent(ByteReader& in, FrameTables tables) {
     static_cast<void>(readText(in, kMostNameUnits)); // the name again, which need not agree
     content.transition = transitionOf(in.u8());
     content.returnName = readText(in, kMostNameUnits);
-    const std::uint16_t count = in.u16();
-    if (!in.canHold(count, kSmallestFrame))
-        return {};
-    tables.frames = count;
-    content.frames.reserve(count);
-    for (std::uint16_t i = 0; i < count && in.ok(); ++i)
-        content.frames.push_back(readFrame(in, tables));
+    tables.frames = in.u16();
+    content.frames =
+        readList(in, tables.frames, {.smallest = kSmallestFrame}, [&] { return readFrame(in, tables); });
     return in.ok() ? std::move(content) : Content();
 }
 

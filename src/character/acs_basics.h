@@ -4,11 +4,15 @@
 #include "character/byte_writer.h"
 #include "character/character_data.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace brovin::character {
 
@@ -43,5 +47,28 @@ void writeText(ByteWriter& out, std::string_view text);
 
 /// A byte that says whether something follows; anything but 0 and 1 is a failure.
 [[nodiscard]] bool readPresence(ByteReader& in);
+
+/// What a list in a file must keep to.
+struct ListBounds {
+    std::size_t smallest = 1; ///< bytes of an item, at least
+    std::size_t most = std::numeric_limits<std::size_t>::max();
+    std::string_view tooMany = {}; ///< the failure where there are more
+};
+
+/// The items of a list whose count has been read: those that `read` returns, which may leave one out by
+/// nullopt. Memory is taken for no more than the bytes can hold; where any is missing, the reader has failed.
+template <class Read>
+[[nodiscard]] auto readList(ByteReader& in, std::size_t count, const ListBounds& bounds, Read read) {
+    std::vector<typename decltype(std::optional(read()))::value_type> items;
+    if (count > bounds.most)
+        in.fail(bounds.tooMany);
+    if (!in.canHold(count, bounds.smallest))
+        return items;
+    items.reserve(count);
+    for (std::size_t i = 0; i < count && in.ok(); ++i)
+        if (auto item = std::optional(read()))
+            items.push_back(*std::move(item));
+    return items;
+}
 
 } // namespace brovin::character

@@ -1,5 +1,6 @@
 #include "character/acs_colours.h"
 
+#include "character/acs_basics.h"
 #include "character/acs_format.h"
 #include "character/acs_limits.h"
 
@@ -62,11 +63,8 @@ std::vector<Colour> readPalette(ByteReader& in) {
     const std::uint32_t count = in.u32();
     if (count == 0 || count > kMostColours)
         in.fail("has a palette of no or too many colours");
-    std::vector<Colour> palette;
-    if (!in.canHold(count, kColourBytes))
-        return palette;
-    for (std::uint32_t i = 0; i < count; ++i)
-        palette.push_back(exchanged(readRedFirst(in)));
+    auto palette =
+        readList(in, count, {.smallest = kColourBytes}, [&in] { return exchanged(readRedFirst(in)); });
     if (!palettePersists(palette))
         exchange(palette);
     return palette;

@@ -1,5 +1,6 @@
 #include "character/acs_frame.h"
 
+#include "character/acs_basics.h"
 #include "character/acs_format.h"
 #include "character/acs_limits.h"
 
@@ -10,38 +11,18 @@ namespace brovin::character {
 namespace {
 
 std::vector<FrameImage> readImages(ByteReader& in, const FrameTables& tables) {
-    std::vector<FrameImage> images;
-    const std::uint16_t count = in.u16();
-    if (count > kMostFrameImages)
-        in.fail("has a frame of too many images");
-    if (!in.canHold(count, kFrameImageBytes))
-        return images;
-    images.reserve(count);
-    for (std::uint16_t i = 0; i < count; ++i) {
-        FrameImage image;
-        image.image = in.u32();
-        image.x = in.i16();
-        image.y = in.i16();
-        if (image.image < tables.images)
-            images.push_back(image);
-    }
-    return images;
+    const ListBounds bounds{kFrameImageBytes, kMostFrameImages, "has a frame of too many images"};
+    return readList(in, in.u16(), bounds, [&] {
+        const FrameImage image{in.u32(), in.i16(), in.i16()};
+        return image.image < tables.images ? std::optional(image) : std::nullopt;
+    });
 }
 
 std::vector<Branch> readBranches(ByteReader& in, const FrameTables& tables) {
-    std::vector<Branch> branches;
-    const std::uint8_t count = in.u8();
-    if (!in.canHold(count, kBranchBytes))
-        return branches;
-    branches.reserve(count);
-    for (std::uint8_t i = 0; i < count; ++i) {
-        Branch branch;
-        branch.frame = in.u16();
-        branch.percent = in.u16();
-        if (branch.frame < tables.frames)
-            branches.push_back(branch);
-    }
-    return branches;
+    return readList(in, in.u8(), {.smallest = kBranchBytes}, [&] {
+        const Branch branch{in.u16(), in.u16()};
+        return branch.frame < tables.frames ? std::optional(branch) : std::nullopt;
+    });
 }
 
 /// nullopt: of no known mouth, or without an image.
@@ -64,15 +45,7 @@ std::optional<MouthOverlay> readMouth(ByteReader& in, const FrameTables& tables)
 }
 
 std::vector<MouthOverlay> readMouths(ByteReader& in, const FrameTables& tables) {
-    std::vector<MouthOverlay> mouths;
-    const std::uint8_t count = in.u8();
-    if (!in.canHold(count, kSmallestMouth))
-        return mouths;
-    mouths.reserve(count);
-    for (std::uint8_t i = 0; i < count; ++i)
-        if (const auto overlay = readMouth(in, tables))
-            mouths.push_back(*overlay);
-    return mouths;
+    return readList(in, in.u8(), {.smallest = kSmallestMouth}, [&] { return readMouth(in, tables); });
 }
 
 void writeMouth(ByteWriter& out, const MouthOverlay& overlay, const EncodedImage& image) {

@@ -33,27 +33,15 @@ TrayIcon readTrayIcon(const SharedBytes& file, ByteReader& in) {
 State readState(ByteReader& in, const NameIndex& animations) {
     State state;
     state.name = readText(in, kMostNameUnits);
-    const std::uint16_t count = in.u16();
-    if (count > kMostStateAnimations)
-        in.fail("has a state of too many animations");
-    if (!in.canHold(count, kSmallestText))
-        return state;
-    for (std::uint16_t i = 0; i < count && in.ok(); ++i)
-        if (const auto animation = animations.find(readText(in, kMostNameUnits)))
-            state.animations.push_back(*animation);
+    const ListBounds bounds{kSmallestText, kMostStateAnimations, "has a state of too many animations"};
+    state.animations =
+        readList(in, in.u16(), bounds, [&] { return animations.find(readText(in, kMostNameUnits)); });
     return state;
 }
 
 std::vector<State> readStates(ByteReader& in, const NameIndex& animations) {
-    std::vector<State> states;
-    const std::uint16_t count = in.u16();
-    if (count > kMostStates)
-        in.fail("has too many states");
-    if (!in.canHold(count, kSmallestState))
-        return states;
-    for (std::uint16_t i = 0; i < count && in.ok(); ++i)
-        states.push_back(readState(in, animations));
-    return states;
+    return readList(in, in.u16(), {kSmallestState, kMostStates, "has too many states"},
+                    [&] { return readState(in, animations); });
 }
 
 /// Which of the optional records are there.

@@ -10,21 +10,14 @@
 namespace brovin::character {
 
 std::vector<LocalizedInfo> readLocalized(ByteReader& in) {
-    std::vector<LocalizedInfo> info;
-    const std::uint16_t count = in.u16();
-    if (count > kMostLocalized)
-        in.fail("has too many languages");
-    if (!in.canHold(count, kSmallestLocalized))
-        return info;
-    for (std::uint16_t i = 0; i < count && in.ok(); ++i) {
+    return readList(in, in.u16(), {kSmallestLocalized, kMostLocalized, "has too many languages"}, [&in] {
         LocalizedInfo entry;
         entry.language = in.u16();
         entry.name = readText(in, kMostNameUnits);
         entry.description = readText(in, kMostTextUnits);
         entry.extraData = readText(in, kMostTextUnits);
-        info.push_back(std::move(entry));
-    }
-    return info;
+        return entry;
+    });
 }
 
 void writeLocalized(ByteWriter& out, const std::vector<LocalizedInfo>& info) {

@@ -17,19 +17,23 @@ namespace {
 constexpr std::uint32_t kEmptyRegionBytes = 32;
 constexpr std::uint32_t kRegionOfRectangles = 1;
 
-std::vector<Locator> readLocators(ByteReader& in, std::size_t most) {
-    std::vector<Locator> locators;
-    const std::uint32_t count = in.u32();
-    if (count > most)
-        in.fail("has too many entries");
-    if (!in.canHold(count, kSmallestIndexEntry))
-        return locators;
-    locators.reserve(count);
-    for (std::uint32_t i = 0; i < count; ++i) {
-        locators.push_back(readLocator(in));
+/// What `read` makes of each place that a list of them names. `name`: of the list, for a complaint.
+template <class Read>
+auto readEach(const Block& list, std::string_view name, std::size_t most, Read read)
+    -> LoadResult<std::vector<decltype(read(Locator()))>> {
+    ByteReader in = list.reader();
+    const auto locators = readList(in, in.u32(), {kSmallestIndexEntry, most, "has too many entries"}, [&in] {
+        const Locator locator = readLocator(in);
         in.skip(4); // a checksum by an unknown rule
-    }
-    return locators;
+        return locator;
+    });
+    if (!in.ok())
+        return damaged(name, in);
+    std::vector<decltype(read(Locator()))> items;
+    items.reserve(locators.size());
+    for (const Locator& locator : locators)
+        items.push_back(read(locator));
+    return items;
 }
 
 EncodedImage readImage(const SharedBytes& file, const Locator& locator) {
@@ -67,30 +71,16 @@ void writeEmptyRegion(ByteWriter& out) {
 } // namespace
 
 LoadResult<std::vector<EncodedImage>> readImages(const SharedBytes& file, const Block& list) {
-    ByteReader in = list.reader();
-    const std::vector<Locator> locators = readLocators(in, kMostImages);
-    if (!in.ok())
-        return damaged("The image list", in);
-    std::vector<EncodedImage> images;
-    images.reserve(locators.size());
-    for (const Locator& locator : locators)
-        images.push_back(readImage(file, locator));
-    return images;
+    return readEach(list, "The image list", kMostImages,
+                    [&file](const Locator& locator) { return readImage(file, locator); });
 }
 
 LoadResult<std::vector<Sound>> readSounds(const SharedBytes& file, const Block& list) {
-    ByteReader in = list.reader();
-    const std::vector<Locator> locators = readLocators(in, kMostSounds);
-    if (!in.ok())
-        return damaged("The sound list", in);
-    std::vector<Sound> sounds;
-    sounds.reserve(locators.size());
-    for (const Locator& locator : locators) {
+    return readEach(list, "The sound list", kMostSounds, [&file](const Locator& locator) {
         const auto block = blockAt(file.view(), locator);
         const bool playable = block && block->bytes.size() <= kMostSoundBytes && isWave(block->bytes);
-        sounds.push_back({playable ? file.part(locator.offset, locator.size) : SharedBytes()});
-    }
-    return sounds;
+        return Sound{playable ? file.part(locator.offset, locator.size) : SharedBytes()};
+    });
 }
 
 bool isWave(std::span<const std::uint8_t> bytes) {
