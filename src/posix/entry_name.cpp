@@ -91,17 +91,6 @@ char32_t shownCharacter(char32_t c) {
     return c == U'\r' || c == kServersCarriageReturn ? U'?' : lowerCase(c);
 }
 
-void appendShown(std::string_view trueName, std::string& memory) {
-    while (!trueName.empty()) {
-        const text::Decoded next = text::decodeUtf8(trueName);
-        if (next.valid)
-            text::appendUtf8(memory, shownCharacter(next.codePoint));
-        else
-            memory.push_back(trueName.front());
-        trueName.remove_prefix(next.bytes);
-    }
-}
-
 } // namespace
 
 std::string_view shownName(std::string_view trueName, std::string& memory) {
@@ -112,7 +101,7 @@ std::string_view shownName(std::string_view trueName, std::string& memory) {
     if (letters == Letters::Ascii)
         appendShownAscii(trueName, memory);
     else
-        appendShown(trueName, memory);
+        text::appendMapped(memory, trueName, shownCharacter);
     return std::string_view(memory).substr(begin);
 }
 

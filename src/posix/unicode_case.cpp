@@ -11,14 +11,7 @@ template <class Map>
 std::string mapped(std::string_view bytes, Map map) {
     std::string result;
     result.reserve(bytes.size());
-    while (!bytes.empty()) {
-        const text::Decoded next = text::decodeUtf8(bytes);
-        if (next.valid)
-            text::appendUtf8(result, map(next.codePoint));
-        else
-            result.push_back(bytes.front());
-        bytes.remove_prefix(next.bytes);
-    }
+    text::appendMapped(result, bytes, map);
     return result;
 }
 

@@ -24,6 +24,19 @@ struct Decoded {
 /// Appends a code point that UTF-8 can carry.
 void appendUtf8(std::string& text, char32_t codePoint);
 
+/// Appends what `map` makes of each code point; stray bytes go along as they are.
+template <class Map>
+void appendMapped(std::string& mapped, std::string_view text, Map map) {
+    while (!text.empty()) {
+        const Decoded next = decodeUtf8(text);
+        if (next.valid)
+            appendUtf8(mapped, map(next.codePoint));
+        else
+            mapped.push_back(text.front());
+        text.remove_prefix(next.bytes);
+    }
+}
+
 [[nodiscard]] bool isUtf8(std::string_view text);
 
 /// The text with U+FFFD for stray bytes, controls and what is unseen or turns directions, for messages, logs
