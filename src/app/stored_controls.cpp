@@ -59,25 +59,28 @@ constexpr StoredControl kRules[] = {
 template <class Kind>
 struct Keeping;
 
-template <>
-struct Keeping<ui::CheckBox> {
-    static bool restore(ui::CheckBox& box, const std::string& stored) {
+/// A control that a whole number tells all of, by its own operations.
+template <class Control, auto take, auto number, auto fired>
+struct KeepingNumber {
+    static bool restore(Control& control, const std::string& stored) {
         const auto value = text::leadingInt16(stored);
-        return value && box.setValue(*value);
+        return value && (control.*take)(*value);
     }
-    static std::string textOf(const ui::CheckBox& box) { return std::to_string(box.value()); }
-    static ui::Event<>& event(ui::CheckBox& box) { return box.click; }
+    static std::string textOf(const Control& control) { return std::to_string((control.*number)()); }
+    static ui::Event<>& event(Control& control) { return control.*fired; }
 };
 
 template <>
-struct Keeping<ui::ComboBox> {
-    static bool restore(ui::ComboBox& list, const std::string& stored) {
-        const auto index = text::leadingInt16(stored);
-        return index && list.select(*index);
-    }
-    static std::string textOf(const ui::ComboBox& list) { return std::to_string(list.selected()); }
-    static ui::Event<>& event(ui::ComboBox& list) { return list.click; }
-};
+struct Keeping<ui::CheckBox>
+    : KeepingNumber<ui::CheckBox, &ui::CheckBox::setValue, &ui::CheckBox::value, &ui::CheckBox::click> {};
+
+template <>
+struct Keeping<ui::ComboBox>
+    : KeepingNumber<ui::ComboBox, &ui::ComboBox::select, &ui::ComboBox::selected, &ui::ComboBox::click> {};
+
+template <>
+struct Keeping<ui::Volume>
+    : KeepingNumber<ui::Volume, &ui::Volume::setPercent, &ui::Volume::percent, &ui::Volume::change> {};
 
 template <>
 struct Keeping<ui::Picker> {
@@ -92,16 +95,6 @@ struct Keeping<ui::Picker> {
     }
     static std::string textOf(const ui::Picker& picker) { return text::isoText(picker.value()); }
     static ui::Event<>& event(ui::Picker& picker) { return picker.change; }
-};
-
-template <>
-struct Keeping<ui::Volume> {
-    static bool restore(ui::Volume& volume, const std::string& stored) {
-        const auto percent = text::leadingInt16(stored);
-        return percent && volume.setPercent(*percent);
-    }
-    static std::string textOf(const ui::Volume& volume) { return std::to_string(volume.percent()); }
-    static ui::Event<>& event(ui::Volume& volume) { return volume.change; }
 };
 
 template <>

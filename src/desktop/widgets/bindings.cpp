@@ -46,6 +46,18 @@ void tellFocus(QWidget* widget, ui::Event<>& gotFocus) {
     });
 }
 
+/// Shows the entries of a list anew where they are others than the last time.
+template <class Widget>
+auto showEntries(const ui::ListControl& control) {
+    return [&control, revision = control.revision() - 1](Widget* shown) mutable {
+        if (std::exchange(revision, control.revision()) == control.revision())
+            return;
+        shown->clear();
+        for (const auto& item : control.items())
+            shown->addItem(qt(item.text));
+    };
+}
+
 QDateTime dateTimeOf(platform::DateTime when) {
     return QDateTime::fromSecsSinceEpoch(when.time_since_epoch().count(), QTimeZone::utc());
 }
@@ -144,12 +156,8 @@ void bind(QPlainTextEdit* widget, ui::TextBox& control) {
 
 void bind(QListWidget* widget, ui::ListBox& control) {
     widget->setUniformItemSizes(true);
-    follow(widget, control, [&control, revision = control.revision() - 1](QListWidget* shown) mutable {
-        if (std::exchange(revision, control.revision()) != control.revision()) {
-            shown->clear();
-            for (const auto& item : control.items())
-                shown->addItem(qt(item.text));
-        }
+    follow(widget, control, [&control, show = showEntries<QListWidget>(control)](QListWidget* shown) mutable {
+        show(shown);
         shown->setCurrentRow(control.selected());
     });
     QObject::connect(widget, &QListWidget::currentRowChanged, [&control](int row) { control.select(row); });
@@ -162,12 +170,8 @@ void bind(QListWidget* widget, ui::ListBox& control) {
 }
 
 void bind(QComboBox* widget, ui::ComboBox& control) {
-    follow(widget, control, [&control, revision = control.revision() - 1](QComboBox* shown) mutable {
-        if (std::exchange(revision, control.revision()) != control.revision()) {
-            shown->clear();
-            for (const auto& item : control.items())
-                shown->addItem(qt(item.text));
-        }
+    follow(widget, control, [&control, show = showEntries<QComboBox>(control)](QComboBox* shown) mutable {
+        show(shown);
         shown->setCurrentIndex(control.selected());
     });
     QObject::connect(widget, &QComboBox::activated, [&control](int index) { control.select(index); });
