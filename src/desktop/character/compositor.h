@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QAbstractNativeEventFilter>
+#include "desktop/x11/x11_watch.h"
+
 #include <QTimer>
 
 #include <cstdint>
@@ -12,19 +13,16 @@ namespace brovin::desktop {
 /// come out dark. One that begins to blend is believed some seconds later, when it shows something. Told by
 /// the X server when it changes, so that nobody need ask for each picture; elsewhere than on X11 all desktops
 /// blend.
-class Compositor final : public QAbstractNativeEventFilter {
+class Compositor final : public X11Watch {
 public:
     /// `changed` is called behind each change.
     explicit Compositor(std::function<void()> changed);
-    ~Compositor() override;
-    Compositor(const Compositor&) = delete;
-    Compositor& operator=(const Compositor&) = delete;
 
     [[nodiscard]] bool blends() const { return blends_; }
 
-    bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;
-
 private:
+    void hear(const xcb_generic_event_t& event, std::uint8_t type) override;
+
     std::function<void()> changed_;
     std::uint32_t selection_ = 0; ///< whose owner the compositor is
     std::uint8_t event_ = 0;      ///< that tells of another owner; 0: nobody does

@@ -38,32 +38,22 @@ bool isOurs(xcb_window_t window) {
 } // namespace
 
 FullScreenWatch::FullScreenWatch() {
-    server_ = x11Connection();
-    if (server_ == nullptr)
+    if (server() == nullptr)
         return;
     root_ = x11Root();
     activeWindowAtom_ = x11Atom("_NET_ACTIVE_WINDOW");
     stateAtom_ = x11Atom("_NET_WM_STATE");
     fullScreenAtom_ = x11Atom("_NET_WM_STATE_FULLSCREEN");
-    qGuiApp->installNativeEventFilter(this); // the toolkit hears of the root window's properties itself
-    look();
+    look(); // the toolkit has asked to be told of the root window's properties itself
 }
 
-FullScreenWatch::~FullScreenWatch() {
-    if (server_ != nullptr && qGuiApp != nullptr)
-        qGuiApp->removeNativeEventFilter(this);
-}
-
-bool FullScreenWatch::nativeEventFilter(const QByteArray& kind, void* message, qintptr* /*result*/) {
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    constexpr std::uint8_t kType = 0x7F; // the highest bit says who has sent it
-    if (kind != "xcb_generic_event_t" || (event->response_type & kType) != XCB_PROPERTY_NOTIFY)
-        return false;
-    const auto* const change = static_cast<const xcb_property_notify_event_t*>(message);
-    if ((change->window == root_ && change->atom == activeWindowAtom_) ||
-        (change->window == active_ && change->atom == stateAtom_))
+void FullScreenWatch::hear(const xcb_generic_event_t& event, std::uint8_t type) {
+    if (type != XCB_PROPERTY_NOTIFY)
+        return;
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if ((change.window == root_ && change.atom == activeWindowAtom_) ||
+        (change.window == active_ && change.atom == stateAtom_))
         look();
-    return false;
 }
 
 void FullScreenWatch::look() {
@@ -88,28 +78,28 @@ void FullScreenWatch::tellOfItsStates(Window window, bool wanted) {
         return;
     const std::uint32_t mask = wanted ? XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
     xcb_discard_reply(
-        server_, xcb_change_window_attributes_checked(server_, window, XCB_CW_EVENT_MASK, &mask).sequence);
+        server(), xcb_change_window_attributes_checked(server(), window, XCB_CW_EVENT_MASK, &mask).sequence);
 }
 
 FullScreenWatch::Window FullScreenWatch::activeWindow() const {
-    const auto reply = property(server_, root_, activeWindowAtom_, XCB_ATOM_WINDOW);
+    const auto reply = property(server(), root_, activeWindowAtom_, XCB_ATOM_WINDOW);
     const auto items = itemsOf(reply.get());
     return items.empty() ? 0 : items.front();
 }
 
 bool FullScreenWatch::isFullScreen(Window window) const {
-    const auto reply = property(server_, window, stateAtom_, XCB_ATOM_ATOM);
+    const auto reply = property(server(), window, stateAtom_, XCB_ATOM_ATOM);
     const auto states = itemsOf(reply.get());
     return std::find(states.begin(), states.end(), fullScreenAtom_) != states.end();
 }
 
 std::optional<platform::Area> FullScreenWatch::placeOf(Window window) const {
-    const auto askedSize = xcb_get_geometry(server_, window);
-    const auto askedPlace = xcb_translate_coordinates(server_, window, root_, 0, 0);
-    const X11Reply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server_, askedSize, nullptr),
+    const auto askedSize = xcb_get_geometry(server(), window);
+    const auto askedPlace = xcb_translate_coordinates(server(), window, root_, 0, 0);
+    const X11Reply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server(), askedSize, nullptr),
                                                   &std::free);
     const X11Reply<xcb_translate_coordinates_reply_t> place(
-        xcb_translate_coordinates_reply(server_, askedPlace, nullptr), &std::free);
+        xcb_translate_coordinates_reply(server(), askedPlace, nullptr), &std::free);
     if (!size || !place)
         return std::nullopt;
     return platform::Area{place->dst_x, place->dst_y, size->width, size->height};

@@ -76,33 +76,26 @@ std::optional<std::int32_t> numberInXSettings(std::span<const std::uint8_t> sett
 }
 
 XSettings::XSettings() {
-    server_ = x11Connection();
-    if (server_ == nullptr)
+    if (server() == nullptr)
         return;
     root_ = x11Root();
     ownerAtom_ = x11Atom("_XSETTINGS_S0");
     settingsAtom_ = x11Atom("_XSETTINGS_SETTINGS");
     managerAtom_ = x11Atom("MANAGER");
-    qGuiApp->installNativeEventFilter(this); // the toolkit hears of new managers itself
-    follow();
-}
-
-XSettings::~XSettings() {
-    if (server_ != nullptr && qGuiApp != nullptr)
-        qGuiApp->removeNativeEventFilter(this);
+    follow(); // the toolkit has asked to be told of new managers itself
 }
 
 /// The toolkit may follow the same window for its own purposes, with the same wishes.
 void XSettings::follow() {
-    const auto asked = xcb_get_selection_owner(server_, ownerAtom_);
+    const auto asked = xcb_get_selection_owner(server(), ownerAtom_);
     const X11Reply<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(server_, asked, nullptr), &std::free);
+        xcb_get_selection_owner_reply(server(), asked, nullptr), &std::free);
     owner_ = reply ? reply->owner : 0;
     const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     if (owner_ != 0)
         xcb_discard_reply(
-            server_,
-            xcb_change_window_attributes_checked(server_, owner_, XCB_CW_EVENT_MASK, &mask).sequence);
+            server(),
+            xcb_change_window_attributes_checked(server(), owner_, XCB_CW_EVENT_MASK, &mask).sequence);
 }
 
 std::optional<std::int32_t> XSettings::number(std::string_view name) const {
@@ -110,8 +103,8 @@ std::optional<std::int32_t> XSettings::number(std::string_view name) const {
         return std::nullopt;
     constexpr std::uint32_t kMost = 1U << 16; // words; desktops have a few hundred
     const auto asked =
-        xcb_get_property(server_, 0, owner_, settingsAtom_, XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
-    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server_, asked, nullptr),
+        xcb_get_property(server(), 0, owner_, settingsAtom_, XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
+    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server(), asked, nullptr),
                                                    &std::free);
     if (!reply || reply->format != 8)
         return std::nullopt;
@@ -120,30 +113,24 @@ std::optional<std::int32_t> XSettings::number(std::string_view name) const {
                              name);
 }
 
-bool XSettings::nativeEventFilter(const QByteArray& kind, void* message, qintptr* /*result*/) {
-    if (kind != "xcb_generic_event_t")
-        return false;
-    constexpr std::uint8_t kType = 0x7F; // the highest bit says who has sent it
-    const auto* const event = static_cast<const xcb_generic_event_t*>(message);
-    const std::uint8_t type = event->response_type & kType;
+void XSettings::hear(const xcb_generic_event_t& event, std::uint8_t type) {
     bool mayHaveChanged = false;
     if (type == XCB_PROPERTY_NOTIFY) {
-        const auto* const change = reinterpret_cast<const xcb_property_notify_event_t*>(event);
-        mayHaveChanged = owner_ != 0 && change->window == owner_ && change->atom == settingsAtom_;
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        mayHaveChanged = owner_ != 0 && change.window == owner_ && change.atom == settingsAtom_;
     } else if (type == XCB_CLIENT_MESSAGE) {
-        const auto* const told = reinterpret_cast<const xcb_client_message_event_t*>(event);
+        const auto& told = reinterpret_cast<const xcb_client_message_event_t&>(event);
         mayHaveChanged =
-            told->window == root_ && told->type == managerAtom_ && told->data.data32[1] == ownerAtom_;
+            told.window == root_ && told.type == managerAtom_ && told.data.data32[1] == ownerAtom_;
     } else if (type == XCB_DESTROY_NOTIFY) {
         mayHaveChanged =
-            owner_ != 0 && reinterpret_cast<const xcb_destroy_notify_event_t*>(event)->window == owner_;
+            owner_ != 0 && reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == owner_;
     }
     if (!mayHaveChanged)
-        return false;
+        return;
     follow();
     if (changed)
         changed();
-    return false;
 }
 
 } // namespace brovin::desktop

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QAbstractNativeEventFilter>
+#include "desktop/x11/x11_watch.h"
 
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
-
-struct xcb_connection_t;
 
 namespace brovin::desktop {
 
@@ -18,12 +16,9 @@ namespace brovin::desktop {
                                                             std::string_view name);
 
 /// The settings that the desktops of X11 share with all programs. On a desktop without X11 there are none.
-class XSettings final : public QAbstractNativeEventFilter {
+class XSettings final : public X11Watch {
 public:
     XSettings();
-    ~XSettings() override;
-    XSettings(const XSettings&) = delete;
-    XSettings& operator=(const XSettings&) = delete;
 
     /// Any of them has changed, or may have.
     std::function<void()> changed;
@@ -31,12 +26,10 @@ public:
     /// nullopt: not set.
     [[nodiscard]] std::optional<std::int32_t> number(std::string_view name) const;
 
-    bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;
-
 private:
+    void hear(const xcb_generic_event_t& event, std::uint8_t type) override;
     void follow();
 
-    xcb_connection_t* server_ = nullptr; ///< null: no X11
     std::uint32_t root_ = 0;
     std::uint32_t owner_ = 0; ///< the window that has them; 0: nobody
     std::uint32_t ownerAtom_ = 0;
