@@ -34,6 +34,7 @@ TEST(AutostartEntry, isOneThatDesktopsAccept) {
     EXPECT_TRUE(content.startsWith("[Desktop Entry]\nType=Application\nName=Brovin\n"));
     EXPECT_TRUE(content.contains(R"(Exec="/opt/my \\"tools\\"/100%% \\$HOME/a\\\\b")"))
         << content.toStdString();
+    EXPECT_TRUE(content.contains("TryExec=/opt/my \"tools\"/100% $HOME/a\\\\b\n")) << content.toStdString();
 
     entry.close();
     ASSERT_TRUE(entry.open(QIODevice::Append));

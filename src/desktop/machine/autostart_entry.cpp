@@ -45,11 +45,13 @@ bool AutostartEntry::present() const {
 }
 
 bool AutostartEntry::add(const std::string& program) {
+    // Where the program has been removed since, the desktop passes over the entry.
+    const QByteArray there = QByteArray::fromStdString(program).replace("\\", "\\\\");
     QSaveFile entry(file_);
     if (!QDir().mkpath(QFileInfo(file_).path()) || !entry.open(QIODevice::WriteOnly))
         return false;
     entry.write("[Desktop Entry]\nType=Application\nName=Brovin\nExec=" + execValue(program) +
-                "\nIcon=org.kestrelworks.brovin\nTerminal=false\n");
+                "\nTryExec=" + there + "\nIcon=org.kestrelworks.brovin\nTerminal=false\n");
     return entry.commit();
 }
 
