@@ -50,6 +50,14 @@ function(brovin_library name)
     target_link_libraries(brovin_${name} ${reach} ${room_DEPENDS})
 endfunction()
 
+# brovin_module(NAME): a module that the program opens when it needs it. Its file carries the version: a program that is
+# still running when another version is installed in its place finds its own module gone, and never one that it does not fit.
+function(brovin_module name)
+    set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${name}-${PROJECT_VERSION}
+        LIBRARY_OUTPUT_DIRECTORY ${BROVIN_MODULES})
+    install(TARGETS ${name} LIBRARY DESTINATION lib/brovin)
+endfunction()
+
 # Tests are built to be there soon, not to run fast: what they test is compiled in full. Several sources are compiled
 # as one, which takes less than half of the time, and the headers that all of them read are read once, with the first
 # test program.
