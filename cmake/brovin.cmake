@@ -14,7 +14,8 @@ endif()
 if(BROVIN_SANITIZE)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_compile_options(brovin_flags INTERFACE ${sanitizers})
-    target_link_options(brovin_flags INTERFACE ${sanitizers})
+    # Modules are opened by the sanitizers' own library in the program's name, for which only this kind of path counts.
+    target_link_options(brovin_flags INTERFACE ${sanitizers} -Wl,--disable-new-dtags)
 endif()
 if(BROVIN_HARDENED)
     target_compile_options(brovin_flags INTERFACE

@@ -20,7 +20,8 @@
 namespace brovin::character {
 namespace {
 
-const int kDraws = std::getenv("REACTION_DRAWS") != nullptr ? 300 : 25;
+const char* const kAsked = std::getenv("REACTION_DRAWS");
+const int kDraws = kAsked != nullptr ? std::atoi(kAsked) : 25;
 constexpr int kLongestPlay = 20'000; ///< ms into an animation, at most
 constexpr int kFirstReaction = 400;  ///< ms
 constexpr int kFirstWords = 1'200;
