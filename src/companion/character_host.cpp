@@ -23,6 +23,15 @@ constexpr int kBelowFeet = 19;
 constexpr int kFarthestOut = -50;
 constexpr int kLeftButton = 1;
 
+/// As large as the character is on the screen under it.
+platform::Area sized(platform::Area place, const platform::CharacterPlace& character,
+                     const Screens& screens) {
+    const platform::Area there = character.areaOn(screenUnder(place, screens));
+    place.width = there.width;
+    place.height = there.height;
+    return place;
+}
+
 } // namespace
 
 void CharacterHost::scanCharacters() {
@@ -74,6 +83,7 @@ void CharacterHost::place(platform::CharacterPlace& character) const {
     else if (const auto top = text::leadingInt16(*storedTop))
         place.top = *top;
     const platform::Area screen = screenUnder(place, screens);
+    place = sized(place, character, screens);
     const int x = place.left - screen.left;
     const int y = place.top - screen.top;
     if (x > screen.width || x < kFarthestOut)
@@ -221,7 +231,9 @@ void CharacterHost::sendToNextScreen() {
     const Screens screens = needs_.service.screens();
     if (needs_.actor.character == nullptr || screens.empty())
         return;
-    const platform::Area place = onNextScreen(needs_.actor.character->place.area(), screens);
+    const platform::CharacterPlace& character = needs_.actor.character->place;
+    const platform::Area next = nextScreen(character.area(), screens);
+    const platform::Area place = likewiseOn(next, character.area(), character.areaOn(next), screens);
     remember(place);
     needs_.actor.moveTo(place.left, place.top);
 }
@@ -238,8 +250,11 @@ void CharacterHost::screensChanged() {
         home.left = text::leadingInt16(*left).value_or(home.left);
         home.top = text::leadingInt16(*top).value_or(home.top);
     }
-    if (isLost(home, screens))
+    home = sized(home, character->place, screens);
+    if (isLost(home, screens)) {
         home = broughtBack(character->place.area(), screens);
+        home = broughtBack(sized(home, character->place, screens), screens);
+    }
     home = onOneScreen(home, screens);
     character->place.put(home.left, home.top);
 }

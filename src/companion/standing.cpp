@@ -45,12 +45,12 @@ int movedInto(int begin, int length, Span room) {
     return std::max(std::min(begin, room.end - length), room.begin);
 }
 
-/// The same share of the way through another room.
-int likewise(int begin, int length, Span room, Span other) {
-    const std::int64_t play = std::max(room.end - room.begin - length, 1);
-    const std::int64_t otherPlay = std::max(other.end - other.begin - length, 0);
-    const auto at = other.begin + (begin - room.begin) * otherPlay / play;
-    return movedInto(static_cast<int>(at), length, other);
+/// The same share of the way through another room, of something that has another length there.
+int likewise(Span character, Span room, int otherLength, Span other) {
+    const std::int64_t play = std::max(room.end - room.begin - (character.end - character.begin), 1);
+    const std::int64_t otherPlay = std::max(other.end - other.begin - otherLength, 0);
+    const auto at = other.begin + (character.begin - room.begin) * otherPlay / play;
+    return movedInto(static_cast<int>(at), otherLength, other);
 }
 
 } // namespace
@@ -99,18 +99,21 @@ Area onOneScreen(Area character, const Screens& screens) {
     return character;
 }
 
-Area onNextScreen(const Area& character, Screens screens) {
+Area nextScreen(const Area& character, Screens screens) {
     const Area here = screenUnder(character, screens);
     const auto place = [](const Area& screen) { return std::pair(screen.left, screen.top); };
     std::sort(screens.begin(), screens.end(),
               [place](const Area& a, const Area& b) { return place(a) < place(b); });
     const auto behind = std::find_if(screens.begin(), screens.end(),
                                      [&](const Area& screen) { return place(here) < place(screen); });
-    const Area& next = behind == screens.end() ? screens.front() : *behind;
-    Area moved = character;
-    moved.left = likewise(character.left, character.width, across(here), across(next));
-    moved.top = likewise(character.top, character.height, down(here), down(next));
-    return moved;
+    return behind == screens.end() ? screens.front() : *behind;
+}
+
+Area likewiseOn(const Area& screen, const Area& character, Area there, const Screens& screens) {
+    const Area& here = screenUnder(character, screens);
+    there.left = likewise(across(character), across(here), there.width, across(screen));
+    there.top = likewise(down(character), down(here), there.height, down(screen));
+    return there;
 }
 
 } // namespace brovin::companion

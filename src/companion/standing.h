@@ -28,7 +28,11 @@ using Screens = std::vector<platform::Area>;
 /// moved off the border, onto the one that has most of it. All others stay.
 [[nodiscard]] platform::Area onOneScreen(platform::Area character, const Screens& screens);
 
-/// As it stands, but on the next screen to the right; behind the last comes the first.
-[[nodiscard]] platform::Area onNextScreen(const platform::Area& character, Screens screens);
+/// The next screen to the right of the one that most of it is on; behind the last comes the first.
+[[nodiscard]] platform::Area nextScreen(const platform::Area& character, Screens screens);
+
+/// As it stands, but on another screen, on which it is as large as `there` is.
+[[nodiscard]] platform::Area likewiseOn(const platform::Area& screen, const platform::Area& character,
+                                        platform::Area there, const Screens& screens);
 
 } // namespace brovin::companion

@@ -106,6 +106,8 @@ public:
     [[nodiscard]] virtual bool visible() const = 0;
     /// What it takes up, also while it is hidden.
     [[nodiscard]] virtual Area area() const = 0;
+    /// The same, as large as it is on one of the service's screens: they may be of unlike scale.
+    [[nodiscard]] virtual Area areaOn(const Area& screen) const = 0;
     /// Puts its upper left corner there at once.
     virtual void put(int left, int top) = 0;
 };

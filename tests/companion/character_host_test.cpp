@@ -254,6 +254,16 @@ TEST(CharacterHost, comesBackWhenItsMonitorGoesAndReturnsWithIt) {
     EXPECT_EQ("1500", world.settings.setting("AgentX"));
 }
 
+TEST(CharacterHost, keepsItsFeetOnTheGroundOfAMonitorOfAnotherScale) {
+    CharacterHostWorld world;
+    world.characters.screenAreas = {{0, 0, 1000, 1000}, {1000, 0, 500, 500}};
+    world.character.fineFrom = 1000;
+    std::tie(world.character.x, world.character.y) = std::pair(436, 872); // in the middle, at the bottom
+    world.host.Agent1_DragComplete();
+    const Texts requests = world.after([&] { world.host.sendToNextScreen(); });
+    EXPECT_EQ((Texts{"moveTo 1218 436"}), requests);
+}
+
 TEST(CharacterHost, answersTenThousandClicksAsOftenAsItShould) {
     CharacterHostWorld world;
     std::mt19937_64 numbers(20261121);

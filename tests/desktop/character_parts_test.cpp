@@ -4,6 +4,7 @@
 #include "desktop/character/company.h"
 #include "desktop/character/event_delivery.h"
 #include "desktop/character/opaque_region.h"
+#include "desktop/character/screens.h"
 #include "desktop/character_world.h"
 
 #include <random>
@@ -101,6 +102,35 @@ TEST(BalloonPlacement, letsABubbleGrowWhereItsLinesBegin) {
         EXPECT_EQ(bubble, growingBubble({side, kFull, tip, {}}, {80, 20}, before, lines)) << what;
     EXPECT_EQ(kFull,
               growingBubble({BalloonSide::Above, kFull, {200, 273}, {}}, {300, 90}, {}, Qt::LeftToRight));
+}
+
+TEST(Footing, isOnTheScreenThatTheMiddleIsOnAndWaitsAtItsBorder) {
+    // A fine screen to the left, which leaves a gap in the coordinates up to 1000; the character is half as
+    // large on it.
+    const QList<ScreenForCharacter> screens = {{{0, 0, 500, 500}, {100, 100}},
+                                               {{1000, 0, 1000, 1000}, {200, 200}}};
+    constexpr struct {
+        qsizetype current;
+        QPoint wanted;
+        qsizetype screen;
+        QPoint stands;
+        const char* why;
+    } kCases[] = {
+        {0, {100, 100}, 0, {100, 100}, "where it is"},
+        {0, {600, 100}, 0, {448, 100}, "in the gap it waits at the border"},
+        {0, {910, 100}, 1, {910, 100}, "until its middle would be on the other one"},
+        {1, {890, 100}, 1, {903, 100}, "and so on the way back"},
+        {1, {440, 100}, 0, {440, 100}, "over to the fine one"},
+        {1, {1500, 990}, 1, {1500, 898}, "no lower than by its middle"},
+        {0, {1400, 600}, 1, {1400, 600}, "put there from elsewhere"},
+    };
+    for (const auto& [current, wanted, screen, stands, why] : kCases) {
+        const Footing footing = footingAt(wanted, current, screens);
+        EXPECT_EQ(screen, footing.screen) << why;
+        EXPECT_EQ(stands, footing.place) << why;
+        const Footing again = footingAt(footing.place, footing.screen, screens);
+        EXPECT_EQ(footing.place, again.place) << "and stays: " << why;
+    }
 }
 
 TEST(Company, isLeftInSightByAWindowThatComesUp) {

@@ -19,12 +19,17 @@ public:
     bool isBusy = false;
     int x = 0;
     int y = 0;
-    int size = 128; ///< width and height
+    int size = 128;    ///< width and height
+    int fineFrom = -1; ///< the left edge of a screen on which it is half as large; -1: none
     platform::Character sides{*this, *this, *this};
 
     [[nodiscard]] bool visible() const override { return isVisible; }
     [[nodiscard]] bool busy() const override { return isBusy; }
     [[nodiscard]] platform::Area area() const override { return {x, y, size, size}; }
+    [[nodiscard]] platform::Area areaOn(const platform::Area& screen) const override {
+        const int there = screen.left == fineFrom ? size / 2 : size;
+        return {x, y, there, there};
+    }
     void put(int left, int top) override {
         x = left;
         y = top;

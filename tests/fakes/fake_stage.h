@@ -120,11 +120,13 @@ public:
     FakeStageSurface(StageLog& log, NameOf nameOf) : log_(log), nameOf_(std::move(nameOf)) {}
 
     bool logsPlaces = false;
+    double enlarged = 1;
     character::Shown shown = character::Shown::No;
     character::Place place;
     std::optional<character::Place> mouse;
     std::optional<character::Place> below; ///< the middle of what it stands on
 
+    [[nodiscard]] double scale() const override { return enlarged; }
     [[nodiscard]] std::optional<character::Place> pointer() const override { return mouse; }
     [[nodiscard]] std::optional<character::Place> ground() const override { return below; }
     void showFrame(const character::Frame& frame, const character::MouthOverlay* mouth) override {

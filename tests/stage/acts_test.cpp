@@ -219,6 +219,10 @@ TEST(User, dragsTheCharacterByWhereItWasSeized) {
     EXPECT_EQ((Place{100, 200}), world.surface.place);
     world.stage->setPlace({0, 0}, MoveCause::Program);
     EXPECT_EQ((Place{100, 200}), world.stage->place()) << "the user holds it";
+    world.surface.enlarged = 2; // over to a monitor on which it is drawn twice as large
+    world.stage->dragTo({130, 240});
+    EXPECT_EQ((Place{70, 160}), world.surface.place);
+    world.surface.enlarged = 1;
     world.stage->endDrag(kLeftAt(140, 250));
     EXPECT_EQ((Lines{"drag start 1 0 30,40", "move 110,210 1", "drag complete 1 0 140,250"}),
               untimed(world.settle()));

@@ -5,6 +5,7 @@
 #include "character/stage/play_act.h"
 #include "character/stage/speak_act.h"
 
+#include <cmath>
 #include <utility>
 
 namespace brovin::character {
@@ -202,14 +203,18 @@ void Stage::doubleClick(const Pointer& pointer) {
 void Stage::beginDrag(const Pointer& pointer) {
     if (!presence_.visible() || presence_.dragged())
         return;
-    grip_ = {pointer.at.x - presence_.place().x, pointer.at.y - presence_.place().y};
+    const double scale = surface_.scale();
+    grip_ = {(pointer.at.x - presence_.place().x) / scale, (pointer.at.y - presence_.place().y) / scale};
     presence_.setDragged(true);
     userShowsUp(event::DragStarted{pointer});
 }
 
 void Stage::dragTo(Place pointer) {
-    if (presence_.dragged())
-        presence_.put({pointer.x - grip_.x, pointer.y - grip_.y});
+    if (!presence_.dragged())
+        return;
+    const double scale = surface_.scale(); // another one on another monitor
+    presence_.put({pointer.x - static_cast<int>(std::lround(grip_.x * scale)),
+                   pointer.y - static_cast<int>(std::lround(grip_.y * scale))});
 }
 
 void Stage::endDrag(const Pointer& pointer) {

@@ -139,7 +139,11 @@ private:
     std::optional<std::vector<SpeechSegment>> lastStatement_;
     RequestQueue queue_;
     bool curious_ = true;
-    Place grip_; ///< where the user holds the character, from its upper left corner
+    struct Grip {
+        double x = 0;
+        double y = 0;
+    };
+    Grip grip_; ///< where the user holds the character, from its upper left corner: pixels of the frame
 };
 
 } // namespace brovin::character

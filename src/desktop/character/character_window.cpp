@@ -1,6 +1,7 @@
 #include "desktop/character/character_window.h"
 
 #include "desktop/character/opaque_region.h"
+#include "desktop/character/screens.h"
 #include "desktop/character/window_below.h"
 
 #include <QCloseEvent>
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace brovin::desktop {
 namespace {
@@ -30,7 +32,7 @@ QImage viewOf(const character::Bitmap& bitmap) {
 CharacterWindow::CharacterWindow(const character::CharacterData& shown, int percent)
     : images_(shown.images), painter_(shown, images_), frame_(shown.width, shown.height), percent_(percent),
       hideAction_(menu_.addAction(QString())), nextScreenAction_(menu_.addAction(QString())) {
-    setFixedSize(wantedSize());
+    setFixedSize(sizeOn(*screen()));
     QObject::connect(hideAction_, &QAction::triggered, this, [this] {
         if (stage_ != nullptr)
             stage_->hideByUser(character::VisibilityCause::UserHidByMenu);
@@ -84,34 +86,71 @@ void CharacterWindow::addEntries(QMenu& menu, const std::vector<platform::MenuEn
 
 void CharacterWindow::setPercent(int percent) {
     percent_ = percent;
-    fit(Keeps::Feet);
+    fit();
 }
 
-QSize CharacterWindow::wantedSize() const {
+QSize CharacterWindow::sizeOn(const QScreen& screen) const {
     if (percent_ == 0)
-        return (QSizeF(frame_) * std::max(screen()->logicalDotsPerInch() / kUsualDotsPerInch, 1.0)).toSize();
+        return (QSizeF(frame_) * std::max(screen.logicalDotsPerInch() / kUsualDotsPerInch, 1.0)).toSize();
     const double most =
         std::sqrt(static_cast<double>(character::kMostEnlargedPixels) / (frame_.width() * frame_.height()));
-    return (QSizeF(frame_) * std::min(percent_ / 100.0, most) / devicePixelRatioF()).toSize();
+    return (QSizeF(frame_) * std::min(percent_ / 100.0, most) / screen.devicePixelRatio()).toSize();
 }
 
-/// Behind a change of the wish or of the screen. The middle decides on which screen it is, so it must not
-/// move by that: it would go to and fro between a fine screen and a coarse one below.
-void CharacterWindow::fit(Keeps what) {
+const QScreen& CharacterWindow::standsOn() const {
+    return standsOn_ ? *standsOn_ : *screen();
+}
+
+/// Behind a change of the wish.
+void CharacterWindow::fit() {
     const QSize before = size();
-    const QSize after = wantedSize();
+    const QSize after = sizeOn(standsOn());
     if (after != before) {
         setFixedSize(after);
         const QSize lost = before - after;
-        const QPoint to =
-            place() + QPoint(lost.width() / 2, what == Keeps::Feet ? lost.height() : lost.height() / 2);
+        const QPoint to = place() + QPoint(lost.width() / 2, lost.height());
         if (stage_ != nullptr)
             stage_->setPlace({to.x(), to.y()}, character::MoveCause::Program);
     }
+    fitPicture();
+}
+
+/// Behind a change of the screen, of which the toolkit tells late: by then it has been counted with.
+void CharacterWindow::fitScreen() {
+    if (stage_ != nullptr)
+        stepTo({stage_->place().x, stage_->place().y});
+    fit();
+}
+
+void CharacterWindow::fitPicture() {
     if (picture_.isNull() || picture_.size() == pixels())
         return;
     drawPicture();
     present(opaqueRegion(picture_));
+}
+
+/// Where all screens are alike it goes wherever it likes. Where not, the toolkit's coordinates have gaps, in
+/// which it would have it now on one screen and now on another.
+void CharacterWindow::stepTo(QPoint place) {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const auto alike = [](const QScreen* a, const QScreen* b) {
+        return a->devicePixelRatio() == b->devicePixelRatio() &&
+               a->logicalDotsPerInch() == b->logicalDotsPerInch();
+    };
+    if (std::adjacent_find(screens.begin(), screens.end(), std::not_fn(alike)) == screens.end()) {
+        standsOn_ = nullptr;
+        putAt(place);
+        return;
+    }
+    QList<ScreenForCharacter> choice;
+    for (const QScreen* const screen : screens)
+        choice.append({screen->geometry(), sizeOn(*screen)});
+    const qsizetype current = std::max<qsizetype>(screens.indexOf(&standsOn()), 0);
+    const Footing footing = footingAt(place, current, choice);
+    standsOn_ = screens[footing.screen];
+    setFixedSize(choice[footing.screen].size);
+    putAt(footing.place);
+    fitPicture();
 }
 
 double CharacterWindow::scale() const {
@@ -163,7 +202,7 @@ std::optional<character::Place> CharacterWindow::ground() const {
 }
 
 void CharacterWindow::setPlace(character::Place place) {
-    putAt({place.x, place.y});
+    stepTo({place.x, place.y});
     if (moved)
         moved();
 }

@@ -11,7 +11,9 @@
 
 #include <QImage>
 #include <QMenu>
+#include <QPointer>
 #include <QRect>
+#include <QScreen>
 
 #include <cstdint>
 #include <deque>
@@ -45,6 +47,8 @@ public:
     using Chosen = std::function<void(std::function<void()> act)>;
     Chosen chosen;
 
+    /// How large it is on a screen.
+    [[nodiscard]] QSize sizeOn(const QScreen& screen) const;
     /// Where on the screen the picture is in its frame; the whole frame where it shows nothing.
     [[nodiscard]] QRect figure() const;
 
@@ -69,10 +73,11 @@ protected:
     void blendingChanged() override;
 
 private:
-    [[nodiscard]] QSize wantedSize() const;
-    enum class Keeps : std::uint8_t { Feet, Middle };
-    void fit(Keeps what);
-    void fitScreen() { fit(Keeps::Middle); }
+    [[nodiscard]] const QScreen& standsOn() const;
+    void stepTo(QPoint place);
+    void fit();
+    void fitScreen();
+    void fitPicture();
     void drawPicture();
     void addEntries(QMenu& menu, const std::vector<platform::MenuEntry>& entries);
 
@@ -83,6 +88,7 @@ private:
     QImage picture_; ///< of the screen's pixels; a view of `canvas_`, or of what the enlarger made of it
     QSize frame_;
     int percent_;
+    QPointer<QScreen> standsOn_; ///< null: the one that the toolkit has it on
     QMenu menu_;
     QAction* hideAction_;
     QAction* nextScreenAction_; ///< only to be seen while there are several screens

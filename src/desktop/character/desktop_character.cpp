@@ -3,6 +3,8 @@
 #include "desktop/character/character_language.h"
 
 #include <QDateTime>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <utility>
 
@@ -52,7 +54,17 @@ void DesktopCharacter::setManners(const platform::Manners& manners) {
 }
 
 platform::Area DesktopCharacter::area() const {
-    return {stage_.place().x, stage_.place().y, window_.width(), window_.height()};
+    return {window_.place().x(), window_.place().y(), window_.width(), window_.height()};
+}
+
+platform::Area DesktopCharacter::areaOn(const platform::Area& screen) const {
+    const QRect wanted(screen.left, screen.top, screen.width, screen.height);
+    for (const QScreen* const candidate : QGuiApplication::screens())
+        if (candidate->geometry() == wanted) {
+            const QSize size = window_.sizeOn(*candidate);
+            return {window_.place().x(), window_.place().y(), size.width(), size.height()};
+        }
+    return area();
 }
 
 void DesktopCharacter::put(int left, int top) {

@@ -41,6 +41,7 @@ public:
     [[nodiscard]] bool visible() const override { return stage_.visible(); }
     [[nodiscard]] bool busy() const override { return stage_.busy(); }
     [[nodiscard]] platform::Area area() const override;
+    [[nodiscard]] platform::Area areaOn(const platform::Area& screen) const override;
     void put(int left, int top) override;
     bool show() override;
     bool hide() override;

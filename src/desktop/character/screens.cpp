@@ -29,4 +29,23 @@ QRect movedInto(QRect rect, const QRect& room) {
     return rect;
 }
 
+Footing footingAt(QPoint place, qsizetype current, const QList<ScreenForCharacter>& screens) {
+    constexpr int kBorder = 2; // rounding at the very edge must not make another screen of it
+    const auto inner = [](const ScreenForCharacter& screen) {
+        return screen.area.adjusted(kBorder, kBorder, -kBorder, -kBorder);
+    };
+    const auto fits = [place, inner](const ScreenForCharacter& screen) {
+        return inner(screen).contains(QRect(place, screen.size).center());
+    };
+    const ScreenForCharacter& here = screens[current];
+    if (fits(here))
+        return {current, place};
+    const auto other = std::find_if(screens.begin(), screens.end(), fits);
+    if (other != screens.end())
+        return {other - screens.begin(), place};
+    const QPoint middle = QRect(place, here.size).center();
+    const QRect nearest = movedInto(QRect(middle, QSize(1, 1)), inner(here));
+    return {current, place + nearest.topLeft() - middle};
+}
+
 } // namespace brovin::desktop
