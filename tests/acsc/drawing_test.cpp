@@ -2,6 +2,7 @@
 #include "acsc/drawing/palette.h"
 #include "acsc/drawing/perceived_colour.h"
 #include "acsc/drawing/picture.h"
+#include "acsc/drawing/puppet.h"
 #include "acsc/movement/easing.h"
 #include "acsc/movement/movement.h"
 #include "acsc/sources/sounds.h"
@@ -41,6 +42,29 @@ TEST(Tracks, takeFromThePoseWhatTheirKeysLeaveOut) {
     EXPECT_DOUBLE_EQ(-10, poses[2].parts[arm].rotate);
     EXPECT_DOUBLE_EQ(-30, poses[6].parts[arm].rotate) << "on the way to the pose that it ends with";
     EXPECT_DOUBLE_EQ(-2, poses[8].parts[arm].y);
+}
+
+TEST(Puppet, isDrawnFromItsLayersAsTheWholeDrawingWouldBe) {
+    DotFolder dot;
+    dot.replace(
+        QStringLiteral("rig.svg"), QStringLiteral("<circle cx=\"16\" cy=\"12\""),
+        QStringLiteral("</g><g transform=\"translate(1 2)\" fill=\"#00ff00\" opacity=\"0.6\"><g id=\"inner\" "
+                       "opacity=\"0.8\"><rect x=\"4\" y=\"4\" width=\"9\" height=\"7\"/></g></g>"
+                       "<g><circle cx=\"16\" cy=\"12\""));
+    Problems problems;
+    const CharacterSource source = dot.read(problems);
+    ASSERT_TRUE(problems.none()) << qPrintable(problems.list().join(u' '));
+    Pose pose = source.rig->neutral();
+    pose.parts[*source.rig->findPart(QStringLiteral("body"))] = {2, 1, 20, 1.1, 0.9, 0.9};
+    pose.parts[*source.rig->findPart(QStringLiteral("arm"))].rotate = -50;
+    pose.parts[*source.rig->findPart(QStringLiteral("inner"))].rotate = 30;
+    EXPECT_EQ(10U, source.rig->layers().size()) << "body, arm, inner, what is beside it, closed eyes, mouths";
+    const Picture whole = drawSvg(source.rig->svg(pose), source.size);
+    const Picture drawn = Puppet(*source.rig, source.size).drawn(pose);
+    for (std::size_t i = 0; i < whole.pixels.size(); ++i)
+        for (const unsigned shift : {0U, 8U, 16U, 24U})
+            EXPECT_NEAR(whole.pixels[i] >> shift & 0xFFU, drawn.pixels[i] >> shift & 0xFFU, 4)
+                << "pixel " << i;
 }
 
 TEST(Rig, turnsPartsAboutTheirPivots) {

@@ -58,7 +58,9 @@ FilmedAnimation Camera::film(const AnimationSource& animation) {
 const Picture& Camera::drawn(const Pose& pose) {
     QByteArray svg = source_.rig->svg(pose);
     if (svg != lastSvg_) {
-        last_ = drawSvg(svg, source_.size);
+        if (!puppet_)
+            puppet_ = std::make_unique<Puppet>(*source_.rig, source_.size);
+        last_ = puppet_->drawn(pose);
         lastSvg_ = std::move(svg);
     }
     return last_;

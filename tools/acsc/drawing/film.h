@@ -1,12 +1,14 @@
 #pragma once
 
 #include "acsc/drawing/picture.h"
+#include "acsc/drawing/puppet.h"
 #include "acsc/movement/route.h"
 #include "acsc/sources/character_source.h"
 
 #include <QStringList>
 
 #include <map>
+#include <memory>
 #include <vector>
 
 namespace brovin::acsc {
@@ -54,6 +56,7 @@ private:
 
     const CharacterSource& source_;
     Problems& problems_;
+    std::unique_ptr<Puppet> puppet_; ///< null: nothing has been drawn yet
     PictureStore pictures_;
     std::map<QByteArray, FilmedFrame> shot_;
     Picture last_;

@@ -11,8 +11,6 @@
 namespace brovin::acsc {
 namespace {
 
-constexpr std::uint32_t kRgb = 0xFFFFFF;
-constexpr std::uint32_t kColours = kRgb + 1;
 constexpr std::size_t kSystemEnd = 10; // of the standard colours at each end
 constexpr std::uint8_t kUsualTransparent = 10;
 constexpr std::size_t kEntries = 256;
@@ -30,15 +28,15 @@ character::Colour colourOf(std::uint32_t rgb) {
 }
 
 ColourCounts countColours(const std::vector<Picture>& pictures) {
-    std::vector<std::uint32_t> counts(kColours);
+    ColourTable<std::uint32_t> counts;
     for (const Picture& picture : pictures)
         for (const std::uint32_t pixel : picture.pixels)
             if (pixel != 0)
-                ++counts[pixel & kRgb];
+                ++counts[pixel];
     ColourCounts result;
-    for (std::uint32_t rgb = 0; rgb < kColours; ++rgb)
-        if (counts[rgb] > 0)
-            result.emplace_hint(result.end(), 0xFF000000U | rgb, counts[rgb]);
+    counts.forEach([&](std::uint32_t rgb, std::uint32_t count) {
+        result.emplace_hint(result.end(), 0xFF000000U | rgb, count);
+    });
     return result;
 }
 
@@ -46,7 +44,7 @@ ColourCounts countColours(const std::vector<Picture>& pictures) {
 
 Palette::Palette(const std::vector<Picture>& pictures, const PaletteWishes& wishes) {
     transparent_ = wishes.entries.empty() ? kUsualTransparent : wishes.transparent;
-    entries_.assign(kColours, transparent_);
+    entries_ = ColourTable<std::uint8_t>(transparent_);
     if (!wishes.entries.empty()) {
         for (std::size_t i = 0; i < wishes.entries.size(); ++i) {
             colours_.push_back(colourOf(wishes.entries[i]));
@@ -89,7 +87,7 @@ void Palette::place(const std::vector<std::uint32_t>& found) {
 
 /// The first of the entries that have the same colour stays.
 void Palette::know(std::uint32_t colour, std::size_t entry) {
-    std::uint8_t& known = entries_[colour & kRgb];
+    std::uint8_t& known = entries_[colour];
     if (known == transparent_)
         known = static_cast<std::uint8_t>(entry);
 }
@@ -131,7 +129,7 @@ std::uint8_t Palette::nearestEntry(const PerceivedColour& wanted) {
 std::uint8_t Palette::entryOf(std::uint32_t colour) {
     if (colour == 0)
         return transparent_;
-    std::uint8_t& entry = entries_[colour & kRgb];
+    std::uint8_t& entry = entries_[colour];
     if (entry == transparent_)
         entry = nearestEntry(perceived(colour));
     return entry;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "acsc/drawing/colour_table.h"
 #include "acsc/drawing/perceived_colour.h"
 #include "acsc/drawing/picture.h"
 #include "character/character_data.h"
@@ -41,9 +42,7 @@ private:
     std::vector<character::Colour> colours_;
     std::vector<Seen> byLightness_; ///< all but the transparent one; empty until they are needed
     std::uint8_t transparent_ = 0;
-    /// By colour 0xRRGGBB: its entry, or the transparent one where none is known yet. A hash would be
-    /// smaller, and several times as slow for the millions of pixels of a character.
-    std::vector<std::uint8_t> entries_;
+    ColourTable<std::uint8_t> entries_; ///< by colour; the transparent one: not yet known
 };
 
 } // namespace brovin::acsc

@@ -64,11 +64,16 @@ std::size_t hashOf(const Picture& picture) {
 } // namespace
 
 Picture drawSvg(const QByteArray& svg, QSize size) {
+    return drawPicture(
+        size, [&](QPainter& painter, const QRectF& frame) { QSvgRenderer(svg).render(&painter, frame); });
+}
+
+Picture drawPicture(QSize size, const std::function<void(QPainter&, const QRectF&)>& draw) {
     QImage large(size * kSamples, QImage::Format_ARGB32_Premultiplied);
     large.fill(Qt::transparent);
     QPainter painter(&large);
     painter.setRenderHint(QPainter::Antialiasing);
-    QSvgRenderer(svg).render(&painter, QRectF(large.rect()));
+    draw(painter, QRectF(large.rect()));
     painter.end();
     Picture picture = blank(size.width(), size.height());
     std::size_t i = 0;

@@ -2,9 +2,11 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QPainter>
 #include <QSize>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -34,8 +36,10 @@ struct Box {
     [[nodiscard]] bool empty() const { return width <= 0 || height <= 0; }
 };
 
-/// Draws an SVG text of that size. A pixel is there when half of it or more is covered, and has the colour of
-/// what covers it, not mixed with what lies behind.
+/// Has something drawn into a larger frame than `size`, which is given to `draw`. A pixel is there when half
+/// of it or more is covered, and has the colour of what covers it, not mixed with what lies behind.
+[[nodiscard]] Picture drawPicture(QSize size, const std::function<void(QPainter&, const QRectF&)>& draw);
+/// The same of an SVG text.
 [[nodiscard]] Picture drawSvg(const QByteArray& svg, QSize size);
 
 /// An image file's picture: what is half opaque or more is there.

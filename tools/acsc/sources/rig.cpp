@@ -186,6 +186,13 @@ bool Rig::visible(const Pose& pose, std::size_t part) const {
     return true;
 }
 
+double Rig::opacity(const Pose& pose, std::size_t part) const {
+    double result = 1;
+    for (std::optional<std::size_t> at = part; at; at = parts_[*at].parent)
+        result *= parts_[*at].opacity * pose.parts[*at].opacity;
+    return result;
+}
+
 QTransform Rig::ownMovement(const Part& part, const Placement& placement) const {
     QTransform t;
     t.translate(part.pivot.x() + placement.x, part.pivot.y() + placement.y);

@@ -50,7 +50,16 @@ public:
     [[nodiscard]] const Pose& neutral() const { return neutral_; }
     [[nodiscard]] std::optional<std::size_t> mouthSwitch() const { return mouthSwitch_; }
 
+    /// What lies in a part, or in none, between two other parts: a drawing of its own, unmoved.
+    struct Layer {
+        std::optional<std::size_t> part;
+        QByteArray svg;
+    };
+    /// The drawing from back to front; empty: it refers to itself and cannot be taken apart.
+    [[nodiscard]] const std::vector<Layer>& layers() const { return layers_; }
     [[nodiscard]] bool visible(const Pose& pose, std::size_t part) const;
+    /// Of what lies directly in it.
+    [[nodiscard]] double opacity(const Pose& pose, std::size_t part) const;
     /// Where the pose moves the drawing's points of a part.
     [[nodiscard]] QTransform movement(const Pose& pose, std::size_t part) const;
     /// The drawing in that pose. Two poses that look alike may still differ in text.
@@ -73,6 +82,7 @@ private:
     [[nodiscard]] QTransform ownMovement(const Part& part, const Placement& placement) const;
 
     std::vector<Piece> pieces_;
+    std::vector<Layer> layers_;
     std::vector<Part> parts_;
     std::vector<Switch> switches_;
     std::map<QString, Pose> poses_;

@@ -21,6 +21,11 @@ const QStringList& undrawable() {
     return names;
 }
 
+/// What is not shown where it stands, but used by what is.
+bool isShared(const QByteArray& name) {
+    return name == "defs" || name == "linearGradient" || name == "radialGradient";
+}
+
 QByteArray escaped(QStringView text) {
     return text.toString().toHtmlEscaped().toUtf8();
 }
@@ -40,14 +45,22 @@ void SvgReader::read(const QString& path, const QString& shownName, QSize frame)
         if (xml.isStartElement()) {
             begin(xml, shownName, frame);
         } else if (xml.isEndElement()) {
+            if (open_.back().part || open_.size() == 1)
+                endLayer();
             text("</" + xml.qualifiedName().toUtf8() + ">");
-            if (const auto part = open_.back().part)
+            const auto part = open_.back().part;
+            if (part)
                 rig_.pieces_.push_back({Rig::Piece::Kind::End, {}, *part});
             open_.pop_back();
+            if (part)
+                beginLayer();
+            if (open_.size() <= sharedSince_)
+                sharedSince_ = 0;
         } else if (xml.isCharacters()) {
             text(escaped(xml.text()));
         }
     }
+    finishLayers();
     if (xml.hasError())
         problems_.add(shownName, QStringLiteral("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString()));
 }
@@ -56,6 +69,33 @@ void SvgReader::text(const QByteArray& bytes) {
     if (rig_.pieces_.empty() || rig_.pieces_.back().kind != Rig::Piece::Kind::Text)
         rig_.pieces_.push_back({Rig::Piece::Kind::Text, {}, 0});
     rig_.pieces_.back().text += bytes;
+    (sharedSince_ > 0 ? shared_ : layer_) += bytes;
+}
+
+void SvgReader::beginLayer() {
+    layer_.clear();
+    layerShows_ = false;
+    for (std::size_t i = 1; i < open_.size(); ++i)
+        layer_ += open_[i].tag;
+}
+
+void SvgReader::endLayer() {
+    if (!layerShows_)
+        return;
+    std::optional<std::size_t> part;
+    for (auto open = open_.rbegin(); open != open_.rend(); ++open) {
+        layer_ += "</" + open->name + ">";
+        if (!part)
+            part = open->part;
+    }
+    rig_.layers_.push_back({part, layer_});
+}
+
+void SvgReader::finishLayers() {
+    for (Rig::Layer& layer : rig_.layers_)
+        layer.svg = root_ + shared_ + layer.svg;
+    if (refers_)
+        rig_.layers_.clear();
 }
 
 void SvgReader::begin(const QXmlStreamReader& xml, const QString& shownName, QSize frame) {
@@ -76,11 +116,21 @@ void SvgReader::begin(const QXmlStreamReader& xml, const QString& shownName, QSi
             continue;
         tag += " " + name.toUtf8() + "=\"" + escaped(attribute.value()) + "\"";
     }
+    const QByteArray name = xml.qualifiedName().toUtf8();
+    if (open_.empty())
+        root_ = tag + ">";
     if (!isPart) {
+        if (sharedSince_ == 0 && isShared(name))
+            sharedSince_ = open_.size();
+        layerShows_ = layerShows_ || (sharedSince_ == 0 && name != "g" && name != "svg");
+        refers_ = refers_ || name == "use";
         text(tag + ">");
-        open_.push_back({transform.value_or(QTransform()) * around, std::nullopt});
+        open_.push_back({transform.value_or(QTransform()) * around, std::nullopt, tag + ">", name});
+        if (open_.size() == 1)
+            beginLayer();
         return;
     }
+    endLayer();
     Part part;
     part.name = id;
     for (auto outer = open_.rbegin(); outer != open_.rend() && !part.parent; ++outer)
@@ -93,7 +143,9 @@ void SvgReader::begin(const QXmlStreamReader& xml, const QString& shownName, QSi
     if (rig_.findPart(id))
         problems_.add(shownName, QStringLiteral("there are two groups \"%1\"").arg(id));
     const std::size_t index = rig_.parts_.size();
-    open_.push_back({part.drawn * around, index});
+    const QByteArray drawn = " transform=\"" + transformText(part.drawn) + "\">";
+    open_.push_back({part.drawn * around, index, tag + drawn, name});
+    beginLayer();
     rig_.parts_.push_back(std::move(part));
     rig_.pieces_.push_back({Rig::Piece::Kind::Begin, tag, index});
 }
