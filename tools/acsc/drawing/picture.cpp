@@ -14,6 +14,7 @@ constexpr int kSamples = 2;
 
 /// The colour of premultiplied samples: 0 where less than half is covered.
 std::uint32_t coloured(const QRgb* above, const QRgb* below) {
+    static_assert(kSamples == 2);
     // Two channels at once, 16 bits each: red and blue, alpha and green.
     constexpr std::uint32_t kEven = 0x00FF00FFU;
     std::uint32_t redBlue = 0;
@@ -78,10 +79,10 @@ Picture drawPicture(QSize size, const std::function<void(QPainter&, const QRectF
     Picture picture = blank(size.width(), size.height());
     std::size_t i = 0;
     for (int y = 0; y < picture.height; ++y) {
-        const auto* const above = reinterpret_cast<const QRgb*>(large.constScanLine(y * kSamples));
-        const auto* const below = reinterpret_cast<const QRgb*>(large.constScanLine(y * kSamples + 1));
-        for (int x = 0; x < picture.width; ++x)
-            picture.pixels[i++] = coloured(above + x * kSamples, below + x * kSamples);
+        const auto* above = reinterpret_cast<const QRgb*>(large.constScanLine(y * kSamples));
+        const auto* below = reinterpret_cast<const QRgb*>(large.constScanLine(y * kSamples + 1));
+        for (int x = 0; x < picture.width; ++x, above += kSamples, below += kSamples)
+            picture.pixels[i++] = coloured(above, below);
     }
     return picture;
 }
