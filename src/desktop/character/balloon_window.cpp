@@ -108,8 +108,10 @@ void BalloonWindow::show(const character::BalloonPage& page) {
     if (lines.size() > height)
         lines = lines.mid(lines.size() - height);
     const bool opens = !figure_;
-    if (opens)
+    if (opens) {
         figure_ = speaker_.figure().translated(-speaker_.place());
+        figureScale_ = speaker_.scale();
+    }
     const int step = bubble_.fontMetrics().lineSpacing();
     full_ = {page.width + kAround, height * step + kAround};
     int widest = 2 * step;
@@ -134,7 +136,10 @@ void BalloonWindow::hide() {
 void BalloonWindow::follow() {
     if (!figure_)
         return;
-    BalloonPlace place = placeBalloon(full_, figure_->translated(speaker_.place()), room(), windowsAtWork());
+    const double grown = speaker_.scale() / figureScale_; // on a monitor of another scale
+    const QRect figure((QPointF(figure_->topLeft()) * grown).toPoint() + speaker_.place(),
+                       (QSizeF(figure_->size()) * grown).toSize());
+    BalloonPlace place = placeBalloon(full_, figure, room(), windowsAtWork());
     const QPoint corner = place.bubble.topLeft();
     place.bubble = growingBubble(place, size_, bubbleBefore_, linesBegin_);
     bubbleBefore_ = place.bubble.translated(-corner);

@@ -51,10 +51,11 @@ private:
     /// The speaker's picture in its frame when the balloon opened, so that the balloon does not dance with
     /// it; nullopt: the balloon is closed.
     std::optional<QRect> figure_;
-    bool grows_;         ///< else it is as large at once as the file says
-    QSize full_;         ///< when all is said: the window has room for that from the beginning on
-    QSize size_;         ///< so far
-    QRect bubbleBefore_; ///< in the full one; invalid: a statement begins
+    double figureScale_ = 1; ///< of the speaker, at that time
+    bool grows_;             ///< else it is as large at once as the file says
+    QSize full_;             ///< when all is said: the window has room for that from the beginning on
+    QSize size_;             ///< so far
+    QRect bubbleBefore_;     ///< in the full one; invalid: a statement begins
     Qt::LayoutDirection linesBegin_ = Qt::LeftToRight;
     bool readOut_ = false;
     Announcement announcement_;

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -112,6 +113,12 @@ void Bubble::drawLines(QPainter& painter) const {
         painter.drawText(row, flags, line);
         row.translate(0, step);
     }
+}
+
+/// Its shape is in pixels of the screen, which on another one may be larger or smaller.
+void Bubble::showEvent(QShowEvent* event) {
+    QObject::connect(windowHandle(), &QWindow::screenChanged, this, &Bubble::drawShape, Qt::UniqueConnection);
+    QWidget::showEvent(event);
 }
 
 void Bubble::mouseReleaseEvent(QMouseEvent* event) {
