@@ -33,6 +33,16 @@ std::string_view withoutBlanks(std::string_view line) {
     return line;
 }
 
+/// Nor with the mark of UTF-8, which stands before any line of a file that was put together of several: in
+/// front of all it would be taken for the file's.
+std::string_view withoutMarks(std::string_view line) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    line = withoutBlanks(line);
+    while (line.starts_with(kMark))
+        line = withoutBlanks(line.substr(kMark.size()));
+    return line;
+}
+
 void appendHex(std::string& to, unsigned number, int digits) {
     for (int i = digits - 1; i >= 0; --i)
         to.push_back(kHexDigits[number >> (4 * i) & 15U]);
@@ -191,13 +201,11 @@ std::string iniKey(std::string_view text) {
 
 SoundLines soundLines(std::string_view file) {
     constexpr std::string_view kEnds("\r\n\0", 3); // a zero byte is the end of the file to many
-    if (file.starts_with("\xEF\xBB\xBF"))
-        file.remove_prefix(3);
     SoundLines sound{{}, file.find('\0') != std::string_view::npos};
     bool nowhere = false; // nobody knows whose keys follow a section that was cut off
     while (!file.empty()) {
         const std::size_t end = file.find_first_of(kEnds);
-        const std::string_view line = withoutBlanks(file.substr(0, end));
+        const std::string_view line = withoutMarks(file.substr(0, end));
         file.remove_prefix(end == std::string_view::npos ? file.size() : end + 1);
         const bool remark = line.empty() || line.starts_with(';') || line.starts_with('#');
         const bool section = line.starts_with('[') && line.find(']') != std::string_view::npos;

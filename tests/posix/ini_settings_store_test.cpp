@@ -57,7 +57,7 @@ TEST(IniSettingsStore, keepsACopyOfWhatItCannotRead) {
     for (const std::string& damaged :
          {std::string("[Settings]\nForce=0\nConf"), std::string("[Settings]\nForce=0\nX=\0\0\0\n", 25),
           std::string("[Settings]\nForce=0\n[Sett\n"), std::string("[Settings]\nForce=0\n[Sett\nForce=1\n"),
-          std::string("[Settings]\nForce=0\n=1\n")}) {
+          std::string("[Settings]\nForce=0\n=1\n"), std::string("x\n\xEF\xBB\xBF[Settings]\nForce=0\n")}) {
         const Disk disk;
         disk.put(damaged);
         IniSettingsStore settings(disk.path);
