@@ -32,7 +32,9 @@ inline constexpr std::size_t kMostImages = 65536;
 inline constexpr std::size_t kMostSounds = 4096;
 inline constexpr std::size_t kMostSoundBytes = std::size_t{16} << 20U;
 inline constexpr std::size_t kMostTrayIconBytes = std::size_t{256} << 10U;
-inline constexpr std::size_t kDecodedImageBytes = std::size_t{64} << 20U; ///< kept by one image store
+/// Kept by one image store: five frames of a hostile character, or hundreds of images of a usual one,
+/// which has 20 to 30 MiB of them in all and a few in an animation.
+inline constexpr std::size_t kDecodedImageBytes = std::size_t{16} << 20U;
 
 /// Many animations may share their bytes in a file, so that a small one could unfold without end. All
 /// animations together may take as many bytes as the file has, and a little more for the sharing that is
