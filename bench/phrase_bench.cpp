@@ -6,6 +6,7 @@
 #include "platform/standard_random.h"
 #include "posix/ini_settings_store.h"
 #include "posix/unicode_letters.h"
+#include "ui/frm_options.h"
 
 #include <QTemporaryDir>
 
