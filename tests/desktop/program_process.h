@@ -74,9 +74,12 @@ inline bool windowOnScreen() {
     return !askDesktop({"search", "--onlyvisible", "--name", kWindow}).isEmpty();
 }
 
-/// Whether a program gets on so far that another one finds it running.
+/// Whether a program gets on so far that another one finds it running. Its language it stores before.
 inline bool startedIn(const QString& root) {
-    return waitUntil([&root] { return QFile::exists(root + "/config/Brovin/Brovin.conf"); });
+    return waitUntil([&root] {
+        QFile settings(root + "/config/Brovin/Brovin.conf");
+        return settings.open(QIODevice::ReadOnly) && settings.readAll().contains("\nTotalDate=");
+    });
 }
 
 /// Brings up the window of a program that has no icon: by starting it again.

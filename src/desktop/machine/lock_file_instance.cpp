@@ -6,11 +6,13 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
 #include <memory>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include <sys/socket.h>
@@ -25,7 +27,8 @@ namespace {
 // By the system's own calls: the toolkit's local sockets bring its whole network library, and with it
 // Kerberos and the proxies, into every start.
 
-constexpr int kAnswerSeconds = 2; ///< a copy that is alive answers at once
+/// A copy that is itself starting answers when it has started.
+constexpr std::chrono::seconds kAnswerWithin{10};
 constexpr std::string_view kDone = "done\n";
 
 /// A line on the socket for each errand.
@@ -70,6 +73,19 @@ std::string receive(const posix::Descriptor& socket) {
     const ssize_t bytes =
         posix::uninterrupted([&] { return ::recv(socket.number(), line.data(), line.size(), 0); });
     return {line.data(), static_cast<std::size_t>(std::max<ssize_t>(bytes, 0))};
+}
+
+/// Between its lock and its door the first copy has a moment without either.
+bool knock(const posix::Descriptor& asking, const std::string& path) {
+    constexpr std::chrono::seconds kMoment{1};
+    constexpr std::chrono::milliseconds kBetweenKnocks{20};
+    const auto end = std::chrono::steady_clock::now() + kMoment;
+    while (!withAddress(asking, path, ::connect)) {
+        if (std::chrono::steady_clock::now() >= end)
+            return false;
+        std::this_thread::sleep_for(kBetweenKnocks);
+    }
+    return true;
 }
 
 } // namespace
@@ -136,10 +152,10 @@ void LockFileInstance::listenTo(posix::Descriptor asking) {
 
 bool LockFileInstance::sendToFirst(platform::Errand errand) {
     const posix::Descriptor asking = localSocket(0);
-    const timeval patience{kAnswerSeconds, 0};
+    const timeval patience{kAnswerWithin.count(), 0};
     if (!asking || ::setsockopt(asking.number(), SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience) != 0 ||
         ::setsockopt(asking.number(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience) != 0 ||
-        !withAddress(asking, socket_, ::connect))
+        !knock(asking, socket_))
         return false;
     const auto* const row = std::find_if(std::begin(kLines), std::end(kLines),
                                          [errand](const auto& each) { return each.errand == errand; });
