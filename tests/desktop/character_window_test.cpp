@@ -29,6 +29,14 @@ std::string property(const QWidget& window, const char* name) {
     return xprop.readAllStandardOutput().toStdString();
 }
 
+/// As a window manager reads it: it takes no input, and is not to be offered any.
+void expectNoWishForTheKeyboard(const QWidget& window) {
+    const std::string protocols = property(window, "WM_PROTOCOLS");
+    EXPECT_NE(std::string::npos, protocols.find("WM_DELETE_WINDOW")) << protocols;
+    EXPECT_EQ(std::string::npos, protocols.find("WM_TAKE_FOCUS")) << protocols;
+    EXPECT_NE(std::string::npos, property(window, "WM_HINTS").find("input focus: False"));
+}
+
 /// How much of a picture has a colour.
 double share(const QImage& picture, const QColor& colour) {
     int count = 0;
@@ -93,6 +101,7 @@ TEST(CharacterWindow, liesOnTopAndOutsideOfTheTaskBar) {
         const std::string state = property(*CharacterWorld::window<CharacterWindow>(), "_NET_WM_STATE");
         for (const char* const wanted : {"SKIP_TASKBAR", "SKIP_PAGER", "_NET_WM_STATE_ABOVE"})
             EXPECT_NE(std::string::npos, state.find(wanted)) << wanted << ' ' << time << ": " << state;
+        expectNoWishForTheKeyboard(*CharacterWorld::window<CharacterWindow>());
         world.below.raise();
         letPass(200);
         EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(kPlace + kOnRing)) << time;
@@ -232,6 +241,7 @@ TEST(Balloon, isReadableInEveryCornerAndTakesNoFocus) {
         EXPECT_GT(share(CharacterWorld::screen().copy(window), QColor(255, 255, 225)), 0.5) << name;
         EXPECT_GT(share(CharacterWorld::screen().copy(window), Qt::black), 0.02) << name << ": the text";
         EXPECT_TRUE(world.below.hasTheFocus()) << name;
+        expectNoWishForTheKeyboard(*bubble);
         world.ring().requests.stopAll();
         world.ring().requests.hide();
         EXPECT_TRUE(waitUntil([&world] { return !world.ring().place.visible(); }));

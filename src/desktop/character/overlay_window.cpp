@@ -46,6 +46,8 @@ void OverlayWindow::appear() {
     if (isVisible())
         return;
     move(place_ + QPoint(1, 0));
+    create();
+    declineFocus(*windowHandle());
     show();
     // Said before it is shown, a window manager that is still busy with the window's last disappearance would
     // take it for old and forget it.

@@ -5,11 +5,14 @@
 
 #include <xcb/xcb.h>
 
+#include <vector>
+
 namespace brovin::desktop {
 namespace {
 
 constexpr std::uint32_t kAdd = 1;
 constexpr std::uint32_t kFromApplication = 1;
+constexpr std::uint32_t kMostProtocols = 32;
 
 } // namespace
 
@@ -49,6 +52,27 @@ void askForWindowStates(const QWindow& window, std::initializer_list<std::string
                        reinterpret_cast<const char*>(&message));
     }
     xcb_flush(server);
+}
+
+/// The toolkit lists WM_TAKE_FOCUS for every window, also for those that take no input: by the conventions
+/// these are windows that fetch the focus themselves, and some window managers invite them to at a click or
+/// when others close.
+void declineFocus(const QWindow& window) {
+    xcb_connection_t* const server = x11Connection();
+    if (server == nullptr)
+        return;
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const xcb_atom_t protocols = x11Atom("WM_PROTOCOLS");
+    const auto asked = xcb_get_property(server, 0, id, protocols, XCB_ATOM_ATOM, 0, kMostProtocols);
+    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server, asked, nullptr),
+                                                   &std::free);
+    if (!reply || reply->format != 32)
+        return;
+    const auto* const listed = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get()));
+    std::vector<xcb_atom_t> kept(listed, listed + reply->value_len);
+    if (std::erase(kept, x11Atom("WM_TAKE_FOCUS")) > 0)
+        xcb_change_property(server, XCB_PROP_MODE_REPLACE, id, protocols, XCB_ATOM_ATOM, 32,
+                            static_cast<std::uint32_t>(kept.size()), kept.data());
 }
 
 } // namespace brovin::desktop

@@ -28,4 +28,8 @@ using X11Reply = std::unique_ptr<T, decltype(&std::free)>;
 /// _NET_WM_STATE). Does nothing elsewhere than on X11.
 void askForWindowStates(const QWindow& window, std::initializer_list<std::string_view> states);
 
+/// Has the window manager never offer the keyboard to a window that exists and is not shown yet (Inter-Client
+/// Communication Conventions, WM_TAKE_FOCUS). Does nothing elsewhere than on X11.
+void declineFocus(const QWindow& window);
+
 } // namespace brovin::desktop
