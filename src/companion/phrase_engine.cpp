@@ -45,7 +45,7 @@ std::optional<std::string> PhraseEngine::pickPhrase(PhraseList list) {
 std::optional<std::string> PhraseEngine::pickPhrase(std::string_view list) {
     if (depth_ == 0)
         picks_ = 0;
-    if (depth_ == kMostDepth || picks_ == kMostPicks)
+    if (depth_ == kMostDepth || picks_ >= kMostPicks)
         return std::nullopt;
     ++picks_;
     ++depth_;
