@@ -27,7 +27,7 @@ packages_bench=(
 packages_test=(
     appstream at-spi2-core curl dbus-daemon desktop-file-utils groff-base man-db python3-dbus
     clang clang-format clang-tidy libclang-rt-dev
-    libgtest-dev openssl strace
+    libgtest-dev openssl procps strace
     debhelper dpkg-dev lintian libxml2-utils
     pulseaudio pulseaudio-utils
     fish reuse systemd xsettingsd zsh

@@ -4,6 +4,8 @@
 
 #include <QProcess>
 
+#include <unistd.h>
+
 namespace brovin::tests {
 namespace {
 
@@ -37,6 +39,14 @@ void expectNoWishForTheKeyboard(const QWidget& window) {
     EXPECT_NE(std::string::npos, property(window, "WM_HINTS").find("input focus: False"));
 }
 
+/// Clicks come when the window manager, which is asked about each first, has let them through: on a busy
+/// machine, late.
+template <class What>
+void expectSoon(const std::type_identity_t<std::vector<What>>& wanted, const std::vector<What>& told) {
+    waitUntil([&] { return told.size() >= wanted.size(); });
+    EXPECT_EQ(wanted, told);
+}
+
 /// How much of a picture has a colour.
 double share(const QImage& picture, const QColor& colour) {
     int count = 0;
@@ -57,15 +67,31 @@ TEST(CharacterWindow, coversAndHearsItsShapeAlone) {
 
     input(at(kPlace + kInCorner) + QStringList{"click", "1"} + at(kPlace + kInHole) +
           QStringList{"click", "1"});
-    EXPECT_EQ((std::vector<QPoint>{kPlace + kInCorner, kPlace + kInHole}), world.below.clicks);
+    expectSoon({kPlace + kInCorner, kPlace + kInHole}, world.below.clicks);
     EXPECT_EQ(Lines{}, world.events);
 
     input(at(kPlace + kOnRing) + QStringList{"click", "1", "sleep", "0.7", "click", "2", "sleep", "0.7",
                                              "keydown", "ctrl", "click", "1", "keyup", "ctrl"});
-    EXPECT_EQ((Lines{pressed("click", 1, 0, kPlace + kOnRing), pressed("click", 4, 0, kPlace + kOnRing),
-                     pressed("click", 1, 2, kPlace + kOnRing)}),
-              world.events);
+    expectSoon({pressed("click", 1, 0, kPlace + kOnRing), pressed("click", 4, 0, kPlace + kOnRing),
+                pressed("click", 1, 2, kPlace + kOnRing)},
+               world.events);
     EXPECT_TRUE(world.below.hasTheFocus());
+}
+
+TEST(CharacterWindow, isNotFilledByAFrameThatComesLate) {
+    CharacterWorld world;
+    const auto windowManager = [](const char* signal) {
+        EXPECT_EQ(0, QProcess::execute("pkill", {signal, "-P", QString::number(getppid()), "openbox"}));
+    };
+    windowManager("-STOP");
+    world.ring().place.put(kPlace.x(), kPlace.y());
+    world.ring().requests.show();
+    letPass(700);
+    windowManager("-CONT");
+    EXPECT_TRUE(waitUntil([] { return CharacterWorld::screen().pixelColor(kPlace + kOnRing) == kRed; }));
+    letPass(300);
+    input(at(kPlace + kInHole) + QStringList{"click", "1"});
+    expectSoon({kPlace + kInHole}, world.below.clicks);
 }
 
 TEST(CharacterWindow, isAsLargeAsTheUserWishes) {
@@ -90,8 +116,8 @@ TEST(CharacterWindow, isAsLargeAsTheUserWishes) {
     const QPoint corner = window->place();
     input(at(corner + 2 * kInHole) + QStringList{"click", "1"} + at(corner + 2 * kOnRing) +
           QStringList{"click", "1"});
-    EXPECT_EQ((std::vector<QPoint>{corner + 2 * kInHole}), world.below.clicks);
-    EXPECT_EQ((Lines{pressed("click", 1, 0, corner + 2 * kOnRing)}), world.events);
+    expectSoon({corner + 2 * kInHole}, world.below.clicks);
+    expectSoon({pressed("click", 1, 0, corner + 2 * kOnRing)}, world.events);
 }
 
 TEST(CharacterWindow, liesOnTopAndOutsideOfTheTaskBar) {
@@ -117,8 +143,8 @@ TEST(CharacterWindow, followsTheHandThatDragsIt) {
     constexpr QPoint kWay(230, -170);
     input(at(grip) + QStringList{"mousedown", "1"} + at(grip + QPoint(30, -10)) + at(grip + kWay) +
           QStringList{"mouseup", "1"});
-    EXPECT_EQ((Lines{pressed("drag", 1, 0, grip), pressed("dropped", 1, 0, grip + kWay)}), world.events)
-        << "and no click";
+    expectSoon({pressed("drag", 1, 0, grip), pressed("dropped", 1, 0, grip + kWay)},
+               world.events); // and no click
     EXPECT_EQ(kPlace + kWay, QPoint(world.ring().place.area().left, world.ring().place.area().top));
     letPass(200);
     EXPECT_EQ(kRed, CharacterWorld::screen().pixelColor(grip + kWay));
@@ -147,9 +173,8 @@ TEST(CharacterWindow, hidesByItsMenu) {
     letPass(600); // or the next click would be the second of a double click
     open();
     input({"key", "h"});
-    EXPECT_TRUE(waitUntil([&world] { return world.events.size() == 3; }));
     const std::string click = pressed("click", 2, 0, kPlace + kOnRing);
-    EXPECT_EQ((Lines{click, click, "hide 7"}), world.events);
+    expectSoon({click, click, "hide 7"}, world.events);
     EXPECT_EQ(QColor(Qt::blue), CharacterWorld::screen().pixelColor(kPlace + kOnRing));
 }
 
@@ -157,8 +182,7 @@ TEST(CharacterWindow, isHiddenByWhateverClosesIt) {
     CharacterWorld world;
     world.showAt(kPlace);
     CharacterWorld::window<CharacterWindow>()->close();
-    EXPECT_TRUE(waitUntil([&world] { return !world.events.empty(); }));
-    EXPECT_EQ((Lines{"hide 1"}), world.events);
+    expectSoon({"hide 1"}, world.events);
     EXPECT_FALSE(world.ring().place.visible());
 }
 
@@ -181,8 +205,7 @@ TEST(CharacterWindow, tellsOfMonitorsAndOffersTheNextOne) {
     EXPECT_TRUE(waitUntil([] { return QApplication::activePopupWidget() != nullptr; }));
     Journey::takePicture("menu of several monitors");
     input({"key", "n"});
-    EXPECT_TRUE(waitUntil([&world] { return world.events.size() == 2; }));
-    EXPECT_EQ((Lines{pressed("click", 2, 0, QPoint(700, 200) + kOnRing), "next"}), world.events);
+    expectSoon({pressed("click", 2, 0, QPoint(700, 200) + kOnRing), "next"}, world.events);
 
     world.ring().requests.speak(
         "What a long way to the other end of the room, where all of this fits on one monitor");

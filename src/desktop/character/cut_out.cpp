@@ -56,6 +56,7 @@ void CutOut::apply(const QRegion& region, Cut cut, const std::function<void()>& 
     }
     const auto id = static_cast<xcb_window_t>(window_.winId());
     const Rectangles rectangles = rectanglesOf(region);
+    clicks_ = cut == Cut::Clicks ? std::optional(region) : std::nullopt;
     if (cut == Cut::Clicks) {
         shape(server, XCB_SHAPE_SK_INPUT, id, {}, rectangles);
         paint();
@@ -97,21 +98,36 @@ void CutOut::makeWhole() {
     xcb_connection_t* const server = x11Connection();
     if (server == nullptr)
         return;
+    clicks_.reset();
     for (const xcb_shape_kind_t kind : {XCB_SHAPE_SK_BOUNDING, XCB_SHAPE_SK_INPUT})
         xcb_shape_mask(server, XCB_SHAPE_SO_SET, kind, static_cast<xcb_window_t>(window_.winId()), 0, 0,
                        XCB_PIXMAP_NONE);
 }
 
+/// What a new frame lets through some window managers learn from a change alone: one that was too busy to see
+/// the change leaves the frame whole, and it swallows the clicks beside the character.
+void CutOut::isFramed(std::uint32_t window) const {
+    if (!clicks_ || window != window_.internalWinId())
+        return;
+    xcb_connection_t* const server = x11Connection();
+    shape(server, XCB_SHAPE_SK_INPUT, window, {}, rectanglesOf(*clicks_));
+    xcb_flush(server);
+}
+
 /// Another frame, or another place in it. A move of the whole looks the same, and costs a question.
 bool CutOut::nativeEventFilter(const QByteArray& kind, void* message, qintptr* /*result*/) {
     constexpr std::uint8_t kType = 0x7F; // the highest bit says who has sent it
-    if (!layers_ || kind != "xcb_generic_event_t")
+    if (kind != "xcb_generic_event_t")
         return false;
     const int type = static_cast<const xcb_generic_event_t*>(message)->response_type & kType;
-    if ((type == XCB_REPARENT_NOTIFY &&
-         static_cast<const xcb_reparent_notify_event_t*>(message)->window == layers_->front().window) ||
-        (type == XCB_CONFIGURE_NOTIFY &&
-         static_cast<const xcb_configure_notify_event_t*>(message)->window == layers_->front().window))
+    std::uint32_t changed = XCB_WINDOW_NONE;
+    if (type == XCB_REPARENT_NOTIFY) {
+        changed = static_cast<const xcb_reparent_notify_event_t*>(message)->window;
+        isFramed(changed);
+    } else if (type == XCB_CONFIGURE_NOTIFY) {
+        changed = static_cast<const xcb_configure_notify_event_t*>(message)->window;
+    }
+    if (layers_ && changed == layers_->front().window)
         layers_.reset();
     return false;
 }

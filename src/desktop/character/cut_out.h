@@ -43,8 +43,11 @@ private:
         QPoint inner;
     };
     [[nodiscard]] std::vector<Layer> askForLayers() const;
+    void isFramed(std::uint32_t window) const;
 
     QWidget& window_;
+    /// The shape that clicks have been given; nullopt: none but that of sight.
+    std::optional<QRegion> clicks_;
     /// The window itself, and what the window manager has put around it, from within. Asked for once, since
     /// each answer wakes up two threads; nullopt: it has changed something since.
     std::optional<std::vector<Layer>> layers_;
