@@ -104,6 +104,7 @@ TEST(Quiet, hasItsReasonsAndAllButTwoOfThemWaitForTheUsersWord) {
         {"its hours, over midnight",
          [](QuietWorld& w) { w.clock.time = w.at("2026-11-21T06:59:59"), w.form.chkQuietHours.setValue(1); },
          true},
+        {"its hours, not wanted", [](QuietWorld& w) { w.clock.time = w.at("2026-11-21T06:59:59"); }, false},
         {"behind its hours", [](QuietWorld& w) { w.form.chkQuietHours.setValue(1); }, false},
         {"within a day",
          [](QuietWorld& w) {

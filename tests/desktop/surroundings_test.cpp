@@ -199,6 +199,18 @@ TEST(Surroundings, knowAWindowThatHasTheScreenForItself) {
     EXPECT_TRUE(waitUntil([&] { return around.fullScreen() == platform::Area{0, 0, 1024, 768}; }));
     film.kill();
     film.waitForFinished();
+
+    ours.showNormal();
+    EXPECT_TRUE(waitUntil([&] { return !around.fullScreen(); }));
+    QWidget overlay(nullptr, Qt::BypassWindowManagerHint); // as a switcher's, which takes the keys
+    overlay.setGeometry(0, 0, 1024, 768);
+    overlay.show();
+    overlay.grabKeyboard();
+    letPass(300);
+    EXPECT_FALSE(around.fullScreen());
+    ours.showMaximized();
+    EXPECT_TRUE(waitUntil([&] { return ours.width() == 1024; }));
+    EXPECT_FALSE(around.fullScreen());
 }
 
 } // namespace
