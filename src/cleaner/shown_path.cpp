@@ -36,10 +36,13 @@ std::string shownPath(std::string_view folder, std::string_view name) {
     if (folder.size() + name.size() <= kMostShownPath) {
         path = text::displayText(folder).append(text::displayText(name));
     } else {
-        // A name is shorter than the tail: no disk has names of more than some hundred bytes.
-        const std::string end =
-            std::string(folder.substr(folder.size() - std::min(folder.size(), kTail))).append(name);
-        path = text::displayText(head(folder)) + " … " + text::displayText(tail(end));
+        // Whichever of the two they lie in: a share can have names of a thousand letters in a short folder.
+        std::string begin(folder.substr(0, kHead + 1));
+        begin.append(name.substr(0, kHead + 1 - begin.size()));
+        const std::size_t ofName = std::min(name.size(), kTail);
+        std::string end(folder.substr(folder.size() - std::min(folder.size(), kTail - ofName)));
+        end.append(name.substr(name.size() - ofName));
+        path = text::displayText(head(begin)) + " … " + text::displayText(tail(end));
     }
     // Messages turn a backslash and an "n" into a line break; a file of such a name must not make one.
     text::replaceEach(path, "\\n", "\uFFFDn");

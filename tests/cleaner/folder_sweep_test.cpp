@@ -259,6 +259,15 @@ TEST(FolderSweep, showsAThousandBytesOfAPathAtMost) {
     EXPECT_TRUE(world.log.lines[0].ends_with("x/._end,%2)"));
     EXPECT_LE(world.form.sbStatus.panel().size(), 1024U + 30U);
     EXPECT_EQ((Texts{path + "._end"}), world.files.deleted);
+
+    FolderSweepWorld share; // which has longer names than any disk
+    share.form.chkDotDash.setValue(1);
+    share.files.addFile("/d/._" + std::string(2'000, 'x') + "end");
+    share.run();
+    ASSERT_EQ(1U, share.log.lines.size());
+    EXPECT_LE(share.log.lines[0].size(), 1024U + 30U);
+    EXPECT_TRUE(share.log.lines[0].starts_with("m62(/d/._x")) << share.log.lines[0];
+    EXPECT_TRUE(share.log.lines[0].ends_with("xend,%2)"));
 }
 
 TEST(FolderSweep, passesByFoldersThatItCannotReach) {
