@@ -95,6 +95,13 @@ TEST(ScanCommand, tellsTheTruthAboutAFailedDeletion) {
         world.out.str());
     EXPECT_EQ("2", world.settings.setting("TotalNuked"))
         << "the totals count the try, as they do in the window";
+
+    World deep;
+    deep.options.json = true;
+    const std::string path = "/Share/" + std::string(2'000, 'x') + "/Thumbs.DB";
+    deep.files.addFile(path);
+    EXPECT_EQ(ExitStatus::Done, deep.scan());
+    EXPECT_NE(std::string::npos, deep.out.str().find("{\"path\":\"" + path + "\",")) << "never cut";
 }
 
 TEST(ScanCommand, tellsWhatIsKeptAndSparedAndWhatIsLost) {
