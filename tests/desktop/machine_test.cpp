@@ -27,15 +27,17 @@ TEST(AutostartEntry, isOneThatDesktopsAccept) {
     EXPECT_FALSE(logOn.present());
     EXPECT_FALSE(logOn.remove());
 
-    EXPECT_TRUE(logOn.add(R"(/opt/my "tools"/100% $HOME/a\b)"));
+    EXPECT_TRUE(logOn.add(R"(/opt/my "tools"/100% $HOME/a\b)"
+                          "\nHidden=true"));
     EXPECT_TRUE(logOn.present());
     QFile entry(path);
     ASSERT_TRUE(entry.open(QIODevice::ReadOnly));
     const QByteArray content = entry.readAll();
     EXPECT_TRUE(content.startsWith("[Desktop Entry]\nType=Application\nName=Brovin\n"));
-    EXPECT_TRUE(content.contains(R"(Exec="/opt/my \\"tools\\"/100%% \\$HOME/a\\\\b")"))
+    EXPECT_TRUE(content.contains(R"(Exec="/opt/my \\"tools\\"/100%% \\$HOME/a\\\\b\nHidden=true")"))
         << content.toStdString();
-    EXPECT_TRUE(content.contains("TryExec=/opt/my \"tools\"/100% $HOME/a\\\\b\n")) << content.toStdString();
+    EXPECT_TRUE(content.contains("TryExec=/opt/my \"tools\"/100% $HOME/a\\\\b\\nHidden=true\n"))
+        << content.toStdString();
 
     entry.close();
     ASSERT_TRUE(entry.open(QIODevice::Append));

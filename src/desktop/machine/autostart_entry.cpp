@@ -5,12 +5,19 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <utility>
+
 namespace brovin::desktop {
 namespace {
 
+/// What any string value is written with: a folder's name may hold a line's end, behind which would stand a
+/// key of its own (Desktop Entry Specification).
+QByteArray stringValue(QByteArray text) {
+    return text.replace("\\", "\\\\").replace("\n", "\\n").replace("\r", "\\r").replace("\t", "\\t");
+}
+
 /// A command's path as the Exec key wants it: in double quotes, with the characters escaped that are special
-/// there, then with backslashes doubled as in any string value, and "%" doubled (Desktop Entry
-/// Specification).
+/// there, and "%" doubled.
 QByteArray execValue(const std::string& path) {
     QByteArray quoted = "\"";
     for (const char c : path) {
@@ -21,7 +28,7 @@ QByteArray execValue(const std::string& path) {
             quoted += c;
     }
     quoted += '"';
-    return quoted.replace("\\", "\\\\");
+    return stringValue(std::move(quoted));
 }
 
 } // namespace
@@ -46,7 +53,7 @@ bool AutostartEntry::present() const {
 
 bool AutostartEntry::add(const std::string& program) {
     // Where the program has been removed since, the desktop passes over the entry.
-    const QByteArray there = QByteArray::fromStdString(program).replace("\\", "\\\\");
+    const QByteArray there = stringValue(QByteArray::fromStdString(program));
     QSaveFile entry(file_);
     if (!QDir().mkpath(QFileInfo(file_).path()) || !entry.open(QIODevice::WriteOnly))
         return false;
