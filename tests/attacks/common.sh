@@ -31,15 +31,16 @@ check_next() {
     grep -qx 'User=Joe' "$settings" || tell "$1: settings are lost afterwards"
 }
 
-# Every system call of a command that can change something, as its name and the how-manieth of that name it is, from
-# the one on that first speaks of $1.
+# Every system call of a command that can change something, as its name and the how-manieth of that name it is in its
+# thread, as strace counts them to kill, from the one on that first speaks of $1. What another thread does under a name
+# and number that were there before is left out: the first to come to them is killed.
 calls=openat,write,pwrite64,fsync,fdatasync,rename,unlink,unlinkat,mkdir,flock,ftruncate,fchmod,chmod,close,fcntl
 calls_of() {
     local from=$1; shift
     command -v strace >/dev/null || { echo "strace is missing"; exit 1; }
     strace -f -qq -o "$TMPDIR/trace" -e trace="$calls" "$@" >/dev/null 2>&1
-    awk '{ sub(/^[0-9]+ +/, ""); sub(/\(.*/, ""); n[$0]++; print $0, n[$0] }' "$TMPDIR/trace" |
-        tail -n +"$(grep -n "$from" "$TMPDIR/trace" | head -n 1 | cut -d: -f1)" | grep -v '[+<]'
+    awk '{ thread = $1; sub(/^[0-9]+ +/, ""); sub(/\(.*/, ""); call = $0 " " ++n[thread, $0]; print seen[call]++ ? "+" : call }' \
+        "$TMPDIR/trace" | tail -n +"$(grep -n "$from" "$TMPDIR/trace" | head -n 1 | cut -d: -f1)" | grep -v '[+<]'
 }
 # Runs a command and kills it in front of the how-manieth call of a name. False: it came to its end before.
 killed_at() {
