@@ -250,6 +250,7 @@ TEST(CharacterHost, comesBackWhenItsMonitorGoesAndReturnsWithIt) {
     EXPECT_EQ(std::pair(896, 20), changed({both.front()})) << "the nearest edge of what is left";
     EXPECT_EQ(std::pair(896, 20), changed({})) << "asleep";
     EXPECT_EQ(std::pair(512, 20), changed({{0, 0, 640, 480}})) << "a smaller one";
+    EXPECT_EQ(std::pair(1560, 20), changed({{0, 0, 1560, 768}, {1560, 0, 800, 600}})) << "a border under it";
     EXPECT_EQ(std::pair(1500, 20), changed(both));
     EXPECT_EQ("1500", world.settings.setting("AgentX"));
 }
@@ -262,6 +263,10 @@ TEST(CharacterHost, keepsItsFeetOnTheGroundOfAMonitorOfAnotherScale) {
     world.host.Agent1_DragComplete();
     const Texts requests = world.after([&] { world.host.sendToNextScreen(); });
     EXPECT_EQ((Texts{"moveTo 1218 436"}), requests);
+    world.characters.screenAreas[1].width = 270;
+    world.host.screensChanged();
+    EXPECT_EQ(std::pair(1218, 436), std::pair(world.character.x, world.character.y))
+        << "not lost at that size";
 }
 
 TEST(CharacterHost, answersTenThousandClicksAsOftenAsItShould) {
