@@ -2,15 +2,13 @@
 
 #include "posix/entry_name.h"
 
-#include <algorithm>
-
 namespace brovin::posix {
 
 std::span<const platform::Entry> FolderList::piece() {
-    constexpr std::size_t kMostNameBytes = 256;
     entries_.clear();
     shownNames_.clear();
-    shownNames_.reserve(roomForShownNames(std::min(reader_.bytes(), kMostEntries * kMostNameBytes)));
+    // For all of the part: on some shares an entry's name is longer than any disk allows.
+    shownNames_.reserve(roomForShownNames(reader_.bytes()));
     while (entries_.size() < kMostEntries) {
         const auto record = reader_.next();
         if (!record)

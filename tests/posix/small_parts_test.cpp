@@ -1,5 +1,6 @@
 #include "platform/standard_random.h"
 #include "posix/entry_name.h"
+#include "posix/folder_list.h"
 #include "posix/posix_file_system.h"
 #include "posix/scratch_folder.h"
 #include "posix/system_clock.h"
@@ -7,11 +8,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
-
+#include <dirent.h>
 #include <unistd.h>
 
+#include <cctype>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
+#include <memory>
 
 namespace brovin::posix {
 namespace {
@@ -65,6 +69,27 @@ TEST(ShownName, leavesEarlierNamesInTheirPlace) {
     EXPECT_EQ("\u2C65\u2C65", second);
     EXPECT_EQ("cd?", third);
     EXPECT_EQ(same.data(), shownName(same, memory).data()) << "a name that stays shares its bytes";
+}
+
+TEST(FolderList, keepsNamesOfAThousandLettersInTheirPlace) {
+    constexpr unsigned short kRecord = 1016;
+    constexpr std::size_t kLetters = 990;
+    constexpr std::size_t kEntries = 1000;
+    FolderRecords records{std::make_unique<char[]>(kEntries * kRecord), kEntries * kRecord, true};
+    for (std::size_t i = 0; i < kEntries; ++i) {
+        char* const record = records.memory.get() + i * kRecord;
+        std::memcpy(record + offsetof(dirent64, d_reclen), &kRecord, sizeof kRecord);
+        record[offsetof(dirent64, d_type)] = DT_REG;
+        std::memset(record + offsetof(dirent64, d_name), 'A' + static_cast<int>(i % 26), kLetters);
+    }
+    FolderList list;
+    list.begin(-1, records);
+    const auto entries = list.piece();
+    ASSERT_EQ(kEntries, entries.size());
+    for (std::size_t i = 0; i < kEntries; ++i)
+        ASSERT_EQ(entries[0].name.data() + i * kLetters, entries[i].name.data())
+            << "as it was handed out: " << i;
+    EXPECT_EQ(std::string(kLetters, 'b'), entries[1].name);
 }
 
 TEST(FindWithoutCase, lowersWhatTheDiskHasByUnicode) {
