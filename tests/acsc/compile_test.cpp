@@ -78,6 +78,8 @@ TEST(Example, compilesUnderItsOwnNameAndCanBeExported) {
     EXPECT_EQ(9, png.count("fcTL")) << "in and once round";
     EXPECT_EQ(8, png.count("fdAT"));
     EXPECT_EQ(1, run({QStringLiteral("--export"), file, QStringLiteral("Nothing"), picture}));
+    EXPECT_EQ(
+        1, run({QStringLiteral("--export"), file, QStringLiteral("Hop"), picture + QStringLiteral(".gif")}));
 
     const QString sheet = folder.filePath(QStringLiteral("rest.png"));
     ASSERT_EQ(0, run({QStringLiteral("--rest"), file, sheet, picture}));

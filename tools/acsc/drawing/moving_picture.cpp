@@ -48,6 +48,10 @@ std::vector<std::size_t> played(const character::Animation& animation) {
 
 void exportAnimation(const character::CharacterData& data, const QString& animation, const QString& path,
                      Problems& problems) {
+    if (!path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
+        problems.add(path, QStringLiteral("the picture is an animated PNG: its name has to end in .png"));
+        return;
+    }
     const character::Animation* const found = findAnimation(data, animation);
     const std::vector<std::size_t> frames = found != nullptr ? played(*found) : std::vector<std::size_t>();
     if (frames.empty()) {

@@ -42,6 +42,14 @@ ColourCounts countColours(const std::vector<Picture>& pictures) {
 
 } // namespace
 
+bool hasStandardColours(const std::vector<character::Colour>& palette) {
+    const auto equals = [](std::uint32_t rgb, const character::Colour& colour) {
+        return colourOf(rgb) == colour;
+    };
+    return palette.size() == kEntries && std::equal(kFirst.begin(), kFirst.end(), palette.begin(), equals) &&
+           std::equal(kLast.begin(), kLast.end(), palette.end() - kSystemEnd, equals);
+}
+
 Palette::Palette(const std::vector<Picture>& pictures, const PaletteWishes& wishes) {
     transparent_ = wishes.entries.empty() ? kUsualTransparent : wishes.transparent;
     entries_ = ColourTable<std::uint8_t>(transparent_);

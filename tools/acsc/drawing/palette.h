@@ -19,6 +19,9 @@ struct PaletteWishes {
     std::uint8_t transparent = 10;
 };
 
+/// Whether a palette has the standard colours of the desktop in its first and last ten places.
+[[nodiscard]] bool hasStandardColours(const std::vector<character::Colour>& palette);
+
 /// One palette for all pictures. The standard colours of the desktop stand in the first and last ten places,
 /// as readers expect, index 10 is transparent, and the others are found by what the pictures need. A colour
 /// has the same entry in all pictures, so nothing flickers.

@@ -1,5 +1,6 @@
 #include "acsc/file/listing.h"
 
+#include "acsc/drawing/palette.h"
 #include "acsc/sources/settings_source.h"
 
 #include <QStringList>
@@ -107,8 +108,10 @@ QString listing(const character::CharacterData& data) {
           << QStringLiteral("size      %1 x %2").arg(data.width).arg(data.height)
           << QStringLiteral("pictures  %1, %2 bytes").arg(data.images.size()).arg(imageBytes)
           << QStringLiteral("sounds    %1, %2 played").arg(data.sounds.size()).arg(soundsPlayed(data))
-          << QStringLiteral("palette   %1 colours, %2 transparent")
+          << QStringLiteral("palette   %1 colours%2, %3 transparent")
                  .arg(data.palette.size())
+                 .arg(hasStandardColours(data.palette) ? QStringLiteral(" with the standard ones")
+                                                       : QString())
                  .arg(data.transparentIndex)
           << QStringLiteral("voice     ") + voiceText(data)
           << QStringLiteral("balloon   %1").arg(data.balloon ? QStringLiteral("yes") : QStringLiteral("no"));
