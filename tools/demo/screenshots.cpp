@@ -1,9 +1,10 @@
 // Takes the pictures of the windows that the documents show: every page of the options window and the windows
-// that it opens, in a light and in a dark theme. Usage: brovin_screenshots FOLDER
+// that it opens, in a light and in a dark theme; and one of the characters. Usage: brovin_screenshots FOLDER
 
 #include "demo_world.h"
 #include "desktop/desktop_program.h"
 #include "desktop/window/options_window.h"
+#include "group_picture.h"
 #include "posix/history_module.h"
 #include "posix/system_clock.h"
 #include "ui/frm_options.h"
@@ -160,6 +161,9 @@ int main(int argc, char** argv) {
     const QTemporaryDir world(QDir::temp().filePath(QStringLiteral("brovin-demo-XXXXXX")));
     const posix::Places places = tools::makeDemoWorld(world.path());
     makeRecords(places);
+    if (!tools::drawGroup(QFile::decodeName(places.installedFolder.c_str()) + "/msagent/chars",
+                          folder + "/characters.png"))
+        std::cerr << "could not draw the characters\n";
     desktop::DesktopProgram program(places, {"Brovin", 1, 0, 0});
     if (!program.start())
         return 1;
