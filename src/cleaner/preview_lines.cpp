@@ -4,6 +4,7 @@
 #include "cleaner/keep_entry.h"
 #include "cleaner/known_names.h"
 #include "cleaner/preview_window.h"
+#include "cleaner/shown_path.h"
 #include "text/utf8.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ Table::Line PreviewWindow::lineOf(std::size_t line) const {
     const PreviewView::Line place = view_.lines()[line];
     const PreviewRow& row = rows[place.row];
     const RowMark& mark = rows.mark(place.row);
-    const std::string folder = text::displayText(rows.folderPath(row.folder));
+    const std::string folder = listedPath(rows.folderPath(row.folder), {});
     if (place.heading)
         return {
             true,

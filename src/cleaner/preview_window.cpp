@@ -3,7 +3,7 @@
 #include "cleaner/carried.h"
 #include "cleaner/keep_entry.h"
 #include "cleaner/known_names.h"
-#include "text/utf8.h"
+#include "cleaner/shown_path.h"
 
 #include <algorithm>
 #include <array>
@@ -258,7 +258,7 @@ void PreviewWindow::cmdOpenFolder_Click() {
     const std::string folder = needs_.preview.rows.folderPath(needs_.preview.rows[row].folder);
     if (!needs_.shell.openDocument(folder))
         needs_.form.lblLost.setCaption(
-            needs_.speech.messages.getText("folderNotOpened", {text::displayText(folder)}));
+            needs_.speech.messages.getText("folderNotOpened", {shownPath(folder, {})}));
 }
 
 } // namespace brovin::cleaner

@@ -31,20 +31,20 @@ std::string_view tail(std::string_view path) {
 
 } // namespace
 
+std::string listedPath(std::string_view folder, std::string_view name) {
+    if (folder.size() + name.size() <= kMostShownPath)
+        return text::displayText(folder).append(text::displayText(name));
+    // Whichever of the two they lie in: a share can have names of a thousand letters in a short folder.
+    std::string begin(folder.substr(0, kHead + 1));
+    begin.append(name.substr(0, kHead + 1 - begin.size()));
+    const std::size_t ofName = std::min(name.size(), kTail);
+    std::string end(folder.substr(folder.size() - std::min(folder.size(), kTail - ofName)));
+    end.append(name.substr(name.size() - ofName));
+    return text::displayText(head(begin)) + " … " + text::displayText(tail(end));
+}
+
 std::string shownPath(std::string_view folder, std::string_view name) {
-    std::string path;
-    if (folder.size() + name.size() <= kMostShownPath) {
-        path = text::displayText(folder).append(text::displayText(name));
-    } else {
-        // Whichever of the two they lie in: a share can have names of a thousand letters in a short folder.
-        std::string begin(folder.substr(0, kHead + 1));
-        begin.append(name.substr(0, kHead + 1 - begin.size()));
-        const std::size_t ofName = std::min(name.size(), kTail);
-        std::string end(folder.substr(folder.size() - std::min(folder.size(), kTail - ofName)));
-        end.append(name.substr(name.size() - ofName));
-        path = text::displayText(head(begin)) + " … " + text::displayText(tail(end));
-    }
-    // Messages turn a backslash and an "n" into a line break; a file of such a name must not make one.
+    std::string path = listedPath(folder, name);
     text::replaceEach(path, "\\n", "\uFFFDn");
     return path;
 }

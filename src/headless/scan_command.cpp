@@ -4,13 +4,13 @@
 #include "cleaner/cleaner.h"
 #include "cleaner/folder_guard.h"
 #include "cleaner/preview_file_system.h"
+#include "cleaner/shown_path.h"
 #include "companion/teller.h"
 #include "headless/log_watch.h"
 #include "headless/scan_report.h"
 #include "headless/scan_settings.h"
 #include "language/language.h"
 #include "settings/settings.h"
-#include "text/utf8.h"
 
 #include <algorithm>
 #include <ostream>
@@ -167,7 +167,7 @@ bool ScanProgram::refusesFolder() {
         return false;
     for (const std::string& folder : options_.folders)
         if (const auto risk = cleaner::riskText(cleaner::folderRisk(folder, machine_.landmarks))) {
-            console_.err << "brovin: " << text::displayText(folder) << ": "
+            console_.err << "brovin: " << cleaner::listedPath(folder, {}) << ": "
                          << language::MessageTable().getText(*risk)
                          << " If that is what you want, add --yes-this-folder.\n";
             return true;

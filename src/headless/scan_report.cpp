@@ -1,5 +1,6 @@
 #include "headless/scan_report.h"
 
+#include "cleaner/shown_path.h"
 #include "headless/deletion_json.h"
 #include "text/utf8.h"
 
@@ -22,7 +23,7 @@ void ScanReport::deletion(const cleaner::Deletion& deletion) {
         console_.out << deletionJson(deletion, options_.dryRun, messages_) << "\n";
         return;
     }
-    const std::string path = text::displayText(deletion.path());
+    const std::string path = cleaner::listedPath(deletion.folder, deletion.name);
     if (!deletion.deleted)
         console_.out << "could not delete " << path << ": " << deletion.reason << "\n";
     else
@@ -32,7 +33,7 @@ void ScanReport::deletion(const cleaner::Deletion& deletion) {
 void ScanReport::folderFailed(const std::string& path, const std::string& reason) {
     ++foldersFailed_;
     clearProgress();
-    console_.err << "brovin: " << text::displayText(path) << ": " << reason << "\n";
+    console_.err << "brovin: " << cleaner::listedPath(path, {}) << ": " << reason << "\n";
 }
 
 void ScanReport::progress(const std::string& text) {
@@ -58,7 +59,8 @@ void ScanReport::waiting(const std::string& path) {
         return;
     waitingSince_ = std::chrono::steady_clock::time_point::max() - kLong; // said once a folder
     clearProgress();
-    console_.err << "brovin: " << text::displayText(path) << ": the disk does not answer; still waiting\n";
+    console_.err << "brovin: " << cleaner::listedPath(path, {})
+                 << ": the disk does not answer; still waiting\n";
 }
 
 void ScanReport::clearProgress() {

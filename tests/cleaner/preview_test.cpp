@@ -1,5 +1,6 @@
 #include "cleaner/cleaner_world.h"
 #include "cleaner/preview_view.h"
+#include "cleaner/preview_window.h"
 
 #include <gtest/gtest.h>
 
@@ -98,6 +99,22 @@ TEST(Preview, canBeStoppedAndKeepsOthersAway) {
     EXPECT_EQ((Paths{"/d/JUNK", "/d/a/._x"}), world.paths());
     EXPECT_FALSE(world.scan.busy());
     EXPECT_TRUE(world.files.deleted.empty());
+}
+
+TEST(PreviewWindow, showsAThousandBytesOfAFolderAtMost) {
+    PreviewWorld world;
+    ui::FrmPreview shown;
+    PreviewWindow window({shown, world.form, world.scan, world.teller.speech, world.preview,
+                          world.cleaner.keepList, world.files, world.shell, world.pump, world.clock,
+                          world.regional, world.letters});
+    std::string deep = "/d/";
+    for (int level = 0; level < 40; ++level)
+        deep += std::string(254, 'x') + '/';
+    world.files.addFile(deep + "junk");
+    window.cmdPreview_Click();
+    const std::string last = shown.tblFound.line(world.preview.rows.size() - 1).cells.at(1);
+    EXPECT_LE(last.size(), 1024U + 10U);
+    EXPECT_NE(std::string::npos, last.find("x … x")) << last;
 }
 
 TEST(PreviewView, sortsFiltersAndGroupsAndTheLastWishCounts) {

@@ -102,6 +102,12 @@ TEST(ScanCommand, tellsTheTruthAboutAFailedDeletion) {
     deep.files.addFile(path);
     EXPECT_EQ(ExitStatus::Done, deep.scan());
     EXPECT_NE(std::string::npos, deep.out.str().find("{\"path\":\"" + path + "\",")) << "never cut";
+
+    World told;
+    told.files.addFile(path);
+    EXPECT_EQ(ExitStatus::Done, told.scan());
+    EXPECT_NE(std::string::npos, told.out.str().find("deleted /Share/xxx")) << "cut for the eye";
+    EXPECT_LT(told.out.str().size(), 1300U);
 }
 
 TEST(ScanCommand, tellsWhatIsKeptAndSparedAndWhatIsLost) {
