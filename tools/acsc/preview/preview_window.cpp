@@ -69,6 +69,7 @@ PreviewWindow::PreviewWindow(const QString& file)
 }
 
 bool PreviewWindow::load() {
+    version_ = versionOnDisk();
     if (!service_.load(kId, bytesOf(file_)))
         return false;
     const platform::Character& shown = *character();
@@ -86,7 +87,14 @@ bool PreviewWindow::load() {
     return true;
 }
 
+PreviewWindow::Version PreviewWindow::versionOnDisk() const {
+    const QFileInfo file(folder_ + QLatin1Char('/') + file_);
+    return {file.lastModified(), file.size()};
+}
+
 void PreviewWindow::reload() {
+    if (versionOnDisk() == version_)
+        return; // something else in the folder has changed
     const auto* const before = character();
     const platform::Area place = before == nullptr ? platform::Area{} : before->place.area();
     service_.unload(kId);

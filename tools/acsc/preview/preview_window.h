@@ -2,11 +2,14 @@
 
 #include "desktop/character/desktop_character_service.h"
 
+#include <QDateTime>
 #include <QFileSystemWatcher>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTimer>
 #include <QWidget>
+
+#include <utility>
 
 namespace brovin::acsc {
 
@@ -20,13 +23,18 @@ public:
     bool load();
 
 private:
+    /// What tells one compilation from another.
+    using Version = std::pair<QDateTime, qint64>;
+
     void reload();
+    [[nodiscard]] Version versionOnDisk() const;
     void play();
     void speak();
     [[nodiscard]] const platform::Character* character();
 
     QString folder_;
     QString file_;
+    Version version_; ///< that was fetched last
     desktop::DesktopCharacterService service_;
     QFileSystemWatcher watcher_;
     QTimer settled_; ///< a file is written in several steps
