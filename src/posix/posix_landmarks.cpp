@@ -2,6 +2,7 @@
 
 #include "posix/descriptor.h"
 #include "posix/folder_facts.h"
+#include "posix/mount_table.h"
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -69,7 +70,7 @@ bool PosixLandmarks::isDisk(const std::string& realPath) const {
     if (!folder || ::stat((realPath + "/..").c_str(), &above) != 0)
         return false;
     const auto facts = factsOf(folder.number());
-    return facts && (facts->isMountPoint || facts->device != above.st_dev);
+    return facts && (facts->device != above.st_dev || (facts->isMountPoint && !isHungInWhereItIs(realPath)));
 }
 
 } // namespace brovin::posix

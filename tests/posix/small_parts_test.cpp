@@ -1,7 +1,9 @@
 #include "platform/standard_random.h"
 #include "posix/entry_name.h"
 #include "posix/folder_list.h"
+#include "posix/own_mounts.h"
 #include "posix/posix_file_system.h"
+#include "posix/posix_landmarks.h"
 #include "posix/scratch_folder.h"
 #include "posix/system_clock.h"
 #include "posix/unicode_case.h"
@@ -153,6 +155,35 @@ TEST(SystemClock, followsTheTimeZoneWhileTheProgramRuns) {
     const platform::DateTime last = nowIn("UTC0");
     EXPECT_LE(first + std::chrono::hours(14), east);
     EXPECT_LE(east, last + std::chrono::hours(14));
+}
+
+TEST(PosixLandmarks, takeAFolderForADiskWhereAnotherOneIsHungIn) {
+    const ScratchFolder disk;
+    for (const char* folder : {"a b", "other", "tmp", "tmp/inner"})
+        disk.addFolder(folder);
+    withOwnMounts([&disk] {
+        const PosixLandmarks landmarks(*findPlaces(disk.path()));
+        const auto isDisk = [&](const char* folder) {
+            return landmarks.isDisk(landmarks.realPath(disk.path(folder)));
+        };
+        const auto hangIn = [&](const char* what, const char* where) {
+            ASSERT_EQ(0,
+                      ::mount(disk.path(what).c_str(), disk.path(where).c_str(), nullptr, MS_BIND, nullptr));
+        };
+        EXPECT_FALSE(isDisk("a b"));
+        hangIn("a b", "a b");
+        hangIn("a b", "a b");
+        EXPECT_FALSE(isDisk("a b")) << "it is the same folder, as a sandbox hangs it in, twice";
+        hangIn("other", "a b");
+        EXPECT_TRUE(isDisk("a b")) << "another folder of this disk";
+        ASSERT_EQ(0, ::mount("none", disk.path("tmp").c_str(), "tmpfs", 0, nullptr));
+        EXPECT_TRUE(isDisk("tmp"));
+        hangIn("tmp", "tmp");
+        EXPECT_TRUE(isDisk("tmp")) << "a disk over itself";
+        disk.addFolder("tmp/inner");
+        hangIn("tmp/inner", "tmp/inner");
+        EXPECT_FALSE(isDisk("tmp/inner"));
+    });
 }
 
 } // namespace
