@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <cstdlib>
+
 namespace brovin::app {
 namespace {
 
@@ -202,29 +206,47 @@ TEST(Tick, bringsTheIconBackWithItsTip) {
     EXPECT_EQ(tip, world.tray.tips.back());
 }
 
-/// A week around the end of each month, tick by tick as they really come.
-TEST(Tick, doesTheWorkOfEachDay) {
-    for (int month = 1; month <= 12; ++month) {
-        const auto start =
-            std::chrono::local_days(std::chrono::year(2026) / month / std::chrono::last) - days(3);
-        SchedulerWorld world(text::isoText(start));
-        world.form.chkBackup.setValue(1);
-        world.form.chkCheck.setValue(1);
-        world.form.chkUpdate.setValue(1);
-        world.form.txtInterval.setText("24");
-        std::size_t reminders = 0;
-        for (auto now = std::chrono::time_point_cast<milliseconds>(start); now < start + days(7);) {
-            now += milliseconds(30500);
-            world.clock.time = std::chrono::floor<seconds>(now);
-            world.form.Timer1.tick();
-            reminders += world.dialogs.boxes.size();
-            world.dialogs.boxes.clear();
-        }
-        EXPECT_EQ(7U, reminders) << month;
-        EXPECT_EQ(text::isoText(start + days(7)), world.settings.setting("LastUpdateCheck")) << month;
-        const auto lines = world.folder.lines("deletions.log");
-        EXPECT_EQ(7, std::count(lines.begin(), lines.end(), "m58(%1,%2)")) << month << ": nothing found";
+/// KiB that this process has had in memory.
+long mostMemory() {
+    rusage used{};
+    ::getrusage(RUSAGE_SELF, &used);
+    return used.ru_maxrss;
+}
+
+/// Tick by tick as they really come. Through a year the program must not grow by more than a mebibyte.
+void liveThrough(std::chrono::local_days start, days length) {
+    SchedulerWorld world(text::isoText(start));
+    world.form.chkBackup.setValue(1);
+    world.form.chkCheck.setValue(1);
+    world.form.chkUpdate.setValue(1);
+    world.form.txtInterval.setText("24");
+    std::size_t reminders = 0;
+    long early = 0;
+    for (auto now = std::chrono::time_point_cast<milliseconds>(start); now < start + length;) {
+        now += milliseconds(30500);
+        world.clock.time = std::chrono::floor<seconds>(now);
+        world.form.Timer1.tick();
+        reminders += world.dialogs.boxes.size();
+        world.dialogs.boxes.clear();
+        world.tray.tips.clear();
+        if (now < start + days(30))
+            early = mostMemory();
     }
+    EXPECT_TRUE(length < days(300) || mostMemory() - early < 1024)
+        << mostMemory() - early << " KiB more than after a month";
+    EXPECT_EQ(length.count(), reminders) << text::isoText(start);
+    EXPECT_EQ(text::isoText(start + length), world.settings.setting("LastUpdateCheck"));
+    const auto lines = world.folder.lines("deletions.log");
+    EXPECT_EQ(length.count(), std::count(lines.begin(), lines.end(), "m58(%1,%2)")) << "nothing found";
+}
+
+/// A week around the end of each month; with BROVIN_WHOLE_YEAR all of it, by one program.
+TEST(Tick, doesTheWorkOfEachDay) {
+    const std::chrono::year year(2026);
+    if (std::getenv("BROVIN_WHOLE_YEAR") != nullptr)
+        return liveThrough(std::chrono::local_days(year / 1 / 1), days(365));
+    for (int month = 1; month <= 12; ++month)
+        liveThrough(std::chrono::local_days(year / month / std::chrono::last) - days(3), days(7));
 }
 
 } // namespace
