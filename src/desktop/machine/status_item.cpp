@@ -72,12 +72,12 @@ StatusItem::StatusItem(const QIcon& icon, const QString& tip, QMenu& menu) : tip
     constexpr auto kAll = QDBusConnection::ExportScriptableContents | QDBusConnection::ExportAllProperties;
     bus.registerObject(kItemPath, this, kAll);
     bus.registerObject(kMenuPath, &menu_, kAll);
-    bus.registerService(connection_);
     const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
     QDBusMessage known =
         QDBusMessage::createMethodCall(watcher, QStringLiteral("/StatusNotifierWatcher"), watcher,
                                        QStringLiteral("RegisterStatusNotifierItem"));
-    bus.asyncCall(known << connection_);
+    // A sandbox lets nobody take such a name; panels know items by their connection's number as well.
+    bus.asyncCall(known << (bus.registerService(connection_) ? connection_ : bus.baseService()));
 }
 
 StatusItem::~StatusItem() {
