@@ -74,6 +74,12 @@ TEST(PreviewJourney, deletesWhatIsTickedAndNothingElse) {
         [&world] {
             Journey::takePicture("preview");
             EXPECT_TRUE(world.exists("Share/Photos/Thumbs.db")) << "looking deletes nothing";
+            const int height = QApplication::primaryScreen()->size().height();
+            for (const char* name : {"cmdKeepThis", "lblFound"}) {
+                const QWidget* shown = world.widget(name);
+                const QRect place(shown->mapToGlobal(QPoint(0, 0)), shown->size());
+                EXPECT_FALSE(place.intersects({0, height - 147, 128, 128})) << "below a character: " << name;
+            }
             clickAt(world.placeOf(world.line("/Photos/"), 12));
         });
     journey.then(

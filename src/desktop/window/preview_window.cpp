@@ -29,7 +29,8 @@ QPushButton* plainButton(ui::Button& control, QWidget* page) {
 PreviewWindow::PreviewWindow(ui::FrmPreview& form, QWidget* owner)
     : FormWindow(form.window, owner), form_(form) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(kPreviewSize.boundedTo(screen()->availableGeometry().size() * 9 / 10));
+    // On a small screen it leaves the corners to a character, which would stand on its buttons.
+    resize(kPreviewSize.boundedTo(screen()->availableGeometry().size() * 3 / 4));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(makeHead());
     layout->addWidget(makeTable(), 1);
