@@ -29,8 +29,12 @@ class Watcher final : public QObject, protected QDBusContext {
     Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hostRegistered)
     Q_PROPERTY(int ProtocolVersion READ protocolVersion)
 public:
-    explicit Watcher(std::function<void(QString)> registered) : registered_(std::move(registered)) {}
-    [[nodiscard]] bool hostRegistered() const { return true; }
+    Watcher(QMutex& hangs, std::function<void(QString)> registered)
+        : hangs_(hangs), registered_(std::move(registered)) {}
+    [[nodiscard]] bool hostRegistered() const {
+        const QMutexLocker hold(&hangs_);
+        return true;
+    }
     [[nodiscard]] int protocolVersion() const { return 0; }
 
 public slots:
@@ -40,6 +44,7 @@ public slots:
     }
 
 private:
+    QMutex& hangs_;
     std::function<void(QString)> registered_;
 };
 
@@ -57,6 +62,8 @@ public:
     WatcherThread(const WatcherThread&) = delete;
     WatcherThread& operator=(const WatcherThread&) = delete;
 
+    QMutex hangs; ///< held: it answers nobody
+
     /// The service that has registered; empty: none yet.
     [[nodiscard]] QString item() const {
         const QMutexLocker hold(&mutex_);
@@ -65,7 +72,7 @@ public:
 
 protected:
     void run() override {
-        Watcher watcher([this](const QString& service) {
+        Watcher watcher(hangs, [this](const QString& service) {
             const QMutexLocker hold(&mutex_);
             item_ = service;
         });
@@ -210,6 +217,18 @@ TEST(TrayItem, joinsAPanelThatComesLaterThanTheProgramAndOneThatComesBack) {
                    (panelIs[0] == 'l' ? 1 : 0);
         }));
     }
+}
+
+TEST(TrayItem, keepsNobodyWaitingForAPanelThatHangs) {
+    WatcherThread watcher;
+    watcher.hangs.lock();
+    const QTemporaryDir root;
+    Process program(root.path());
+    EXPECT_TRUE(startedIn(root.path()));
+    EXPECT_TRUE(watcher.item().isEmpty());
+    watcher.hangs.unlock();
+    EXPECT_TRUE(waitUntil([&watcher] { return !watcher.item().isEmpty(); }));
+    EXPECT_FALSE(windowOnScreen());
 }
 
 TEST(TrayItem, movesToAPanelThatEmbedsIconsAndBack) {

@@ -1,6 +1,6 @@
 #include "desktop/machine/status_host.h"
 
-#include <QDBusMessage>
+#include <QDBusError>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
@@ -25,6 +25,11 @@ bool saysYes(const QDBusMessage& answer) {
            answer.arguments().value(0).value<QDBusVariant>().variant().toBool();
 }
 
+bool isMissing(const QDBusMessage& answer) {
+    const QDBusError::ErrorType error = QDBusError(answer).type();
+    return error == QDBusError::NoReply || error == QDBusError::Timeout || error == QDBusError::TimedOut;
+}
+
 } // namespace
 
 StatusHost::StatusHost() {
@@ -37,22 +42,34 @@ StatusHost::StatusHost() {
     for (const char* const signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
         bus_.connect(kWatcherService, kWatcherPath, kWatcherService, QLatin1String(signal), this,
                      SLOT(look()));
-    constexpr int kPatience = 1000; // milliseconds; the toolkit asks the same in the same way
-    present_ = saysYes(bus_.call(question(), QDBus::Block, kPatience));
+    constexpr int kPatience = 1000; // milliseconds
+    const QDBusMessage answer = bus_.call(question(), QDBus::Block, kPatience);
+    present_ = saysYes(answer);
+    answers_ = !isMissing(answer);
+    if (!answers_)
+        look();
 }
 
 void StatusHost::look() {
     auto* const asking = new QDBusPendingCallWatcher(bus_.asyncCall(question()), this);
     connect(asking, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
         done->deleteLater();
-        set(saysYes(done->reply()));
+        hear(done->reply());
     });
 }
 
+void StatusHost::hear(const QDBusMessage& answer) {
+    if (isMissing(answer)) // it hangs; where it has gone meanwhile, that is the next answer
+        look();
+    else
+        set(saysYes(answer));
+}
+
 void StatusHost::set(bool present) {
-    if (present_ == present)
+    if (present_ == present && answers_)
         return;
     present_ = present;
+    answers_ = true;
     if (changed)
         changed();
 }

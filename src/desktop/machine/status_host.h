@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
 
@@ -13,11 +14,14 @@ namespace brovin::desktop {
 class StatusHost final : public QObject {
     Q_OBJECT
 public:
-    /// Looks at once.
+    /// Looks at once, and waits a second for the answer.
     StatusHost();
 
-    /// It has come or gone. A watcher that is started anew goes and comes.
+    /// It has come, gone, or answered at last. A watcher that is started anew goes and comes.
     std::function<void()> changed;
+
+    /// False: there is a watcher that owes an answer. Whoever asks it as well would wait with it.
+    [[nodiscard]] bool answers() const { return answers_; }
 
     [[nodiscard]] bool present() const { return present_; }
 
@@ -25,11 +29,13 @@ private slots:
     void look();
 
 private:
+    void hear(const QDBusMessage& answer);
     void set(bool present);
 
     QDBusConnection bus_ = QDBusConnection::sessionBus();
     QDBusServiceWatcher watcher_;
     bool present_ = false;
+    bool answers_ = true;
 };
 
 } // namespace brovin::desktop

@@ -10,18 +10,34 @@
 #include <QWindow>
 
 namespace brovin::desktop {
-TrayIcon::TrayIcon() : icon_(programIcon()) {
-    icon_.setContextMenu(&menu_);
-    connect(&icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
-    host_.changed = [this] { joinLate(); };
-    if (!toolkitUsesBus_)
-        return;
-    panel_.emplace();
-    panel_->changed = [this] {
-        embedded_.reset();
-        // The toolkit is to hear of it first.
-        QMetaObject::invokeMethod(this, "joinLate", Qt::QueuedConnection);
+
+TrayIcon::TrayIcon() {
+    host_.changed = [this] {
+        makeIcon();
+        joinLate();
     };
+    makeIcon();
+}
+
+/// With its first icon the toolkit asks the panel, too, and is more patient with one that hangs: the whole
+/// program would stand for 25 seconds.
+void TrayIcon::makeIcon() {
+    if (icon_ || !host_.answers())
+        return;
+    toolkitUsesBus_ = host_.present();
+    icon_.emplace(programIcon());
+    icon_->setContextMenu(&menu_);
+    connect(&*icon_, &QSystemTrayIcon::activated, this, &TrayIcon::activated);
+    if (toolkitUsesBus_) {
+        panel_.emplace();
+        panel_->changed = [this] {
+            embedded_.reset();
+            // The toolkit is to hear of it first.
+            QMetaObject::invokeMethod(this, "joinLate", Qt::QueuedConnection);
+        };
+    }
+    if (wanted_)
+        showIcon();
 }
 
 void TrayIcon::tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception) {
@@ -73,11 +89,18 @@ void TrayIcon::addEntry(ui::CheckBox& control) {
 }
 
 bool TrayIcon::add(const std::string& tip) {
-    icon_.setToolTip(qt(tip));
-    icon_.show(); // where an area appears later, the icon joins it by itself
+    wanted_ = true;
+    tip_ = qt(tip);
+    if (icon_)
+        showIcon();
+    return available();
+}
+
+void TrayIcon::showIcon() {
+    icon_->setToolTip(tip_);
+    icon_->show(); // where an area appears later, the icon joins it by itself
     keepInReach();
     joinLate();
-    return available();
 }
 
 /// An item goes with its panel, and joins the next one as another.
@@ -86,13 +109,13 @@ void TrayIcon::joinLate() {
         embedLate();
         return;
     }
-    if (!icon_.isVisible() || !host_.present() || QSystemTrayIcon::isSystemTrayAvailable()) {
+    if (!icon_ || !wanted_ || !host_.present() || QSystemTrayIcon::isSystemTrayAvailable()) {
         late_.reset();
         return;
     }
     if (late_)
         return;
-    late_ = std::make_unique<StatusItem>(icon_.icon(), icon_.toolTip(), menu_);
+    late_ = std::make_unique<StatusItem>(icon_->icon(), tip_, menu_);
     late_->activated = [this] { activated(QSystemTrayIcon::Trigger); };
     late_->menuWanted = [this](QPoint at) {
         menu_.popup(at);
@@ -103,14 +126,13 @@ void TrayIcon::joinLate() {
 /// A panel that goes takes its icons along, and they are made anew for the next one. The toolkit has to be
 /// asked for it, else it would embed nothing.
 void TrayIcon::embedLate() {
-    if (!icon_.isVisible() || host_.present() || !panel_->present() ||
-        !QSystemTrayIcon::isSystemTrayAvailable()) {
+    if (!wanted_ || host_.present() || !panel_->present() || !QSystemTrayIcon::isSystemTrayAvailable()) {
         embedded_.reset();
         return;
     }
     if (embedded_)
         return;
-    embedded_ = std::make_unique<EmbeddedIcon>(icon_.icon(), icon_.toolTip());
+    embedded_ = std::make_unique<EmbeddedIcon>(icon_->icon(), tip_);
     embedded_->activated = [this] { activated(QSystemTrayIcon::Trigger); };
     embedded_->menuWanted = [this](QPoint at) {
         menu_.popup(at);
@@ -120,15 +142,19 @@ void TrayIcon::embedLate() {
 }
 
 void TrayIcon::setTip(const std::string& tip) {
-    icon_.setToolTip(qt(tip));
+    tip_ = qt(tip);
+    if (icon_)
+        icon_->setToolTip(tip_);
     if (embedded_)
-        embedded_->setToolTip(qt(tip));
+        embedded_->setToolTip(tip_);
     if (late_)
-        late_->setTip(qt(tip));
+        late_->setTip(tip_);
 }
 
 void TrayIcon::remove() {
-    icon_.hide();
+    wanted_ = false;
+    if (icon_)
+        icon_->hide();
     joinLate();
 }
 

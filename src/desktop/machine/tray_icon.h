@@ -34,7 +34,8 @@ public:
     void tie(ui::FrmOptions& form, window::MainWindow& window, Reception reception);
 
     [[nodiscard]] bool available() const override {
-        return (toolkitUsesBus_ ? host_.present() : icon_.isSystemTrayAvailable()) || late_ || embedded_;
+        return icon_ && ((toolkitUsesBus_ ? host_.present() : QSystemTrayIcon::isSystemTrayAvailable()) ||
+                         late_ || embedded_);
     }
     bool add(const std::string& tip) override;
     void setTip(const std::string& tip) override;
@@ -42,7 +43,9 @@ public:
 
     /// Where the icon is on the screen; empty: nowhere.
     [[nodiscard]] QRect place() const {
-        return embedded_ ? QRect(embedded_->mapToGlobal(QPoint()), embedded_->size()) : icon_.geometry();
+        if (embedded_)
+            return {embedded_->mapToGlobal(QPoint()), embedded_->size()};
+        return icon_ ? icon_->geometry() : QRect();
     }
 
 protected:
@@ -57,16 +60,20 @@ private:
     [[nodiscard]] bool admitted() const;
     void activated(QSystemTrayIcon::ActivationReason reason);
 
+    void makeIcon();
+    void showIcon();
     Q_INVOKABLE void joinLate();
     void embedLate();
 
     StatusHost host_;
+    QMenu menu_;
+    QString tip_;
+    bool wanted_ = false;
+    std::optional<QSystemTrayIcon> icon_; ///< as soon as the toolkit need not wait for a panel's answer
     /// The toolkit decides once, with its first icon, whether icons live on the bus; where no panel has asked
     /// for them by then, it never puts one there.
-    bool toolkitUsesBus_ = host_.present();
-    std::optional<EmbeddingPanel> panel_; ///< where the toolkit would not notice one
-    QMenu menu_;
-    QSystemTrayIcon icon_;
+    bool toolkitUsesBus_ = false;
+    std::optional<EmbeddingPanel> panel_;    ///< where the toolkit would not notice one
     std::unique_ptr<StatusItem> late_;       ///< on the bus, where the toolkit embeds
     std::unique_ptr<EmbeddedIcon> embedded_; ///< where the toolkit is on the bus
     window::MainWindow* window_ = nullptr;
