@@ -18,7 +18,7 @@ packages_virtual_desktop=(
 )
 # Further desktops, for tests/desktops/run.
 packages_desktops=(
-    faketime foot grim imagemagick lxqt-panel mutter polybar qt6-wayland sway tint2 weston wtype xwayland
+    faketime foot grim imagemagick lxqt-panel mutter polybar python3-dbus qt6-wayland sway tint2 weston wtype xwayland
 )
 packages_bench=(
     bfs curl fd-find findutils fuse3 libbenchmark-dev libfuse3-dev linux-perf
