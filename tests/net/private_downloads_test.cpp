@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <thread>
@@ -64,6 +65,11 @@ TEST(PrivateDownloads, refuseAPlantedFolder) {
     downloads.removeLeftOvers("bro", ".tmp");
     EXPECT_FALSE(downloads.create("bro"));
     EXPECT_EQ("kept", contentOf(disk.path("elsewhere/bro1.tmp")));
+
+    constexpr uid_t kStranger = 64001;
+    const std::string strangers = disk.path("elsewhere");
+    const bool planted = ::chown(strangers.c_str(), kStranger, kStranger) == 0; // by the administrator only
+    EXPECT_FALSE(planted && PrivateDownloads(strangers).create("bro")) << "a folder of somebody else";
 }
 
 TEST(PrivateDownloads, neverFollowALinkAmongLeftOvers) {
