@@ -14,7 +14,7 @@ using language::PhraseList;
 constexpr std::string_view kAnimation = "&ani&";
 
 /// A list that names itself through its tokens would never be done: what one phrase may cost at most.
-constexpr int kMostPicks = 2000;
+constexpr int kMostPicks = 500;
 constexpr int kMostDepth = 40;
 constexpr std::size_t kLongestPhrase = std::size_t{1} << 16U;
 
