@@ -54,19 +54,15 @@ void load(World& world, std::string_view bytes) {
 void say(World& world, std::string_view bytes) {
     constexpr std::size_t kLongest = std::size_t{1} << 17U;
     const language::LanguageTables& tables = world.language.tables;
-    // A few of the lists, from one on that the input decides: their expansion is one and the same, and all of
-    // them in each run would leave time for a tenth of the runs.
+    // One of the lists, which the input decides: their expansion is one and the same, and with all of them in
+    // each run there would be time for a tenth of the runs.
     constexpr std::size_t kLists = language::kPhraseListKeys.size();
-    constexpr int kSaid = 3;
     world.draws.seed(bytes.size());
     auto list = static_cast<std::size_t>(world.draws.next() * kLists);
-    int said = 0;
-    for (std::size_t tried = 0; tried < kLists && said < kSaid; ++tried, list = (list + 1) % kLists)
-        if (!tables.list(language::PhraseList(list)).empty()) {
-            const auto phrase = world.teller.phrases.pickPhrase(language::PhraseList(list));
-            require(!phrase || phrase->size() < kLongest);
-            ++said;
-        }
+    for (std::size_t tried = 1; tried < kLists && tables.list(language::PhraseList(list)).empty(); ++tried)
+        list = (list + 1) % kLists;
+    const auto phrase = world.teller.phrases.pickPhrase(language::PhraseList(list));
+    require(!phrase || phrase->size() < kLongest);
     for (const std::string& line : language::linesOf(bytes))
         if (const auto keyed = language::keyedLine(line); keyed && keyed->key.starts_with("dlg"))
             if (const auto number = text::leadingInt32(keyed->key.substr(3));
