@@ -4,6 +4,9 @@
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
+#include <QTimer>
+
+#include <chrono>
 
 namespace brovin::desktop {
 namespace {
@@ -59,8 +62,9 @@ void StatusHost::look() {
 }
 
 void StatusHost::hear(const QDBusMessage& answer) {
+    constexpr std::chrono::seconds kPause{1}; // a watcher may also say at once that there is no reply
     if (isMissing(answer)) // it hangs; where it has gone meanwhile, that is the next answer
-        look();
+        QTimer::singleShot(kPause, this, &StatusHost::look);
     else
         set(saysYes(answer));
 }
